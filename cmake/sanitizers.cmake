@@ -1,0 +1,6 @@
+# Everything is built with the sanitizers or nothing is: they do not mix.
+if(CORVANE_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()

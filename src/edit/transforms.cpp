@@ -1,0 +1,123 @@
+#include "edit/transforms.h"
+
+#include <cmath>
+
+#include "edit/selection.h"
+#include "views/ortho_view.h"
+
+namespace corvane {
+
+namespace {
+
+// Shorter than the full constant. Kept, so that a rotation gives the same digits as ever.
+constexpr double kPi = 3.14159265358;
+
+void record(Editor& editor, const Triple& numbers, std::string_view name) {
+    if (editor.modes.cloneMode) {
+        pushUndo(editor, {.keepFaces = true, .keepVertices = true}, {}, "Clone");
+    } else {
+        pushUndo(editor, {}, numbers, name);
+    }
+}
+
+std::array<bool, 3> activeSlots(const ToolModes& modes) {
+    return {modes.activeX, modes.activeY, modes.activeZ};
+}
+
+// A result that no number can hold would be written to the model file as no number: keep the old.
+void assignFinite(double& coordinate, double value) {
+    if (std::isfinite(value)) coordinate = value;
+}
+
+// The slots that a rotation turns: u is the sine component, v the cosine component.
+struct Plane {
+    std::size_t u;
+    std::size_t v;
+};
+
+Plane planeAbout(Axis axis) {
+    switch (axis) {
+        case Axis::X:
+            return {slotOf(Axis::Y), slotOf(Axis::Z)};
+        case Axis::Y:
+            return {slotOf(Axis::Z), slotOf(Axis::X)};
+        case Axis::Z:
+            break;
+    }
+    return {slotOf(Axis::Y), slotOf(Axis::X)};
+}
+
+// A point with v exactly 0 counts as lying at +90 degrees whatever the sign of u.
+void turn(Triple& point, Plane plane, double degrees) {
+    double& u = point[plane.u];
+    double& v = point[plane.v];
+    const double r = std::sqrt(u * u + v * v);
+    double theta = kPi / 2;
+    if (v != 0) {
+        theta = std::atan(u / v);
+        if (v < 0) theta += kPi;
+    }
+    theta += degrees / 180 * kPi;
+    assignFinite(u, std::sin(theta) * r);
+    assignFinite(v, std::cos(theta) * r);
+}
+
+}  // namespace
+
+void moveSelection(Editor& editor, const Triple& delta, bool recordUndo) {
+    if (recordUndo) record(editor, delta, "Move");
+    const std::array<bool, 3> active = activeSlots(editor.modes);
+    for (VertexRecord& vertex : editor.store.Vertices) {
+        if (!vertex.selected) continue;
+        for (std::size_t slot = 0; slot < delta.size(); ++slot) {
+            if (active[slot]) assignFinite(vertex.pos[slot], vertex.pos[slot] + delta[slot]);
+        }
+    }
+    editor.modes.cloneMode = false;
+    redrawAll(editor);
+    editor.window.updateButtons();
+}
+
+double scaleFactor(double a, double b) {
+    double d = std::sqrt(a * a + b * b);
+    d = d / 4;
+    const double s = std::sqrt(d) / 12 + 1;
+    return a - b < 0 ? 1 / s : s;
+}
+
+void scaleSelection(Editor& editor, double a, double b, bool recordUndo) {
+    if (recordUndo) record(editor, {a, b, 0}, "Scale");
+    const double s = scaleFactor(a, b);
+    const Triple centre = selectionCentre(editor.store);
+    const std::array<bool, 3> active = activeSlots(editor.modes);
+    for (VertexRecord& vertex : editor.store.Vertices) {
+        if (!vertex.selected) continue;
+        for (std::size_t slot = 0; slot < centre.size(); ++slot) {
+            double& coordinate = vertex.pos[slot];
+            if (!active[slot]) continue;
+            assignFinite(coordinate, (coordinate - centre[slot]) * s + centre[slot]);
+        }
+    }
+    editor.modes.cloneMode = false;
+    redrawAll(editor);
+    editor.window.updateButtons();
+}
+
+void rotateSelection(Editor& editor, double& angle, Axis axis, bool recordUndo) {
+    if (recordUndo) record(editor, {angle, 0, 0}, std::string("Rotate ") + letterOf(axis));
+    angle /= 2;
+    const Triple centre = selectionCentre(editor.store);
+    const Plane plane = planeAbout(axis);
+    for (VertexRecord& vertex : editor.store.Vertices) {
+        if (!vertex.selected) continue;
+        for (std::size_t slot = 0; slot < centre.size(); ++slot) vertex.pos[slot] -= centre[slot];
+        turn(vertex.pos, plane, angle);
+        turn(vertex.normal, plane, angle);
+        for (std::size_t slot = 0; slot < centre.size(); ++slot) vertex.pos[slot] += centre[slot];
+    }
+    editor.modes.cloneMode = false;
+    editor.window.updateButtons();
+    redrawAll(editor);
+}
+
+}  // namespace corvane

@@ -1,0 +1,22 @@
+// What the operations ask of the main window. Kept narrow so that a test can stand in for it.
+#pragma once
+
+#include <string>
+
+namespace corvane {
+
+class MainWindow {
+public:
+    virtual ~MainWindow() = default;
+
+    /// Brings buttons, menu items and the title in line with the editor's state.
+    virtual void updateButtons() = 0;
+
+    /// Shows a one-line tip (UTF-8) unless tips are switched off.
+    virtual void showTip(const std::string& text) = 0;
+
+    /// Starts, or starts again, the single-shot timer that allows box selection when it fires.
+    virtual void startSelectTimer() = 0;
+};
+
+}  // namespace corvane

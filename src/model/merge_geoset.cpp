@@ -1,0 +1,63 @@
+#include "model/merge_geoset.h"
+
+#include "edit/undo_history.h"
+#include "model/open_model.h"
+#include "views/ortho_view.h"
+
+namespace corvane {
+
+namespace {
+
+void pushMergeStep(Editor& editor) {
+    pushUndo(editor, {.keepFaces = true, .keepVertices = true}, {}, "Merge");
+}
+
+std::string limitMessage(const Geoset& current, const Geoset& merged) {
+    const auto sum = [](std::size_t a, std::size_t b) {
+        return std::to_string(a) + " + " + std::to_string(b) + " = " + std::to_string(a + b);
+    };
+    return "The merged geoset would be too large: " +
+           sum(current.Vertices.size(), merged.Vertices.size()) + " vertices (at most " +
+           std::to_string(kMaxVertices) + "), " + sum(current.Faces.size(), merged.Faces.size()) +
+           " faces (at most " + std::to_string(kMaxFaces) + "). Nothing was merged.";
+}
+
+}  // namespace
+
+void mergeGeoset(Editor& editor) {
+    const OpenOutcome outcome = openModel(editor, false);
+    if (outcome.cancelled) pushMergeStep(editor);  // the step is there, and changes nothing
+    if (!outcome.picked) return;
+    if (outcome.picked->geosetCount == 0) {
+        editor.dialogs.messageBox(kErrorCaption,
+                                  "That file holds no geoset (no line \"Geoset {\")."
+                                  " Nothing was merged.");
+        return;
+    }
+
+    GeosetStore& store = editor.store;
+    const Geoset& merged = outcome.picked->geoset;
+    const std::size_t oldVertices = store.Vertices.size();
+    if (oldVertices + merged.Vertices.size() > kMaxVertices ||
+        store.Faces.size() + merged.Faces.size() > kMaxFaces) {
+        editor.dialogs.messageBox(kErrorCaption, limitMessage(store, merged));
+        return;
+    }
+
+    pushMergeStep(editor);
+    for (VertexRecord& vertex : store.Vertices) vertex.selected = false;
+    store.Vertices.insert(store.Vertices.end(), merged.Vertices.begin(), merged.Vertices.end());
+    for (std::size_t i = oldVertices; i < store.Vertices.size(); ++i) {
+        store.Vertices[i].selected = true;
+    }
+    store.Faces.reserve(store.Faces.size() + merged.Faces.size());
+    for (FaceRecord face : merged.Faces) {
+        for (std::int16_t& corner : face.corner) {
+            corner = static_cast<std::int16_t>(corner + static_cast<std::int16_t>(oldVertices));
+        }
+        store.Faces.push_back(face);
+    }
+    redrawAll(editor);
+}
+
+}  // namespace corvane

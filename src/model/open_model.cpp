@@ -1,0 +1,173 @@
+#include "model/open_model.h"
+
+#include <array>
+#include <cmath>
+
+#include "model/geoset_reader.h"
+#include "version.h"
+#include "views/ortho_view.h"
+#include "views/perspective_view.h"
+
+namespace corvane {
+
+namespace {
+
+// Where the warning about decimal commas sends its reader.
+constexpr const char* kDecimalSeparatorPage = "docs/decimal-separator.md";
+
+void showReadError(Editor& editor, const std::string& what, const std::string& advice) {
+    editor.dialogs.messageBox(kErrorCaption, what + "\n\n" + advice);
+}
+
+// Makes a file and one of its geosets current, with a working copy of its own.
+std::optional<PickedGeoset> openFile(Editor& editor, const std::string& path,
+                                     const ModelText& text) {
+    GeosetStore& store = editor.store;
+    // Its own working copy is deleted when another model is opened, so it cannot be that model.
+    if (!store.workPath.empty() && isSameFile(path, store.workPath)) {
+        editor.dialogs.messageBox(kErrorCaption,
+                                  path + " is the working copy of the model that is open. Open " +
+                                      store.modelPath + " instead, or a copy of the file.");
+        return std::nullopt;
+    }
+    try {
+        const std::array<std::string_view, 1> pieces = {text.view()};
+        PendingFile workingCopy = prepareWorkingCopy(path, pieces);
+        std::optional<PickedGeoset> picked =
+            pickGeoset(editor, text,
+                       "The file was not opened and is unchanged. Mend the line in a text editor, "
+                       "or choose another geoset or model.");
+        if (!picked) return std::nullopt;
+        commitWorkingCopy(store, editor.workingCopy, workingCopy, workPathFor(path), path);
+        store.modelPath = path;
+        takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
+        return picked;
+    } catch (const FileError& error) {
+        showReadError(editor,
+                      std::string("The working copy of the model cannot be made.\n") + error.what(),
+                      "The file was not opened. The folder must have room and let you write: free "
+                      "some space, or copy the model to another folder and open it there.");
+        return std::nullopt;
+    }
+}
+
+OpenOutcome openChosen(Editor& editor, bool openMode) {
+    const std::optional<std::string> path =
+        editor.dialogs.openFile(kModelFilter, editor.store.modelPath);
+    if (!path) return {.cancelled = true, .picked = {}};
+    try {
+        const ModelText text = readModelFile(*path);
+        if (openMode) return {.picked = openFile(editor, *path, text)};
+        return {.picked = pickGeoset(editor, text,
+                                     "Nothing was merged. Mend the line in a text editor, or "
+                                     "choose another geoset or model.")};
+    } catch (const FileError&) {
+        editor.dialogs.messageBox(kErrorCaption, "Bad file name");
+        return {};
+    }
+}
+
+}  // namespace
+
+int chooseGeoset(Editor& editor, std::size_t geosetCount) {
+    if (geosetCount <= 1) return 1;
+    const std::string prompt = "Geoset to import(1 - " + std::to_string(geosetCount) + "):";
+    while (true) {
+        const std::optional<std::string> answer =
+            editor.dialogs.inputBox(prompt, "Geoset to open", "1");
+        const std::optional<double> number =
+            parseUserNumber(answer.value_or(""), editor.userNumbers);
+        if (number && *number >= 1 && *number <= static_cast<double>(geosetCount)) {
+            return roundToInt32(*number);
+        }
+    }
+}
+
+std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelText& text,
+                                       const std::string& advice) {
+    const std::vector<GeosetBlock> geosets = scanGeosets(text.view());
+    PickedGeoset picked;
+    picked.geosetCount = geosets.size();
+    picked.geosetNumber = chooseGeoset(editor, geosets.size());
+    try {
+        picked.geoset = parseGeoset(text, geosets, picked.geosetNumber);
+        return picked;
+    } catch (const ModelTextError& error) {
+        showReadError(
+            editor,
+            "Geoset " + std::to_string(picked.geosetNumber) + " cannot be read.\n" + error.what(),
+            advice);
+        return std::nullopt;
+    }
+}
+
+OpenOutcome openModel(Editor& editor, bool openMode) {
+    // The mouse release that ends the file dialog's double click may reach a view: it must not
+    // select anything.
+    editor.modes.selectEnabled = false;
+    editor.modes.editButtonsEnabled = true;
+    OpenOutcome outcome = openChosen(editor, openMode);
+    editor.window.updateButtons();
+    editor.window.startSelectTimer();
+    return outcome;
+}
+
+void openCommand(Editor& editor) {
+    const OpenOutcome outcome = openModel(editor, true);
+    if (!outcome.picked) return;
+    if (outcome.picked->geosetCount == 0) {
+        editor.window.showTip(editor.store.modelPath + " holds no geoset (no line \"Geoset {\").");
+    }
+    redrawAll(editor);
+    drawPerspective(editor);
+}
+
+void switchGeoset(Editor& editor) {
+    // Once the working copy differs from the model file, its numbers are the ones that count: a
+    // save goes by them.
+    const bool fromModel = editor.workingCopy.copyOf == editor.store.modelPath;
+    try {
+        const ModelText text = fromModel ? readModelFile(editor.store.modelPath)
+                                         : readWorkingCopy(editor.store, editor.workingCopy);
+        if (chooseAndRead(editor, text)) redrawAll(editor);
+    } catch (const FileError& error) {
+        showReadError(editor, std::string("The model cannot be read.\n") + error.what(),
+                      "The geoset in memory stays as it is; save it to another file with Save As.");
+    }
+}
+
+bool chooseAndRead(Editor& editor, const ModelText& text) {
+    std::optional<PickedGeoset> picked =
+        pickGeoset(editor, text,
+                   "The geoset in memory stays as it is. Mend the line in a text editor, or choose "
+                   "another geoset.");
+    if (picked) takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
+    return picked.has_value();
+}
+
+void takeIntoStore(Editor& editor, Geoset geoset, int geosetNumber) {
+    static_cast<Geoset&>(editor.store) = std::move(geoset);
+    editor.store.geosetNumber = geosetNumber;
+    editor.store.modelLoaded = true;
+    editor.store.modified = false;
+    editor.workingCopy.geosetRemoved = false;
+    // The copies in the history belong to another mesh.
+    editor.undo = {};
+    editor.window.updateButtons();
+}
+
+void startUp(Editor& editor) {
+    editor.window.showTip(std::string("Welcome to Corvane ") + kVersionText);
+    editor.window.updateButtons();
+    if (formatUserNumber(1.23, editor.userNumbers) == "1,23") {
+        editor.dialogs.messageBox(
+            kWarningCaption,
+            std::string("Warning: You are using commas as a decimal instead of periods. The "
+                        "program will not work with that setting. Go to ") +
+                kDecimalSeparatorPage + " for instructions on changing that.");
+    }
+}
+
+void closeModel(Editor& editor) { deleteWorkingCopy(editor.store, editor.workingCopy); }
+
+}  // namespace corvane

@@ -1,0 +1,70 @@
+// Dialogs that answer from lists and keep what they were asked.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "dialogs.h"
+
+namespace corvane {
+
+class ScriptedDialogs : public Dialogs {
+public:
+    /// One question as it was put. Unused texts are empty.
+    struct Asked {
+        std::string kind;  ///< "open", "save", "input", "message", "yesno"
+        std::string title;
+        std::string text;
+        std::string defaultText;  ///< an input box's answer, a file dialog's current path
+    };
+
+    std::deque<std::optional<std::string>> files;   ///< answers to come; nullopt cancels
+    std::deque<std::optional<std::string>> inputs;  ///< answers to come; nullopt cancels
+    std::deque<bool> yesNos;                        ///< answers to come
+    std::vector<Asked> asked;
+
+    std::optional<std::string> openFile(const std::string& filter,
+                                        const std::string& current) override {
+        asked.push_back({"open", "", filter, current});
+        return take(files);
+    }
+    std::optional<std::string> saveFile(const std::string& filter,
+                                        const std::string& current) override {
+        asked.push_back({"save", "", filter, current});
+        return take(files);
+    }
+    std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
+                                        const std::string& defaultAnswer) override {
+        asked.push_back({"input", title, prompt, defaultAnswer});
+        return take(inputs);
+    }
+    void messageBox(const std::string& caption, const std::string& text) override {
+        asked.push_back({"message", caption, text, ""});
+    }
+    bool yesNo(const std::string& caption, const std::string& text) override {
+        asked.push_back({"yesno", caption, text, ""});
+        return take(yesNos);
+    }
+
+    /// The latest question.
+    const Asked& last() const { return asked.at(asked.size() - 1); }
+
+private:
+    // A question too many must fail, not hang: input boxes repeat until they have an answer.
+    template <class T>
+    T take(std::deque<T>& answers) {
+        if (answers.empty()) {
+            throw std::runtime_error("no answer is left for a " + asked.back().kind +
+                                     " dialog: " + asked.back().text);
+        }
+        T answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+};
+
+}  // namespace corvane
