@@ -1,0 +1,394 @@
+#include "app/frm_corvane.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+
+#include "edit/undo_history.h"
+#include "model/open_model.h"
+#include "views/help_texts.h"
+#include "views/ortho_view.h"
+#include "views/perspective_view.h"
+
+namespace corvane {
+
+namespace {
+
+// Pixels, for the window at its smallest. The pictures stand in a grid of two by two.
+constexpr QSize kPictureSize(209, 201);
+constexpr QPoint kPictureOrigin(8, 8);
+constexpr int kColumnStep = 288;  // from one picture's left edge to the next one's
+constexpr int kRowStep = 224;
+constexpr int kMargin = 8;
+constexpr int kViewColumnGap = 3;  // between a picture and the buttons beside it
+constexpr int kViewButtonSize = 24;
+constexpr int kSelectDelay = 100;  // milliseconds from opening a model until a box selects
+
+QString fileName(const std::string& path) {
+    return QFileInfo(QString::fromStdString(path)).fileName();
+}
+
+}  // namespace
+
+frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers)
+    : central_(new QWidget(this)),
+      pbxFront_(new PictureBox(central_)),
+      pbxTop_(new PictureBox(central_)),
+      pbxLeft_(new PictureBox(central_)),
+      pbxPersp_(new PictureBox(central_)),
+      toolPanel_(new QWidget(central_)),
+      txtX_(new QLineEdit(toolPanel_)),
+      txtY_(new QLineEdit(toolPanel_)),
+      txtZ_(new QLineEdit(toolPanel_)),
+      txtTips_(new QLineEdit(central_)),
+      editor_{.pictures = {pbxFront_->surface(), pbxTop_->surface(), pbxLeft_->surface(),
+                           pbxPersp_->surface()},
+              .window = *this,
+              .dialogs = dialogs,
+              .userNumbers = userNumbers,
+              .store = {},
+              .workingCopy = {},
+              .undo = {},
+              .modes = {},
+              .drag = {},
+              .views = {},
+              .perspective = {},
+              .markers = {}} {
+    setObjectName("frmCorvane");
+    setCentralWidget(central_);
+    central_->setObjectName("central");
+    tmrTime_.setObjectName("tmrTime");
+    tmrTime_.setSingleShot(true);
+    tmrTime_.setInterval(kSelectDelay);
+    connect(&tmrTime_, &QTimer::timeout, this, [this] { editor_.modes.selectEnabled = true; });
+
+    for (const Tip& tip : controlTips()) tips_.insert(tip.control, tip.text);
+    buildPictures();
+    buildViewButtons();
+    buildToolPanel();
+    txtTips_->setObjectName("txtTips");
+    txtTips_->setAccessibleName(tr("Tip"));
+    txtTips_->setReadOnly(true);
+    buildMenus();
+    finishControls();
+
+    const int panelWidth = toolPanel_->sizeHint().width();
+    const int tipsHeight = txtTips_->sizeHint().height();
+    const int picturesWidth = kPictureOrigin.x() + 2 * kColumnStep;
+    const int picturesHeight = kPictureOrigin.y() + kRowStep + kPictureSize.height();
+    central_->setMinimumSize(picturesWidth + panelWidth + kMargin,
+                             std::max(picturesHeight, kMargin + toolPanel_->sizeHint().height()) +
+                                 tipsHeight + 2 * kMargin);
+    adjustSize();
+    updateButtons();
+}
+
+void frmCorvane::start() { startUp(editor_); }
+
+void frmCorvane::buildPictures() {
+    const std::array<std::pair<PictureBox*, const char*>, 4> pictures = {{
+        {pbxFront_, "Front"},
+        {pbxTop_, "Top"},
+        {pbxLeft_, "Left"},
+        {pbxPersp_, "Persp"},
+    }};
+    for (const auto& [picture, name] : pictures) {
+        picture->setObjectName(QStringLiteral("pbx") + name);
+    }
+    pbxFront_->setAccessibleName(tr("Front viewport"));
+    pbxTop_->setAccessibleName(tr("Top viewport"));
+    pbxLeft_->setAccessibleName(tr("Left viewport"));
+    pbxPersp_->setAccessibleName(tr("Perspective view"));
+    pbxFront_->setCaption(tr("Front"));
+    pbxTop_->setCaption(tr("Top"));
+    pbxLeft_->setCaption(tr("Left"));
+    pbxPersp_->setCaption(tr("Perspective"));
+    pbxFront_->setHint(tr("Choose File, Open to edit a geoset of a model."));
+    pbxTop_->setHint(tr("Drag a box with the left button to select vertices."));
+    pbxLeft_->setHint(tr("Drag with the right button to move, rotate or scale them."));
+    pbxPersp_->setHint(tr("The buttons beside a view zoom it and move it."));
+    connectPicture(*pbxFront_, View::Front);
+    connectPicture(*pbxTop_, View::Top);
+    connectPicture(*pbxLeft_, View::Left);
+    pbxPersp_->onMove = [this](double, double) { showTip(""); };
+    pbxPersp_->onResize = [this] {
+        if (editor_.store.modelLoaded) drawPerspective(editor_);
+    };
+}
+
+void frmCorvane::connectPicture(PictureBox& picture, View view) {
+    picture.onMove = [this, view](double x, double y) {
+        const Readout readout = mouseMove(editor_, view, x, y);
+        txtX_->setText(QString::fromStdString(readout.x));
+        txtY_->setText(QString::fromStdString(readout.y));
+        txtZ_->setText(QString::fromStdString(readout.z));
+    };
+    picture.onPress = [this, view](double x, double y) { mouseDown(editor_, view, x, y); };
+    picture.onRelease = [this, view](MouseButton button, double x, double y) {
+        mouseUp(editor_, view, button, x, y);
+    };
+    picture.onResize = [this, view] {
+        if (editor_.store.modelLoaded) updateView(editor_, view);
+    };
+}
+
+void frmCorvane::buildViewButtons() {
+    const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        auto* const column = new QWidget(central_);
+        auto* const grid = new QGridLayout(column);
+        grid->setContentsMargins(0, 0, 0, 0);
+        grid->setSpacing(0);
+        grid->setSizeConstraint(QLayout::SetFixedSize);
+        QHash<int, ToolButton*> keys;
+        for (const ViewButton& entry : viewButtons()[i]) {
+            auto* const button = new ToolButton(column);
+            button->setObjectName(entry.name);
+            button->setAccessibleName(tr(entry.accessibleName));
+            button->setToolTip(tr(entry.accessibleName));
+            button->setText(entry.caption);
+            button->setArrow(entry.arrow);
+            button->setFixedSize(kViewButtonSize, kViewButtonSize);
+            connect(button, &QPushButton::clicked, this, [this, run = entry.run] { run(editor_); });
+            grid->addWidget(button, entry.row, entry.column);
+            buttons_.insert(entry.name, button);
+
+            const std::array<std::pair<Qt::ArrowType, int>, 4> arrowKeys = {{
+                {Qt::UpArrow, Qt::Key_Up},
+                {Qt::DownArrow, Qt::Key_Down},
+                {Qt::LeftArrow, Qt::Key_Left},
+                {Qt::RightArrow, Qt::Key_Right},
+            }};
+            for (const auto& [arrow, key] : arrowKeys) {
+                if (entry.arrow == arrow) keys.insert(key, button);
+            }
+            if (*entry.caption == '+') keys.insert(Qt::Key_Plus, button);
+            if (*entry.caption == '-') keys.insert(Qt::Key_Minus, button);
+        }
+        // A picture that has the focus passes its keys to the buttons beside it.
+        pictures[i]->onKey = [keys](int key) {
+            ToolButton* const button = keys.value(key);
+            if (button != nullptr) button->click();
+            return button != nullptr;
+        };
+        viewColumns_.push_back(column);
+    }
+}
+
+void frmCorvane::buildToolPanel() {
+    auto* const panelLayout = new QVBoxLayout(toolPanel_);
+    panelLayout->setContentsMargins(0, 0, 0, 0);
+    panelLayout->setSpacing(4);
+    for (const ButtonGroup& group : toolPanel()) {
+        auto* const box = new QGroupBox(tr(group.caption), toolPanel_);
+        auto* const grid = new QGridLayout(box);
+        grid->setContentsMargins(4, 4, 4, 4);
+        grid->setSpacing(2);
+        for (const ButtonEntry& entry : group.buttons) {
+            auto* const button = new ToolButton(box);
+            button->setObjectName(entry.name);
+            button->setAccessibleName(tr(entry.accessibleName));
+            button->setText(tr(entry.caption));
+            button->setMinimumWidth(button->fontMetrics().horizontalAdvance("MMM"));
+            connect(button, &QPushButton::clicked, this, [this, run = entry.run] { run(editor_); });
+            grid->addWidget(button, entry.row, entry.column);
+            buttons_.insert(entry.name, button);
+        }
+        panelLayout->addWidget(box);
+    }
+    buildReadouts(*toolPanel_);
+    panelLayout->addStretch();
+}
+
+void frmCorvane::buildReadouts(QWidget& panel) {
+    auto* const box = new QGroupBox(tr("Under the mouse"), &panel);
+    auto* const grid = new QGridLayout(box);
+    grid->setContentsMargins(4, 4, 4, 4);
+    grid->setSpacing(2);
+    const std::array<std::pair<QLineEdit*, const char*>, 3> readouts = {
+        {{txtX_, "X"}, {txtY_, "Y"}, {txtZ_, "Z"}}};
+    int row = 0;
+    for (const auto& [text, letter] : readouts) {
+        text->setObjectName(QStringLiteral("txt") + letter);
+        text->setAccessibleName(tr("%1 coordinate under the mouse").arg(letter));
+        text->setReadOnly(true);
+        text->setMinimumWidth(text->fontMetrics().horizontalAdvance("-00000.000 "));
+        grid->addWidget(new QLabel(letter, box), row, 0);
+        grid->addWidget(text, row, 1);
+        ++row;
+    }
+    panel.layout()->addWidget(box);
+}
+
+void frmCorvane::buildMenus() {
+    for (const MenuTable& table : mainMenus()) {
+        QMenu* const menu = menuBar()->addMenu(tr(table.caption));
+        menu->setObjectName(table.name);
+        menu->menuAction()->setObjectName(table.name);
+        menus_.emplace_back(menu, table.needs);
+        QMenu* current = menu;
+        for (const MenuEntry& entry : table.entries) {
+            switch (entry.kind) {
+                case MenuEntry::Kind::Separator:
+                    current->addSeparator();
+                    break;
+                case MenuEntry::Kind::Submenu:
+                    current = menu->addMenu(tr(entry.caption));
+                    current->setObjectName(entry.name);
+                    current->menuAction()->setObjectName(entry.name);
+                    break;
+                case MenuEntry::Kind::SubmenuEnd:
+                    current = menu;
+                    break;
+                case MenuEntry::Kind::Item:
+                    items_.emplace_back(addEntry(*current, entry), &entry);
+                    break;
+            }
+        }
+    }
+}
+
+QAction* frmCorvane::addEntry(QMenu& menu, const MenuEntry& entry) {
+    QAction* const action = menu.addAction(tr(entry.caption));
+    action->setObjectName(entry.name);
+    action->setShortcut(QKeySequence(QString(entry.shortcut)));
+    action->setCheckable(entry.checked != nullptr);
+    const QString press(entry.press);
+    if (!press.isEmpty()) {
+        connect(action, &QAction::triggered, button(entry.press), &QPushButton::click);
+    } else if (entry.run != nullptr) {
+        connect(action, &QAction::triggered, this, [this, run = entry.run] { run(editor_); });
+    } else {
+        connect(action, &QAction::triggered, this, &QWidget::close);
+    }
+    return action;
+}
+
+// The tab order follows the eye: pictures with their buttons, the tool panel, the tip.
+void frmCorvane::finishControls() {
+    const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
+    QWidget* previous = nullptr;
+    const auto append = [&](QWidget* widget) {
+        if (previous != nullptr) setTabOrder(previous, widget);
+        previous = widget;
+    };
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        append(pictures[i]);
+        for (const ViewButton& entry : viewButtons()[i]) append(button(entry.name));
+    }
+    for (const ButtonGroup& group : toolPanel()) {
+        for (const ButtonEntry& entry : group.buttons) append(button(entry.name));
+    }
+    for (QLineEdit* const text : {txtX_, txtY_, txtZ_, txtTips_}) append(text);
+
+    central_->setMouseTracking(true);
+    central_->installEventFilter(this);
+    for (QWidget* const widget : central_->findChildren<QWidget*>()) {
+        widget->setMouseTracking(true);
+        widget->installEventFilter(this);
+    }
+}
+
+// All pictures grow alike; what stands beside them keeps its size.
+void frmCorvane::layOut() {
+    const QSize extra = (central_->size() - central_->minimumSize()).expandedTo(QSize(0, 0));
+    const QSize grown(extra.width() / 2, extra.height() / 2);
+    const QSize size = kPictureSize + grown;
+    const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        const int column = static_cast<int>(i % 2);
+        const int row = static_cast<int>(i / 2);
+        const QPoint corner = kPictureOrigin + QPoint(column * (kColumnStep + grown.width()),
+                                                      row * (kRowStep + grown.height()));
+        pictures[i]->setGeometry(QRect(corner, size));
+        viewColumns_[i]->move(corner + QPoint(size.width() + kViewColumnGap, 0));
+    }
+    const int tipsHeight = txtTips_->sizeHint().height();
+    const int tipsTop = central_->height() - kMargin - tipsHeight;
+    const int panelLeft = kPictureOrigin.x() + 2 * (kColumnStep + grown.width());
+    txtTips_->setGeometry(kMargin, tipsTop, central_->width() - 2 * kMargin, tipsHeight);
+    toolPanel_->setGeometry(panelLeft, kMargin, toolPanel_->sizeHint().width(),
+                            tipsTop - 2 * kMargin);
+}
+
+bool frmCorvane::isMet(Needs needs) const {
+    switch (needs) {
+        case Needs::Model:
+            return editor_.store.modelLoaded;
+        case Needs::UndoStep:
+            return editor_.undo.slots.front().valid;
+        case Needs::Nothing:
+            break;
+    }
+    return true;
+}
+
+void frmCorvane::updateButtons() {
+    for (const ButtonGroup& group : toolPanel()) {
+        for (const ButtonEntry& entry : group.buttons) {
+            if (entry.colour != nullptr) button(entry.name)->setBackColour(entry.colour(editor_));
+        }
+    }
+    button("cmdSnap")->setEnabled(editor_.modes.editButtonsEnabled);
+    button("cmdDelete")->setEnabled(editor_.modes.editButtonsEnabled);
+    for (const auto& [menu, needs] : menus_) menu->menuAction()->setEnabled(isMet(needs));
+    for (const auto& [action, entry] : items_) {
+        const ToolButton* const pressed = button(entry->press);
+        action->setEnabled(isMet(entry->needs) && (pressed == nullptr || pressed->isEnabled()));
+        if (entry->checked != nullptr) action->setChecked(entry->checked(editor_));
+        if (entry->needs == Needs::UndoStep) {
+            action->setText('&' + QString::fromStdString(undoCaption(editor_.undo)));
+        }
+    }
+    for (PictureBox* const picture : {pbxFront_, pbxTop_, pbxLeft_}) {
+        picture->setEnabled(editor_.store.modelLoaded);
+    }
+    txtTips_->setEnabled(editor_.modes.tipsEnabled);
+    updateTitle();
+}
+
+void frmCorvane::updateTitle() {
+    const GeosetStore& store = editor_.store;
+    if (!store.modelLoaded) {
+        setWindowTitle(tr("Corvane"));
+        return;
+    }
+    QString geoset = tr("Geoset %1").arg(store.geosetNumber);
+    if (editor_.workingCopy.geosetRemoved) geoset = tr("Removed geoset");
+    setWindowTitle(tr("%1[*] - %2 - Corvane").arg(fileName(store.modelPath), geoset));
+    setWindowModified(store.modified);
+}
+
+void frmCorvane::showTip(const std::string& text) {
+    if (!editor_.modes.tipsEnabled) return;
+    txtTips_->setText(QString::fromStdString(text));
+    txtTips_->setCursorPosition(0);
+}
+
+void frmCorvane::startSelectTimer() { tmrTime_.start(); }
+
+void frmCorvane::closeEvent(QCloseEvent* event) {
+    closeModel(editor_);
+    event->accept();
+}
+
+bool frmCorvane::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == central_ && event->type() == QEvent::Resize) layOut();
+    if (event->type() == QEvent::MouseMove && qobject_cast<PictureBox*>(watched) == nullptr) {
+        const QString tip = tips_.value(watched->objectName());
+        showTip(tip.toStdString());
+        // Otherwise the move would go on to the control's parents, which clear the tip.
+        if (!tip.isEmpty() && static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton) {
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+}  // namespace corvane

@@ -1,0 +1,282 @@
+#include "app/main_window_tables.h"
+
+#include <array>
+
+#include "edit/selection.h"
+#include "edit/snap_delete.h"
+#include "edit/undo_history.h"
+#include "model/merge_geoset.h"
+#include "model/open_model.h"
+#include "model/save_model.h"
+#include "views/help_texts.h"
+#include "views/navigation.h"
+#include "views/perspective_view.h"
+
+namespace corvane {
+
+namespace {
+
+using Kind = MenuEntry::Kind;
+
+constexpr MenuEntry kSeparator = {.kind = Kind::Separator};
+constexpr MenuEntry kSubmenuEnd = {.kind = Kind::SubmenuEnd};
+
+constexpr MenuEntry submenu(const char* name, const char* caption) {
+    return {.kind = Kind::Submenu, .name = name, .caption = caption};
+}
+
+// An item that presses the button of the same name.
+constexpr MenuEntry pressing(const char* name, const char* caption, const char* button,
+                             const char* shortcut = "") {
+    return {.name = name, .caption = caption, .shortcut = shortcut, .press = button};
+}
+
+template <std::size_t Index>
+constexpr MenuEntry helpItem(const char* name, const char* caption) {
+    return {.name = name, .caption = caption, .run = [](Editor& editor) {
+                showHelp(editor, helpBoxes()[Index].menuItem);
+            }};
+}
+
+constexpr std::array kFileMenu = {
+    MenuEntry{.name = "mnuOpen", .caption = "&Open...", .shortcut = "Ctrl+O", .run = openCommand},
+    kSeparator,
+    MenuEntry{.name = "mnuSave",
+              .caption = "&Save",
+              .shortcut = "Ctrl+S",
+              .run = [](Editor& editor) { writeModel(editor, false, false); },
+              .needs = Needs::Model},
+    MenuEntry{.name = "mnuSaveAs",
+              .caption = "Save &As...",
+              .shortcut = "Ctrl+Shift+S",
+              .run = [](Editor& editor) { writeModel(editor, false, true); },
+              .needs = Needs::Model},
+    MenuEntry{.name = "mnuSaveGeoset",
+              .caption = "Save &Geoset...",
+              .run = [](Editor& editor) { writeModel(editor, true, true); },
+              .needs = Needs::Model},
+    kSeparator,
+    MenuEntry{.name = "mnuSwitchGeoset",
+              .caption = "S&witch Geoset...",
+              .shortcut = "Ctrl+G",
+              .run = switchGeoset,
+              .needs = Needs::Model},
+    MenuEntry{.name = "mnuMergeGeoset",
+              .caption = "&Merge Geoset...",
+              .run = mergeGeoset,
+              .needs = Needs::Model},
+    MenuEntry{.name = "mnuDelCurrentGeoset",
+              .caption = "&Delete Current Geoset...",
+              .run = deleteCurrentGeoset,
+              .needs = Needs::Model},
+    kSeparator,
+    MenuEntry{.name = "mnuExit", .caption = "E&xit", .shortcut = "Ctrl+Q"},
+};
+
+constexpr std::array kEditMenu = {
+    MenuEntry{.name = "mnuUndo",
+              .caption = "&Undo",
+              .shortcut = "Ctrl+Z",
+              .run = undoLast,
+              .needs = Needs::UndoStep},
+    kSeparator,
+    MenuEntry{
+        .name = "mnuSelectAll", .caption = "Select &All", .shortcut = "Ctrl+A", .run = selectAll},
+    MenuEntry{.name = "mnuInvertSelection",
+              .caption = "&Invert Selection",
+              .shortcut = "Ctrl+I",
+              .run = invertSelection},
+    kSeparator,
+    submenu("mnuSelectionMode", "&Selection Mode"),
+    pressing("mnuSelect", "&Select", "cmdSelect"),
+    pressing("mnuAdd", "&Add", "cmdAdd"),
+    pressing("mnuDeselect", "&Deselect", "cmdDeselect"),
+    kSubmenuEnd,
+    submenu("mnuTransformMode", "&Transform Mode"),
+    pressing("mnuMove", "&Move", "cmdMove"),
+    pressing("mnuRotate", "&Rotate", "cmdRotate"),
+    pressing("mnuScale", "&Scale", "cmdScale"),
+    pressing("mnuExtrude", "&Extrude", "cmdExtrude"),
+    kSeparator,
+    pressing("mnuClone", "&Clone", "cmdClone"),
+    kSubmenuEnd,
+    submenu("mnuActiveAxes", "Active A&xes"),
+    MenuEntry{.name = "mnuXEnabled",
+              .caption = "&X Enabled",
+              .press = "cmdActivateX",
+              .checked = [](const Editor& editor) { return editor.modes.activeX; }},
+    MenuEntry{.name = "mnuYEnabled",
+              .caption = "&Y Enabled",
+              .press = "cmdActivateY",
+              .checked = [](const Editor& editor) { return editor.modes.activeY; }},
+    MenuEntry{.name = "mnuZEnabled",
+              .caption = "&Z Enabled",
+              .press = "cmdActivateZ",
+              .checked = [](const Editor& editor) { return editor.modes.activeZ; }},
+    kSubmenuEnd,
+};
+
+constexpr std::array kToolsMenu = {
+    pressing("mnuSnap", "&Snap", "cmdSnap"),
+    pressing("mnuDelete", "&Delete", "cmdDelete", "Del"),
+};
+
+constexpr std::array kViewMenu = {
+    MenuEntry{.name = "mnuShowNormals",
+              .caption = "Show &Normals",
+              .shortcut = "Ctrl+N",
+              .run = toggleShowNormals,
+              .checked = [](const Editor& editor) { return editor.modes.showNormals; }},
+};
+
+constexpr std::array kHelpMenu = {
+    helpItem<0>("mnuSummary", "&Summary"),
+    helpItem<1>("mnuNavigation", "&Navigation"),
+    helpItem<2>("mnuSelection", "S&election"),
+    helpItem<3>("mnuTransformations", "&Transformations"),
+    kSeparator,
+    MenuEntry{.name = "mnuEnableTips",
+              .caption = "Enable T&ips",
+              .run =
+                  [](Editor& editor) {
+                      editor.modes.tipsEnabled = !editor.modes.tipsEnabled;
+                      editor.window.updateButtons();
+                  },
+              .checked = [](const Editor& editor) { return editor.modes.tipsEnabled; }},
+    kSeparator,
+    helpItem<4>("mnuAbout", "&About"),
+};
+
+constexpr std::array<MenuTable, 5> kMenus = {{
+    {"mnuFile", "&File", Needs::Nothing, kFileMenu},
+    {"mnuEdit", "&Edit", Needs::Nothing, kEditMenu},
+    {"mnuTools", "&Tools", Needs::Model, kToolsMenu},
+    {"mnuView", "&View", Needs::Nothing, kViewMenu},
+    {"mnuHelp", "&Help", Needs::Nothing, kHelpMenu},
+}};
+
+template <auto Mode>
+constexpr Colour (*modeColour)(const Editor&) =
+    [](const Editor& editor) { return colourOf(editor.modes, Mode); };
+
+constexpr std::array kSelectButtons = {
+    ButtonEntry{"cmdSelect", "&Select", "Select mode", 0, 0,
+                [](Editor& editor) { setSelectMode(editor, SelectMode::Select); },
+                modeColour<SelectMode::Select>},
+    ButtonEntry{"cmdAdd", "&Add", "Add to selection mode", 1, 0,
+                [](Editor& editor) { setSelectMode(editor, SelectMode::Add); },
+                modeColour<SelectMode::Add>},
+    ButtonEntry{"cmdDeselect", "&Deselect", "Deselect mode", 2, 0,
+                [](Editor& editor) { setSelectMode(editor, SelectMode::Deselect); },
+                modeColour<SelectMode::Deselect>},
+};
+
+constexpr std::array kTransformButtons = {
+    ButtonEntry{"cmdMove", "&Move", "Move mode", 0, 0,
+                [](Editor& editor) { setTransformMode(editor, TransformMode::Move); },
+                modeColour<TransformMode::Move>},
+    ButtonEntry{"cmdRotate", "&Rotate", "Rotate mode", 1, 0,
+                [](Editor& editor) { setTransformMode(editor, TransformMode::Rotate); },
+                modeColour<TransformMode::Rotate>},
+    ButtonEntry{"cmdScale", "S&cale", "Scale mode", 2, 0,
+                [](Editor& editor) { setTransformMode(editor, TransformMode::Scale); },
+                modeColour<TransformMode::Scale>},
+    ButtonEntry{"cmdExtrude", "E&xtrude", "Extrude mode", 3, 0,
+                [](Editor& editor) { setTransformMode(editor, TransformMode::Extrude); },
+                modeColour<TransformMode::Extrude>},
+    ButtonEntry{"cmdClone", "Clo&ne", "Clone mode", 4, 0, toggleClone,
+                [](const Editor& editor) { return cloneColour(editor.modes); }},
+};
+
+constexpr std::array kAxisButtons = {
+    ButtonEntry{"cmdActivateX", "X", "X axis active", 0, 0,
+                [](Editor& editor) { toggleActive(editor, Axis::X); },
+                [](const Editor& editor) { return axisColour(editor.modes.activeX); }},
+    ButtonEntry{"cmdActivateY", "Y", "Y axis active", 0, 1,
+                [](Editor& editor) { toggleActive(editor, Axis::Y); },
+                [](const Editor& editor) { return axisColour(editor.modes.activeY); }},
+    ButtonEntry{"cmdActivateZ", "Z", "Z axis active", 0, 2,
+                [](Editor& editor) { toggleActive(editor, Axis::Z); },
+                [](const Editor& editor) { return axisColour(editor.modes.activeZ); }},
+};
+
+constexpr std::array kEditButtons = {
+    ButtonEntry{"cmdSnap", "Sna&p", "Snap the selection together", 0, 0, snapSelection, nullptr},
+    ButtonEntry{"cmdDelete", "De&lete", "Delete the selection", 0, 1, deleteSelection, nullptr},
+};
+
+constexpr std::array<ButtonGroup, 4> kToolPanel = {{
+    {"Left drag selects", kSelectButtons},
+    {"Right drag transforms", kTransformButtons},
+    {"On the axes", kAxisButtons},
+    {"Selection", kEditButtons},
+}};
+
+template <View Which, int Dx, int Dy>
+void panBy(Editor& editor) {
+    pan(editor, Which, Dx * kPanStep, Dy * kPanStep);
+}
+
+constexpr std::array<ViewButton, 6> kFrontButtons = {{
+    {"cmdZoomInFront", "Zoom in, front view", "+", Qt::NoArrow, 0, 0,
+     [](Editor& editor) { zoomIn(editor, View::Front); }},
+    {"cmdZoomOutFront", "Zoom out, front view", "-", Qt::NoArrow, 0, 2,
+     [](Editor& editor) { zoomOut(editor, View::Front); }},
+    {"cmdPanUF", "Look up, front view", "", Qt::UpArrow, 1, 1, panBy<View::Front, 0, 1>},
+    {"cmdPanLF", "Look left, front view", "", Qt::LeftArrow, 2, 0, panBy<View::Front, 1, 0>},
+    {"cmdPanRF", "Look right, front view", "", Qt::RightArrow, 2, 2, panBy<View::Front, -1, 0>},
+    {"cmdPanDF", "Look down, front view", "", Qt::DownArrow, 3, 1, panBy<View::Front, 0, -1>},
+}};
+
+constexpr std::array<ViewButton, 6> kTopButtons = {{
+    {"cmdZoomInTop", "Zoom in, top view", "+", Qt::NoArrow, 0, 0,
+     [](Editor& editor) { zoomIn(editor, View::Top); }},
+    {"cmdZoomOutTop", "Zoom out, top view", "-", Qt::NoArrow, 0, 2,
+     [](Editor& editor) { zoomOut(editor, View::Top); }},
+    {"cmdPanUT", "Look up, top view", "", Qt::UpArrow, 1, 1, panBy<View::Top, 0, 1>},
+    {"cmdPanLT", "Look left, top view", "", Qt::LeftArrow, 2, 0, panBy<View::Top, 1, 0>},
+    {"cmdPanRT", "Look right, top view", "", Qt::RightArrow, 2, 2, panBy<View::Top, -1, 0>},
+    {"cmdPanDT", "Look down, top view", "", Qt::DownArrow, 3, 1, panBy<View::Top, 0, -1>},
+}};
+
+constexpr std::array<ViewButton, 6> kLeftButtons = {{
+    {"cmdZoomInLeft", "Zoom in, left view", "+", Qt::NoArrow, 0, 0,
+     [](Editor& editor) { zoomIn(editor, View::Left); }},
+    {"cmdZoomOutLeft", "Zoom out, left view", "-", Qt::NoArrow, 0, 2,
+     [](Editor& editor) { zoomOut(editor, View::Left); }},
+    {"cmdPanUL", "Look up, left view", "", Qt::UpArrow, 1, 1, panBy<View::Left, 0, 1>},
+    {"cmdPanLL", "Look left, left view", "", Qt::LeftArrow, 2, 0, panBy<View::Left, 1, 0>},
+    {"cmdPanRL", "Look right, left view", "", Qt::RightArrow, 2, 2, panBy<View::Left, -1, 0>},
+    {"cmdPanDL", "Look down, left view", "", Qt::DownArrow, 3, 1, panBy<View::Left, 0, -1>},
+}};
+
+// One press: model units for the offset and the distance, degrees for the turn.
+constexpr int kPerspectiveStep = 2;
+constexpr int kPerspectiveTurn = 10;
+
+constexpr std::array<ViewButton, 5> kPerspectiveButtons = {{
+    {"cmdPerspZoomIn", "Zoom in, perspective view", "+", Qt::NoArrow, 0, 0,
+     [](Editor& editor) { zoomPerspective(editor, -kPerspectiveStep); }},
+    {"cmdPerspZoomOut", "Zoom out, perspective view", "-", Qt::NoArrow, 0, 2,
+     [](Editor& editor) { zoomPerspective(editor, kPerspectiveStep); }},
+    {"cmdPerspUp", "Look up, perspective view", "", Qt::UpArrow, 1, 1,
+     [](Editor& editor) { raisePerspective(editor, -kPerspectiveStep); }},
+    {"Command1", "Turn, perspective view", "", Qt::RightArrow, 2, 2,
+     [](Editor& editor) { turnPerspective(editor, kPerspectiveTurn); }},
+    {"cmdPerspDown", "Look down, perspective view", "", Qt::DownArrow, 3, 1,
+     [](Editor& editor) { raisePerspective(editor, kPerspectiveStep); }},
+}};
+
+constexpr std::array<std::span<const ViewButton>, 4> kViewButtons = {
+    std::span<const ViewButton>(kFrontButtons), std::span<const ViewButton>(kTopButtons),
+    std::span<const ViewButton>(kLeftButtons), std::span<const ViewButton>(kPerspectiveButtons)};
+
+}  // namespace
+
+std::span<const MenuTable> mainMenus() { return kMenus; }
+
+std::span<const ButtonGroup> toolPanel() { return kToolPanel; }
+
+std::span<const std::span<const ViewButton>> viewButtons() { return kViewButtons; }
+
+}  // namespace corvane

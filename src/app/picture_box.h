@@ -1,0 +1,70 @@
+// A picture of the window: draws what the core drew on its surface, and hands mouse events on in
+// drawing units.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <functional>
+
+#include "views/mouse.h"
+#include "views/recording_surface.h"
+
+namespace corvane {
+
+/// Drawing units to a pixel.
+inline constexpr int kTwipsPerPixel = 15;
+
+class PictureBox : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PictureBox(QWidget* parent);
+
+    /// What the core draws on, twips.
+    DrawingSurface& surface() { return surface_; }
+    /// What has been drawn since it was last cleared.
+    const std::vector<Primitive>& drawn() const { return surface_.primitives(); }
+
+    /// A name that stands in the picture's corner.
+    void setCaption(const QString& caption);
+    /// What to do, shown while the core has drawn nothing yet.
+    void setHint(const QString& hint);
+
+    /// Called with positions in twips.
+    std::function<void(double x, double y)> onMove;
+    std::function<void(double x, double y)> onPress;
+    std::function<void(MouseButton button, double x, double y)> onRelease;
+    /// Called after the picture got another size.
+    std::function<void()> onResize;
+    /// Called with a key that was pressed while the picture has the focus; true when it was used.
+    std::function<bool(int key)> onKey;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    // Asks for a repaint when the core starts to draw.
+    class Surface : public RecordingSurface {
+    public:
+        explicit Surface(QWidget& widget) : RecordingSurface(0, 0), widget_(widget) {}
+        void clear() override {
+            RecordingSurface::clear();
+            widget_.update();
+        }
+
+    private:
+        QWidget& widget_;
+    };
+
+    Surface surface_;
+    QString caption_;
+    QString hint_;
+};
+
+}  // namespace corvane

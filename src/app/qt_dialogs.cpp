@@ -1,0 +1,96 @@
+#include "app/qt_dialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace corvane {
+
+namespace {
+
+QWidget* parentWindow() { return QApplication::activeWindow(); }
+
+// Shows a file dialog that stands where the current file is.
+std::optional<std::string> pick(QFileDialog& dialog, const std::string& filter,
+                                const std::string& current) {
+    dialog.setNameFilters({qtFilter(filter), QFileDialog::tr("All files (*)")});
+    if (!current.empty()) {
+        const QFileInfo file(QString::fromStdString(current));
+        dialog.setDirectory(file.absolutePath());
+        dialog.selectFile(file.fileName());
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    return dialog.selectedFiles().first().toStdString();
+}
+
+void prepare(QMessageBox& box, const std::string& caption, const std::string& text) {
+    box.setWindowTitle(QString::fromStdString(caption));
+    box.setTextFormat(Qt::PlainText);  // a path may look like markup
+    box.setText(QString::fromStdString(text));
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+}  // namespace
+
+std::optional<std::string> QtDialogs::openFile(const std::string& filter,
+                                               const std::string& current) {
+    QFileDialog dialog(parentWindow(), QFileDialog::tr("Open"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return pick(dialog, filter, current);
+}
+
+std::optional<std::string> QtDialogs::saveFile(const std::string& filter,
+                                               const std::string& current) {
+    QFileDialog dialog(parentWindow(), QFileDialog::tr("Save As"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(QStringLiteral("mdl"));
+    return pick(dialog, filter, current);
+}
+
+std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const std::string& title,
+                                               const std::string& defaultAnswer) {
+    QInputDialog dialog(parentWindow());
+    dialog.setWindowTitle(QString::fromStdString(title));
+    dialog.setLabelText(QString::fromStdString(prompt));
+    dialog.setTextValue(QString::fromStdString(defaultAnswer));
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return dialog.textValue().toStdString();
+}
+
+void QtDialogs::messageBox(const std::string& caption, const std::string& text) {
+    QMessageBox box(parentWindow());
+    prepare(box, caption, text);
+    if (caption == kErrorCaption) box.setIcon(QMessageBox::Critical);
+    if (caption == kWarningCaption) box.setIcon(QMessageBox::Warning);
+    box.setStandardButtons(QMessageBox::Ok);
+    box.exec();
+}
+
+bool QtDialogs::yesNo(const std::string& caption, const std::string& text) {
+    QMessageBox box(parentWindow());
+    prepare(box, caption, text);
+    box.setIcon(QMessageBox::Question);
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    // What is asked cannot be undone: a stray Enter or Escape must not do it.
+    box.setDefaultButton(QMessageBox::No);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
+QString qtFilter(const std::string& filter) {
+    const QStringList parts = QString::fromStdString(filter).split('|');
+    QStringList patterns;
+    for (const QString& pattern : parts.value(1).split(';', Qt::SkipEmptyParts)) {
+        patterns << pattern.toLower();
+        if (pattern.toUpper() != pattern.toLower()) patterns << pattern.toUpper();
+    }
+    return parts.value(0) + QStringLiteral(" (") + patterns.join(' ') + ')';
+}
+
+}  // namespace corvane

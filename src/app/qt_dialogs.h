@@ -1,0 +1,26 @@
+// The real dialogs.
+#pragma once
+
+#include <QWidget>
+
+#include "dialogs.h"
+
+namespace corvane {
+
+class QtDialogs : public Dialogs {
+public:
+    std::optional<std::string> openFile(const std::string& filter,
+                                        const std::string& current) override;
+    std::optional<std::string> saveFile(const std::string& filter,
+                                        const std::string& current) override;
+    std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
+                                        const std::string& defaultAnswer) override;
+    void messageBox(const std::string& caption, const std::string& text) override;
+    bool yesNo(const std::string& caption, const std::string& text) override;
+};
+
+/// A filter "description|*.ext;*.ext2" as a file dialog of Qt takes it. Finds the extensions in
+/// upper and lower case.
+QString qtFilter(const std::string& filter);
+
+}  // namespace corvane

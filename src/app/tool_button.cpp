@@ -1,0 +1,69 @@
+#include "app/tool_button.h"
+
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+#include "app/theme.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr double kCornerRadius = 3;  // pixels
+constexpr int kArrowSize = 12;       // pixels
+
+QStyle::PrimitiveElement arrowElement(Qt::ArrowType arrow) {
+    switch (arrow) {
+        case Qt::UpArrow:
+            return QStyle::PE_IndicatorArrowUp;
+        case Qt::DownArrow:
+            return QStyle::PE_IndicatorArrowDown;
+        case Qt::LeftArrow:
+            return QStyle::PE_IndicatorArrowLeft;
+        case Qt::RightArrow:
+        case Qt::NoArrow:
+            break;
+    }
+    return QStyle::PE_IndicatorArrowRight;
+}
+
+}  // namespace
+
+void ToolButton::setBackColour(Colour colour) {
+    if (colour == backColour_) return;
+    backColour_ = colour;
+    update();
+}
+
+void ToolButton::setArrow(Qt::ArrowType arrow) {
+    arrow_ = arrow;
+    update();
+}
+
+void ToolButton::paintEvent(QPaintEvent* /*event*/) {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    if (backColour_ == kButtonFace) {
+        painter.drawControl(QStyle::CE_PushButton, option);
+    } else {
+        const QColor back = resolved(backColour_, palette());
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setBrush(isDown() ? back.darker(110) : back);
+        // A white button differs little from a light theme's buttons; its frame tells it apart.
+        painter.setPen(QPen(palette().color(QPalette::Highlight), hasFocus() ? 3 : 2));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), kCornerRadius,
+                                kCornerRadius);
+        painter.setPen(textColourOn(back));
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
+    }
+    if (arrow_ != Qt::NoArrow) {
+        QStyleOption arrow;
+        arrow.initFrom(this);
+        arrow.rect = QStyle::alignedRect(layoutDirection(), Qt::AlignCenter,
+                                         QSize(kArrowSize, kArrowSize), rect());
+        painter.drawPrimitive(arrowElement(arrow_), arrow);
+    }
+}
+
+}  // namespace corvane

@@ -1,0 +1,9 @@
+#include "app/user_locale.h"
+
+#include <QLocale>
+
+namespace corvane {
+
+UserNumberFormat userNumberFormat() { return {QLocale::system().decimalPoint().toStdString()}; }
+
+}  // namespace corvane

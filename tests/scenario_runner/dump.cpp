@@ -1,0 +1,192 @@
+#include "dump.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QJsonArray>
+#include <QMenu>
+
+#include "app/theme.h"
+#include "widgets.h"
+
+namespace corvane::scenario {
+
+namespace {
+
+QString qt(const std::string& text) { return QString::fromStdString(text); }
+
+QString letter(char c) { return {QChar::fromLatin1(c)}; }
+
+QJsonArray triple(const Triple& values) { return {values[0], values[1], values[2]}; }
+
+template <class Range, class ToJson>
+QJsonArray arrayOf(const Range& range, ToJson toJson) {
+    QJsonArray array;
+    for (const auto& item : range) array.append(toJson(item));
+    return array;
+}
+
+void addGeoset(QJsonObject& dump, const GeosetStore& store) {
+    dump["modelLoaded"] = store.modelLoaded;
+    dump["modelPath"] = qt(store.modelPath);
+    dump["workPath"] = qt(store.workPath);
+    dump["geosetNumber"] = store.geosetNumber;
+    dump["vertices"] = arrayOf(store.Vertices, [](const VertexRecord& vertex) {
+        return QJsonObject{{"pos", triple(vertex.pos)},
+                           {"normal", triple(vertex.normal)},
+                           {"selected", vertex.selected},
+                           {"deleted", vertex.deleted},
+                           {"group", int{vertex.group}},
+                           {"tu", vertex.tu},
+                           {"tv", vertex.tv}};
+    });
+    dump["faces"] = arrayOf(store.Faces, [](const FaceRecord& face) {
+        return QJsonObject{
+            {"corner", arrayOf(face.corner, [](std::int16_t c) { return QJsonValue(int{c}); })},
+            {"deleted", face.deleted}};
+    });
+    dump["matrixGroups"] = arrayOf(store.matrixGroups, [](const MatrixGroup& group) {
+        QJsonArray rows;
+        for (const std::int16_t matrix : group) {
+            if (matrix == kNoMatrix) break;
+            rows.append(int{matrix});
+        }
+        return rows;
+    });
+}
+
+QJsonArray markers(const MarkerTable& table) {
+    QJsonArray used;
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        if (!table[i].used) continue;
+        used.append(QJsonObject{{"slot", static_cast<int>(i) + 1},
+                                {"x", table[i].pos[0]},
+                                {"y", table[i].pos[1]},
+                                {"z", table[i].pos[2]}});
+    }
+    return used;
+}
+
+QJsonObject modes(const ToolModes& modes) {
+    return {{"selectMode", letter(static_cast<char>(modes.selectMode))},
+            {"transformMode", letter(static_cast<char>(modes.transformMode))},
+            {"cloneMode", modes.cloneMode},
+            {"activeX", modes.activeX},
+            {"activeY", modes.activeY},
+            {"activeZ", modes.activeZ},
+            {"selectEnabled", modes.selectEnabled},
+            {"placingMarker", modes.placingMarker},
+            {"showNormals", modes.showNormals}};
+}
+
+QJsonObject view(const ViewState& state, const DrawingSurface& picture) {
+    return {{"zoom", state.zoom},
+            {"panX", state.panX},
+            {"panY", state.panY},
+            {"width", picture.width()},
+            {"height", picture.height()}};
+}
+
+QJsonArray undo(const UndoHistory& history) {
+    return arrayOf(history.slots, [](const UndoRecord& step) {
+        return QJsonObject{{"valid", step.valid},
+                           {"name", qt(step.name)},
+                           {"a", step.numbers[0]},
+                           {"b", step.numbers[1]},
+                           {"c", step.numbers[2]}};
+    });
+}
+
+QJsonObject texts(const frmCorvane& window) {
+    QJsonObject all;
+    for (const QLineEdit* const text : window.findChildren<QLineEdit*>()) {
+        if (text->objectName().startsWith("txt")) all[text->objectName()] = text->text();
+    }
+    return all;
+}
+
+QJsonObject menus(const frmCorvane& window) {
+    QJsonObject all;
+    for (const QAction* const action : window.findChildren<QAction*>()) {
+        if (!action->objectName().startsWith("mnu")) continue;
+        all[action->objectName()] = QJsonObject{{"caption", action->text().remove('&')},
+                                                {"enabled", isReachable(*action)},
+                                                {"checked", action->isChecked()}};
+    }
+    return all;
+}
+
+QJsonObject buttons(const frmCorvane& window) {
+    QJsonObject all;
+    for (const ToolButton* const button : window.findChildren<ToolButton*>()) {
+        const Colour colour = button->backColour();
+        all[button->objectName()] = QJsonObject{
+            {"color",
+             colour == kButtonFace ? QString("face") : resolved(colour, button->palette()).name()},
+            {"enabled", button->isEnabled()}};
+    }
+    return all;
+}
+
+}  // namespace
+
+QJsonObject dumpState(const frmCorvane& window) {
+    const Editor& editor = window.editor();
+    QJsonObject dump{{"event", "dump"}};
+    addGeoset(dump, editor.store);
+    dump["markers"] = markers(editor.markers);
+    dump["modes"] = modes(editor.modes);
+    dump["views"] = QJsonObject{
+        {"front", view(editor.views[View::Front], editor.pictures.front)},
+        {"top", view(editor.views[View::Top], editor.pictures.top)},
+        {"left", view(editor.views[View::Left], editor.pictures.left)},
+    };
+    dump["perspective"] = QJsonObject{{"yaw", int{editor.perspective.yaw}},
+                                      {"offset", int{editor.perspective.offset}},
+                                      {"distance", int{editor.perspective.distance}},
+                                      {"width", editor.pictures.perspective.width()},
+                                      {"height", editor.pictures.perspective.height()}};
+    dump["undo"] = undo(editor.undo);
+    dump["uv"] = QJsonValue::Null;
+    dump["texts"] = texts(window);
+    dump["menus"] = menus(window);
+    dump["buttons"] = buttons(window);
+    dump["clipboard"] = QGuiApplication::clipboard()->text();
+    return dump;
+}
+
+QJsonObject drawnItems(const PictureBox& picture) {
+    QJsonArray items;
+    for (const Primitive& item : picture.drawn()) {
+        const QString colour = resolved(item.colour, picture.palette()).name();
+        switch (item.kind) {
+            case Primitive::Kind::Line:
+            case Primitive::Kind::Box:
+                items.append(
+                    QJsonObject{{"op", item.kind == Primitive::Kind::Line ? "line" : "box"},
+                                {"x1", item.x1},
+                                {"y1", item.y1},
+                                {"x2", item.x2},
+                                {"y2", item.y2},
+                                {"color", colour}});
+                break;
+            case Primitive::Kind::Circle:
+                items.append(QJsonObject{{"op", "circle"},
+                                         {"x", item.x1},
+                                         {"y", item.y1},
+                                         {"radius", item.x2},
+                                         {"color", colour}});
+                break;
+            case Primitive::Kind::Image:
+                items.append(QJsonObject{{"op", "image"},
+                                         {"x", item.x1},
+                                         {"y", item.y1},
+                                         {"width", item.x2},
+                                         {"height", item.y2}});
+                break;
+        }
+    }
+    return {{"event", "drawn"}, {"name", picture.objectName()}, {"items", items}};
+}
+
+}  // namespace corvane::scenario

@@ -1,0 +1,156 @@
+#include "player.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QPixmap>
+#include <QTimer>
+#include <QWindow>
+#include <cstdlib>
+#include <functional>
+#include <map>
+
+#include "dump.h"
+#include "output.h"
+#include "widgets.h"
+
+namespace corvane::scenario {
+
+namespace {
+
+void runEventLoop(int milliseconds) {
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+// Until the display shows the window; on a display that never says so, for a while.
+void waitUntilShown(const QWidget& window) {
+    constexpr int kLongest = 5000;  // milliseconds
+    QElapsedTimer timer;
+    timer.start();
+    while (!window.windowHandle()->isExposed() && timer.elapsed() < kLongest) {
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+}
+
+QPoint pointOf(const QStringList& words, qsizetype at) {
+    return {toInt(words[at]), toInt(words[at + 1])};
+}
+
+}  // namespace
+
+void printError(int line, const QString& text) {
+    print({{"event", "error"}, {"line", line}, {"text", text}});
+}
+
+Player::Player(const UserNumberFormat& userNumbers)
+    : userNumbers_(userNumbers), dialogs_([this](const QString& why) { stop(why); }) {}
+
+// A dialog cannot be answered while the program stands inside an event: leave at once.
+void Player::stop(const QString& why) const {
+    printError(line_, why);
+    std::_Exit(EXIT_FAILURE);
+}
+
+// The window opens with the first command that needs it, so that answers to what it asks on
+// opening can be queued before.
+void Player::openWindow() {
+    window_ = std::make_unique<frmCorvane>(dialogs_, userNumbers_);
+    window_->show();
+    waitUntilShown(*window_);
+    window_->start();
+}
+
+QWidget& Player::currentWindow() {
+    if (!window_) openWindow();
+    return *window_;
+}
+
+PictureBox& Player::pictureNamed(const QString& name) {
+    auto* const picture = qobject_cast<PictureBox*>(&widgetNamed(currentWindow(), name));
+    if (picture == nullptr) throw ScenarioError(name.toStdString() + " is no picture");
+    return *picture;
+}
+
+void Player::perform(const Command& command) {
+    struct Entry {
+        qsizetype arguments;
+        std::function<void(const QStringList&)> run;
+    };
+    const std::map<QString, Entry> commands = {
+        {"answer", {2, [&](const QStringList& w) { dialogs_.queue(w.mid(1)); }}},
+        {"window",
+         {1,
+          [&](const QStringList& w) {
+              if (w[1] != "main") throw ScenarioError("there is no such window");
+              currentWindow();
+          }}},
+        {"menu", {1, [&](const QStringList& w) { triggerMenu(currentWindow(), w[1]); }}},
+        {"press", {1, [&](const QStringList& w) { pressButton(currentWindow(), w[1]); }}},
+        {"choose", {2, [&](const QStringList& w) { chooseEntry(currentWindow(), w[1], w[2]); }}},
+        {"drag",
+         {6,
+          [&](const QStringList& w) {
+              drag(pictureNamed(w[1]), buttonNamed(w[2]), pointOf(w, 3), pointOf(w, 5));
+          }}},
+        {"hover",
+         {3,
+          [&](const QStringList& w) { hover(widgetNamed(currentWindow(), w[1]), pointOf(w, 2)); }}},
+        {"wait",
+         {1,
+          [&](const QStringList& w) {
+              currentWindow();
+              runEventLoop(toInt(w[1]));
+          }}},
+        {"resize",
+         {2, [&](const QStringList& w) { currentWindow().resize(toInt(w[1]), toInt(w[2])); }}},
+        {"close", {0, [&](const QStringList&) { currentWindow().close(); }}},
+        {"dump",
+         {0,
+          [&](const QStringList&) {
+              currentWindow();
+              print(dumpState(*window_));
+          }}},
+        {"drawn", {1, [&](const QStringList& w) { print(drawnItems(pictureNamed(w[1]))); }}},
+        {"screenshot",
+         {2,
+          [&](const QStringList& w) {
+              QWidget& widget =
+                  w[1] == "window" ? currentWindow() : widgetNamed(currentWindow(), w[1]);
+              if (!widget.grab().save(w[2])) {
+                  throw ScenarioError("cannot write the picture " + w[2].toStdString());
+              }
+          }}},
+    };
+    const auto found = commands.find(command.words[0]);
+    if (found == commands.end()) {
+        throw ScenarioError("there is no command \"" + command.words[0].toStdString() + "\"");
+    }
+    if (command.words.size() - 1 != found->second.arguments) {
+        throw ScenarioError(command.words[0].toStdString() + " takes " +
+                            std::to_string(found->second.arguments) + " words after it");
+    }
+    found->second.run(command.words);
+    QApplication::processEvents();
+}
+
+bool Player::play(const std::vector<QString>& lines) {
+    try {
+        for (const QString& text : lines) {
+            ++line_;
+            const QString trimmed = text.trimmed();
+            if (trimmed.isEmpty() || trimmed.startsWith('#')) continue;
+            perform({line_, splitWords(trimmed)});
+        }
+        if (dialogs_.left() > 0) {
+            throw ScenarioError(std::to_string(dialogs_.left()) + " answers were not used");
+        }
+    } catch (const ScenarioError& error) {
+        printError(line_, error.what());
+        return false;
+    }
+    return true;
+}
+
+}  // namespace corvane::scenario

@@ -1,0 +1,37 @@
+// Plays the commands of a script.
+#pragma once
+
+#include <QString>
+#include <memory>
+#include <vector>
+
+#include "answering_dialogs.h"
+#include "app/frm_corvane.h"
+#include "script.h"
+
+namespace corvane::scenario {
+
+/// Prints why a script cannot go on.
+void printError(int line, const QString& text);
+
+class Player {
+public:
+    explicit Player(const UserNumberFormat& userNumbers);
+
+    /// Plays a script; false after an error was printed.
+    bool play(const std::vector<QString>& lines);
+
+private:
+    void perform(const Command& command);
+    void openWindow();
+    QWidget& currentWindow();
+    PictureBox& pictureNamed(const QString& name);
+    [[noreturn]] void stop(const QString& why) const;
+
+    UserNumberFormat userNumbers_;
+    AnsweringDialogs dialogs_;
+    std::unique_ptr<frmCorvane> window_;
+    int line_ = 0;
+};
+
+}  // namespace corvane::scenario

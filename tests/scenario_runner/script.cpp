@@ -1,0 +1,52 @@
+#include "script.h"
+
+namespace corvane::scenario {
+
+namespace {
+
+// Reads a quoted word whose opening quote stands at `at`; leaves `at` after the closing one.
+QString quotedWord(const QString& line, qsizetype& at) {
+    QString word;
+    for (++at; at < line.size(); ++at) {
+        const QChar c = line[at];
+        if (c == '"') {
+            ++at;
+            return word;
+        }
+        if (c != '\\' || at + 1 == line.size()) {
+            word += c;
+            continue;
+        }
+        const QChar escaped = line[++at];
+        word += escaped == 'n' ? QChar('\n') : escaped == 't' ? QChar('\t') : escaped;
+    }
+    throw ScenarioError("a word in double quotes does not end");
+}
+
+}  // namespace
+
+QStringList splitWords(const QString& line) {
+    QStringList words;
+    qsizetype at = 0;
+    while (at < line.size()) {
+        if (line[at].isSpace()) {
+            ++at;
+        } else if (line[at] == '"') {
+            words << quotedWord(line, at);
+        } else {
+            const qsizetype begin = at;
+            while (at < line.size() && !line[at].isSpace()) ++at;
+            words << line.mid(begin, at - begin);
+        }
+    }
+    return words;
+}
+
+int toInt(const QString& word) {
+    bool isNumber = false;
+    const int value = word.toInt(&isNumber);
+    if (!isNumber) throw ScenarioError("\"" + word.toStdString() + "\" is not a whole number");
+    return value;
+}
+
+}  // namespace corvane::scenario
