@@ -7,8 +7,9 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QTimer>
 #include <cstdlib>
+#include <functional>
+#include <optional>
 
 #include "app/user_locale.h"
 #include "player.h"
@@ -19,15 +20,16 @@ namespace {
 using namespace corvane;
 using namespace corvane::scenario;
 
-std::vector<QString> readLines(const QString& path) {
-    QFile file(path);
+// Line by line, so that a script on standard input can be written while it is played.
+std::function<std::optional<QString>()> lineSource(QFile& file, const QString& path) {
     const bool open =
         path == "-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
     if (!open) throw ScenarioError("cannot read the script " + path.toStdString());
-    std::vector<QString> lines;
-    const QStringList all = QString::fromUtf8(file.readAll()).split('\n');
-    lines.assign(all.begin(), all.end());
-    return lines;
+    return [&file]() -> std::optional<QString> {
+        const QByteArray line = file.readLine();
+        if (line.isEmpty()) return std::nullopt;
+        return QString::fromUtf8(line);
+    };
 }
 
 }  // namespace
@@ -42,8 +44,9 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     }
     try {
+        QFile script(arguments[1]);
         Player player(userNumberFormat());
-        return player.play(readLines(arguments[1])) ? EXIT_SUCCESS : EXIT_FAILURE;
+        return player.play(lineSource(script, arguments[1])) ? EXIT_SUCCESS : EXIT_FAILURE;
     } catch (const ScenarioError& error) {
         printError(0, error.what());
         return EXIT_FAILURE;

@@ -135,11 +135,11 @@ void Player::perform(const Command& command) {
     QApplication::processEvents();
 }
 
-bool Player::play(const std::vector<QString>& lines) {
+bool Player::play(const std::function<std::optional<QString>()>& nextLine) {
     try {
-        for (const QString& text : lines) {
+        while (const std::optional<QString> text = nextLine()) {
             ++line_;
-            const QString trimmed = text.trimmed();
+            const QString trimmed = text->trimmed();
             if (trimmed.isEmpty() || trimmed.startsWith('#')) continue;
             perform({line_, splitWords(trimmed)});
         }

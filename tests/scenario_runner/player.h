@@ -2,8 +2,9 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <memory>
-#include <vector>
+#include <optional>
 
 #include "answering_dialogs.h"
 #include "app/frm_corvane.h"
@@ -18,8 +19,9 @@ class Player {
 public:
     explicit Player(const UserNumberFormat& userNumbers);
 
-    /// Plays a script; false after an error was printed.
-    bool play(const std::vector<QString>& lines);
+    /// Plays a script, taken line by line until there is none left; false after an error was
+    /// printed.
+    bool play(const std::function<std::optional<QString>()>& nextLine);
 
 private:
     void perform(const Command& command);

@@ -1,0 +1,296 @@
+// Saving, and what is left when saving fails.
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "scenario.h"
+#include "scenario_models.h"
+
+namespace corvane {
+namespace {
+
+using SaveScenario = ScenarioTest;
+using Lines = std::vector<std::string>;
+
+const std::string kOpen = "answer file \"$DIR/hero.mdl\"\nmenu mnuOpen\nwait 150\n";
+const std::string kMoveThird =
+    "drag pbxFront left 130 50 160 70\ndrag pbxFront right 100 100 120 92\n";
+
+// The square after kMoveThird: the third vertex by 15 to the right and 6 up.
+std::string moved(std::string model) {
+    const std::string row = "\t\t{ 0, 30, 30 },\n";
+    return model.replace(model.find(row), row.size(), "\t\t{ 0, 45, 36 },\n");
+}
+
+TEST_F(SaveScenario, SavingAnUnchangedModelChangesNoByte) {
+    folder.write("hero.mdl", threeGeosets());
+    playAll(R"(
+answer file "$DIR/hero.mdl"
+answer input "2"
+menu mnuOpen
+menu mnuSave
+)");
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), threeGeosets());
+    EXPECT_EQ(readFile(folder.path("hero_TMP.tdl")), threeGeosets());
+}
+
+TEST_F(SaveScenario, TheFileHoldsTheEditAndNothingElse) {
+    folder.write("hero.mdl", squareModel());
+    const Played played = playAll(kOpen + kMoveThird + "menu mnuSave\ndump\n");
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), moved(squareModel()));
+    EXPECT_EQ(readFile(folder.path("hero_TMP.tdl")), moved(squareModel()));
+    EXPECT_EQ(undoNames(played.dump()), "Move, Selection") << "a save does not end undoing";
+    EXPECT_EQ(folder.names(), (Lines{"hero.mdl", "hero_TMP.tdl"}));
+}
+
+TEST_F(SaveScenario, LineBreaksAndOddBytesComeBackAsTheyWere) {
+    std::string model = "\xEF\xBB\xBF// caf\xE9 \x01\r\n";
+    for (const char c : squareModel()) {
+        if (c == '\n') model += '\r';
+        model += c;
+    }
+    model += "// no break at the end";
+    folder.write("hero.mdl", model);
+    playAll(kOpen + kMoveThird + "menu mnuSave\n");
+    std::string expected = model;
+    const std::string row = "\t\t{ 0, 30, 30 },\r\n";
+    expected.replace(expected.find(row), row.size(), "\t\t{ 0, 45, 36 },\r\n");
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), expected);
+}
+
+TEST_F(SaveScenario, SaveAsGoesOnWithTheNewFile) {
+    folder.write("hero.mdl", squareModel());
+    const Played played = playAll(kOpen + kMoveThird + R"(
+answer file cancel
+menu mnuSaveAs
+dump
+answer file "$DIR/other.mdl"
+menu mnuSaveAs
+dump
+menu mnuUndo
+menu mnuSave
+)");
+    EXPECT_EQ(played.dump(0)["modelPath"].toString().toStdString(), folder.path("hero.mdl"));
+    EXPECT_EQ(played.dump(1)["modelPath"].toString().toStdString(), folder.path("other.mdl"));
+    EXPECT_EQ(played.dump(1)["workPath"].toString().toStdString(), folder.path("other_TMP.tdl"));
+    EXPECT_EQ(played.dialogs().back(),
+              "file|save|Warcraft III MDL|*.mdl|" + folder.path("other.mdl"));
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), squareModel());
+    EXPECT_EQ(readFile(folder.path("other.mdl")), squareModel()) << "moved, saved, undone, saved";
+    EXPECT_EQ(folder.names(), (Lines{"hero.mdl", "other.mdl", "other_TMP.tdl"}));
+}
+
+TEST_F(SaveScenario, SaveGeosetWritesOneUnanimatedGeoset) {
+    folder.write("hero.mdl", threeGeosets());
+    const Played played = playAll(R"(
+answer file "$DIR/hero.mdl"
+answer input "2"
+menu mnuOpen
+answer file "$DIR/part.mdl"
+menu mnuSaveGeoset
+dump
+)");
+    std::string geoset = squareGeoset(1);
+    const std::string groups = "\t\t0,\n\t\t0,\n\t\t1,\n\t\t1,\n";
+    geoset.replace(geoset.find(groups), groups.size(), "\t\t0,\n\t\t0,\n\t\t0,\n\t\t0,\n");
+    const std::string matrices = "\tGroups 2 3 {\n\t\tMatrices { 0 },\n\t\tMatrices { 0, 1 },\n";
+    geoset.replace(geoset.find(matrices), matrices.size(), "\tGroups 1 1 {\n\t\tMatrices { 0 },\n");
+    EXPECT_EQ(readFile(folder.path("part.mdl")),
+              "// made for a test\n"
+              "Version {\n"
+              "\tFormatVersion 800,\n"
+              "}\n"
+              "Model \"Test\" {\n"
+              "\tNumGeosets 3,\n"
+              "\tBlendTime 150,\n"
+              "}\n"
+              "Sequences 1 {\n"
+              "\tAnim \"Stand\" {\n"
+              "\t\tInterval { 0, 3333 },\n"
+              "\t}\n"
+              "}\n" +
+                  geoset +
+                  "Bone \"Bone0\" {\n"
+                  "\tObjectId 0,\n"
+                  "\tGeosetAnimId None,\n"
+                  "}\n"
+                  "PivotPoints 1 {\n"
+                  "\t{ 0, 0, 0 },\n"
+                  "}\n");
+    EXPECT_EQ(played.dump()["geosetNumber"].toInt(), 1);
+    EXPECT_EQ(played.dump()["modelPath"].toString().toStdString(), folder.path("part.mdl"));
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), threeGeosets());
+}
+
+TEST_F(SaveScenario, DeletedVerticesAreDroppedFromTheFileOnly) {
+    folder.write("hero.mdl", squareModel());
+    const Played played = playAll(kOpen + R"(
+drag pbxFront left 130 150 160 130
+press cmdDelete
+menu mnuSave
+menu mnuUndo
+dump
+menu mnuSave
+)");
+    EXPECT_EQ(played.dump()["vertices"].toArray().size(), 4);
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), squareModel()) << "undone and saved again";
+    const Played again =
+        playAll(kOpen + "drag pbxFront left 130 150 160 130\npress cmdDelete\n" + "menu mnuSave\n");
+    const std::string saved = readFile(folder.path("hero.mdl"));
+    EXPECT_NE(saved.find("\tVertices 3 {\n\t\t{ 0, -30, -30 },\n\t\t{ 0, 30, 30 },\n"
+                         "\t\t{ 24, -30, 30 },\n\t}\n"),
+              std::string::npos);
+    EXPECT_NE(saved.find("\tFaces 1 3 {\n\t\tTriangles {\n\t\t\t{ 0, 1, 2 },\n\t\t}\n\t}\n"),
+              std::string::npos);
+    EXPECT_NE(saved.find("\tVertexGroup {\n\t\t0,\n\t\t1,\n\t\t1,\n\t}\n"), std::string::npos);
+}
+
+TEST_F(SaveScenario, AnEmptiedGeosetIsRemovedAndAnotherOneChosen) {
+    folder.write("hero.mdl", threeGeosets());
+    const Played played = playAll(R"(
+answer file "$DIR/hero.mdl"
+answer input "2"
+menu mnuOpen
+menu mnuSelectAll
+press cmdDelete
+answer message ok
+answer input "2"
+menu mnuSave
+dump
+)");
+    EXPECT_EQ(played.dialogs(),
+              (Lines{"file|open|Warcraft III MDL|*.mdl|" + folder.path("hero.mdl"),
+                     "input|Geoset to open|Geoset to import(1 - 3):|2",
+                     "message|Warning|Removing geoset|ok",
+                     "input|Geoset to open|Geoset to import(1 - 2):|2"}));
+    const std::string expected = modelHead() + triangleGeoset(0) + triangleGeoset(2) +
+                                 geosetAnim(0) + geosetAnim(1) + bone("A", "0", "0") +
+                                 bone("B", "Multiple", "None") + bone("C", "1", "1");
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), expected);
+    EXPECT_EQ(readFile(folder.path("hero_TMP.tdl")), expected);
+    EXPECT_EQ(played.dump()["geosetNumber"].toInt(), 2);
+    EXPECT_EQ(played.dump()["vertices"].toArray().size(), 3);
+    EXPECT_EQ(undoNames(played.dump()), "");
+}
+
+TEST_F(SaveScenario, AFailedSaveCanBeRepeatedElsewhere) {
+    folder.write("hero.mdl", squareModel());
+    std::filesystem::create_directory(folder.path("taken.mdl"));
+    const Played played = playAll(kOpen + kMoveThird + R"(
+dump
+answer file "$DIR/missing/other.mdl"
+answer message ok
+menu mnuSaveAs
+answer file "$DIR/taken.mdl"
+answer message ok
+menu mnuSaveAs
+dump
+answer file "$DIR/other.mdl"
+menu mnuSaveAs
+)");
+    EXPECT_EQ(played.dialogs()[2],
+              "message|Error|The model was not saved.\n" + folder.path("missing/other.mdl") +
+                  ": No such file or directory\n\nThe file is as it was, and your edits are still "
+                  "here: mend the cause and save again, or save to another place with Save As.|ok");
+    EXPECT_NE(played.dialogs()[4].find("Is a directory"), std::string::npos);
+    EXPECT_EQ(played.dump(0)["vertices"], played.dump(1)["vertices"]);
+    EXPECT_EQ(played.dump(0)["undo"], played.dump(1)["undo"]);
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), squareModel());
+    EXPECT_EQ(readFile(folder.path("other.mdl")), moved(squareModel()));
+    EXPECT_EQ(folder.names(), (Lines{"hero.mdl", "other.mdl", "other_TMP.tdl", "taken.mdl"}));
+}
+
+// A second window on the same model takes the working copy along when it closes.
+TEST_F(SaveScenario, AMissingWorkingCopyIsSaidAndTheNextSaveSucceeds) {
+    folder.write("hero.mdl", squareModel());
+    RunningScenario first = start();
+    first.send(kOpen + kMoveThird + "dump\n");
+    first.waitForDump();
+    std::filesystem::remove(folder.path("hero_TMP.tdl"));
+    first.send("answer message ok\nmenu mnuSave\ndump\n");
+    first.waitForDump();
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), squareModel()) << "nothing was written yet";
+    first.send("menu mnuSave\n");
+    const Played played = first.finish();
+    EXPECT_EQ(played.exitCode, 0) << played.error();
+    EXPECT_NE(played.dialogs().back().find("working copy of the model cannot be read"),
+              std::string::npos);
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), moved(squareModel()));
+}
+
+TEST_F(SaveScenario, AVanishedFolderCanBeLeftWithSaveAs) {
+    std::filesystem::create_directory(folder.path("gone"));
+    folder.write("gone/hero.mdl", squareModel());
+    RunningScenario first = start();
+    first.send("answer file \"$DIR/gone/hero.mdl\"\nmenu mnuOpen\nwait 150\n" + kMoveThird +
+               "dump\n");
+    first.waitForDump();
+    std::filesystem::remove_all(folder.path("gone"));
+    first.send(
+        "answer message ok\nmenu mnuSave\n"
+        "answer file \"$DIR/other.mdl\"\nmenu mnuSaveAs\n");
+    const Played played = first.finish();
+    EXPECT_EQ(played.exitCode, 0) << played.error();
+    EXPECT_EQ(readFile(folder.path("other.mdl")), moved(squareModel()));
+}
+
+TEST_F(SaveScenario, AKilledProgramLeavesTheModelWhole) {
+    folder.write("hero.mdl", squareModel());
+    RunningScenario first = start();
+    first.send(kOpen + kMoveThird + "dump\n");
+    first.waitForDump();
+    first.kill();
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), squareModel());
+    // The working copy that it left behind is in nobody's way.
+    playAll(kOpen + kMoveThird + "menu mnuSave\nclose\n");
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), moved(squareModel()));
+    EXPECT_EQ(folder.names(), (Lines{"hero.mdl"}));
+}
+
+// The limit stands for a full disk: writing stops in the middle of the file.
+TEST_F(SaveScenario, AFullDiskLeavesTheOldFile) {
+    std::string model = squareModel();
+    for (int i = 0; i < 4000; ++i) model += "// a line of no importance to anybody\n";
+    folder.write("hero.mdl", model);
+    folder.write("small.mdl", squareModel());
+    rlimit old{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
+    const auto limit = static_cast<rlim_t>(model.size() + 10);
+    const rlimit low{limit, old.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &low), 0);
+    // Merging makes the saved file larger than the limit lets it be.
+    const Played played = playAll(kOpen + R"(
+answer file "$DIR/small.mdl"
+menu mnuMergeGeoset
+answer message ok
+menu mnuSave
+dump
+)");
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &old), 0);
+    EXPECT_NE(played.dialogs().back().find(folder.path("hero.mdl") + ": File too large"),
+              std::string::npos)
+        << played.dialogs().back();
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), model);
+    EXPECT_EQ(readFile(folder.path("hero_TMP.tdl")), model);
+    EXPECT_EQ(played.dump()["vertices"].toArray().size(), 8);
+    EXPECT_EQ(folder.names(), (Lines{"hero.mdl", "hero_TMP.tdl", "small.mdl"}));
+}
+
+TEST_F(SaveScenario, LinksAndPermissionsSurvive) {
+    std::filesystem::create_directory(folder.path("real"));
+    const std::string real = folder.write("real/model.mdl", squareModel());
+    ASSERT_EQ(::chmod(real.c_str(), 0640), 0);
+    std::filesystem::create_symlink("real/model.mdl", folder.path("hero.mdl"));
+    playAll(kOpen + kMoveThird + "menu mnuSave\n");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.path("hero.mdl")));
+    EXPECT_EQ(readFile(real), moved(squareModel()));
+    struct stat status {};
+    ASSERT_EQ(::stat(real.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0640U);
+}
+
+}  // namespace
+}  // namespace corvane
