@@ -37,6 +37,9 @@ public:
     /// Shows a text until the user presses OK.
     virtual void messageBox(const std::string& caption, const std::string& text) = 0;
 
+    /// The same in a box that reads from right to left.
+    virtual void rightToLeftMessageBox(const std::string& caption, const std::string& text) = 0;
+
     /// Asks a question with the buttons Yes and No; true for Yes.
     virtual bool yesNo(const std::string& caption, const std::string& text) = 0;
 };

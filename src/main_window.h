@@ -17,6 +17,9 @@ public:
 
     /// Starts, or starts again, the single-shot timer that allows box selection when it fires.
     virtual void startSelectTimer() = 0;
+
+    /// Puts a text (UTF-8) on the clipboard.
+    virtual void copyText(const std::string& text) = 0;
 };
 
 }  // namespace corvane

@@ -1,9 +1,11 @@
 #include "app/frm_corvane.h"
 
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -372,6 +374,10 @@ void frmCorvane::showTip(const std::string& text) {
 }
 
 void frmCorvane::startSelectTimer() { tmrTime_.start(); }
+
+void frmCorvane::copyText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+}
 
 void frmCorvane::closeEvent(QCloseEvent* event) {
     closeModel(editor_);

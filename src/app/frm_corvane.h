@@ -35,6 +35,7 @@ private:
     void updateButtons() override;
     void showTip(const std::string& text) override;
     void startSelectTimer() override;
+    void copyText(const std::string& text) override;
 
     void buildMenus();
     QAction* addEntry(QMenu& menu, const MenuEntry& entry);

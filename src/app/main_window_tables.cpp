@@ -2,13 +2,19 @@
 
 #include <array>
 
+#include "edit/normals.h"
+#include "edit/placement.h"
 #include "edit/selection.h"
 #include "edit/snap_delete.h"
 #include "edit/undo_history.h"
+#include "groups/matrices.h"
+#include "groups/vertex_groups.h"
 #include "model/merge_geoset.h"
+#include "model/new_model.h"
 #include "model/open_model.h"
 #include "model/save_model.h"
 #include "views/help_texts.h"
+#include "views/marker_tools.h"
 #include "views/navigation.h"
 #include "views/perspective_view.h"
 
@@ -25,6 +31,11 @@ constexpr MenuEntry submenu(const char* name, const char* caption) {
     return {.kind = Kind::Submenu, .name = name, .caption = caption};
 }
 
+constexpr MenuEntry item(const char* name, const char* caption, void (*run)(Editor&),
+                         const char* shortcut = "") {
+    return {.name = name, .caption = caption, .shortcut = shortcut, .run = run};
+}
+
 // An item that presses the button of the same name.
 constexpr MenuEntry pressing(const char* name, const char* caption, const char* button,
                              const char* shortcut = "") {
@@ -39,6 +50,7 @@ constexpr MenuEntry helpItem(const char* name, const char* caption) {
 }
 
 constexpr std::array kFileMenu = {
+    MenuEntry{.name = "mnuNew", .caption = "&New...", .shortcut = "Ctrl+N", .run = newModel},
     MenuEntry{.name = "mnuOpen", .caption = "&Open...", .shortcut = "Ctrl+O", .run = openCommand},
     kSeparator,
     MenuEntry{.name = "mnuSave",
@@ -118,15 +130,62 @@ constexpr std::array kEditMenu = {
 
 constexpr std::array kToolsMenu = {
     pressing("mnuSnap", "&Snap", "cmdSnap"),
+    item("mnuWeld", "&Weld", weldSelection, "Ctrl+W"),
     pressing("mnuDelete", "&Delete", "cmdDelete", "Del"),
+    item("mnuDeleteFace", "Delete &Face", deleteSelectedFaces),
+    kSeparator,
+    item("mnuExpandSelection", "&Expand Selection", expandSelection, "Ctrl+E"),
+    kSeparator,
+    item("mnuRecalculateNormals", "&Recalculate Normals", recalculateNormals),
+    item("mnuSnapNormals", "Snap &Normals", snapNormals),
+    kSeparator,
+    submenu("mnuMirror", "&Mirror"),
+    item("mnuMirrorX", "Mirror &X", [](Editor& editor) { mirrorSelection(editor, Axis::X); }),
+    item("mnuMirrorY", "Mirror &Y", [](Editor& editor) { mirrorSelection(editor, Axis::Y); }),
+    item("mnuMirrorZ", "Mirror &Z", [](Editor& editor) { mirrorSelection(editor, Axis::Z); }),
+    kSubmenuEnd,
+    submenu("mnuAlign", "&Align"),
+    item("mnuAlignX", "Align &X", [](Editor& editor) { alignSelection(editor, Axis::X); }),
+    item("mnuAlignY", "Align &Y", [](Editor& editor) { alignSelection(editor, Axis::Y); }),
+    item("mnuAlignZ", "Align &Z", [](Editor& editor) { alignSelection(editor, Axis::Z); }),
+    kSubmenuEnd,
+    item("mnuSetCoordinates", "Set &Coordinates...", setCoordinates),
+    kSeparator,
+    submenu("mnuVertexGroups", "&Vertex Groups"),
+    item("mnuAssignVertexGroup", "&Assign Vertex Group...", assignVertexGroup),
+    item("mnuSelectByVertGroup", "&Select by Vertex Group...", selectByVertexGroup),
+    item("mnuVertGroupOfSel", "&Groups of the Selection", showVertexGroups),
+    kSubmenuEnd,
+    submenu("mnuMatrices", "Ma&trices"),
+    item("mnuViewMatrices", "&View Matrices", viewMatrices),
+    item("mnuAddMatrix", "&Add Matrix...", addMatrix),
+    kSubmenuEnd,
 };
 
 constexpr std::array kViewMenu = {
     MenuEntry{.name = "mnuShowNormals",
               .caption = "Show &Normals",
-              .shortcut = "Ctrl+N",
+              .shortcut = "Ctrl+Shift+N",
               .run = toggleShowNormals,
               .checked = [](const Editor& editor) { return editor.modes.showNormals; }},
+    kSeparator,
+    submenu("mnuMarkerTools", "&Markers"),
+    item("mnuAddMarker", "&Add Marker...", addMarker),
+    item("mnuAddMarkerAtSelection", "Add Marker at &Selection", addMarkerAtSelection),
+    MenuEntry{.name = "mnuAddMarkerGraphically",
+              .caption = "Add Marker &Graphically",
+              .run = addMarkerGraphically,
+              .checked = [](const Editor& editor) { return editor.modes.placingMarker; }},
+    kSeparator,
+    item("mnuRemoveLastMarker", "Remove &Last Marker", removeLastMarker),
+    item("mnuRemoveAllMarkers", "&Remove All Markers", removeAllMarkers),
+    kSubmenuEnd,
+    kSeparator,
+    item("mnuSelVertCount", "Selected &Vertex Count", showVertexCount),
+    item("mnuSelFaceCount", "Selected &Face Count", showFaceCount),
+    kSeparator,
+    item("mnuViewCoM", "View &Center of Mass...", viewCentreOfMass),
+    item("mnuCopyCoM", "Co&py Center of Mass", copyCentreOfMass),
 };
 
 constexpr std::array kHelpMenu = {
@@ -134,6 +193,8 @@ constexpr std::array kHelpMenu = {
     helpItem<1>("mnuNavigation", "&Navigation"),
     helpItem<2>("mnuSelection", "S&election"),
     helpItem<3>("mnuTransformations", "&Transformations"),
+    helpItem<4>("mnuMarkers", "&Markers"),
+    helpItem<5>("mnuCloning", "&Cloning"),
     kSeparator,
     MenuEntry{.name = "mnuEnableTips",
               .caption = "Enable T&ips",
@@ -144,7 +205,7 @@ constexpr std::array kHelpMenu = {
                   },
               .checked = [](const Editor& editor) { return editor.modes.tipsEnabled; }},
     kSeparator,
-    helpItem<4>("mnuAbout", "&About"),
+    helpItem<6>("mnuAbout", "&About"),
 };
 
 constexpr std::array<MenuTable, 5> kMenus = {{

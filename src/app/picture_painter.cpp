@@ -1,7 +1,10 @@
 #include "app/picture_painter.h"
 
-#include <QLineF>
-#include <QRectF>
+#include <QImage>
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <utility>
 
 #include "app/theme.h"
 
@@ -9,70 +12,152 @@ namespace corvane {
 
 namespace {
 
-// Coordinates far outside a picture are beyond what a painter draws right; nothing of them shows
-// where they are cut off.
-constexpr double kFarAway = 1e6;  // pixels
-
-// Collects neighbours of one colour, which are much cheaper painted together.
-class Batch {
+// Draws lines straight into an image. A mesh is very many short lines in
+// colours that take turns; what QPainter does for each of them takes several
+// times as long. Which pixels a line covers is as QPainter has it.
+class LineCanvas {
 public:
-    explicit Batch(QPainter& painter) : painter_(painter) {}
+    /// Lines are `lineWidth` pixels of the image wide.
+    LineCanvas(QImage& image, int lineWidth)
+        : pixels_(reinterpret_cast<QRgb*>(image.bits())),
+          across_{1, image.width()},
+          down_{image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)), image.height()},
+          lineWidth_(lineWidth) {}
 
-    void line(const QLineF& line) { lines_.push_back(line); }
-    void box(const QRectF& box) { boxes_.push_back(box); }
+    void line(QPointF from, QPointF to, QRgb colour) {
+        const Point p = inSubpixels(from);
+        const Point q = inSubpixels(to);
+        if (std::abs(q.x - p.x) >= std::abs(q.y - p.y)) {
+            line(across_, down_, p.x, p.y, q.x, q.y, colour);
+        } else {
+            line(down_, across_, p.y, p.x, q.y, q.x, colour);
+        }
+    }
 
-    void flush() {
-        if (!lines_.empty()) painter_.drawLines(lines_.data(), static_cast<int>(lines_.size()));
-        if (!boxes_.empty()) painter_.drawRects(boxes_.data(), static_cast<int>(boxes_.size()));
-        lines_.clear();
-        boxes_.clear();
+    void box(QPointF corner, QPointF opposite, QRgb colour) {
+        const Point p = inSubpixels(corner);
+        const Point q = inSubpixels(opposite);
+        line(across_, down_, p.x, p.y, q.x, p.y, colour);
+        line(across_, down_, p.x, q.y, q.x, q.y, colour);
+        line(down_, across_, p.y, p.x, q.y, p.x, colour);
+        line(down_, across_, p.y, q.x, q.y, q.x, colour);
     }
 
 private:
-    QPainter& painter_;
-    std::vector<QLineF> lines_;
-    std::vector<QRectF> boxes_;
+    using Subpixels = std::int64_t;  // 64ths of a pixel
+    static constexpr int kSubpixelBits = 6;
+    static constexpr Subpixels kHalfPixel = 1 << (kSubpixelBits - 1);
+
+    struct Point {
+        Subpixels x;
+        Subpixels y;
+    };
+
+    // One direction of the image: the way from a pixel to the next one, and how
+    // many there are.
+    struct Direction {
+        qsizetype step;
+        int count;
+    };
+
+    // A line's pixels begin half of what its width is above 1 before it.
+    Subpixels inSubpixels(double pixels) const {
+        constexpr double kFarAway = 1e8;  // nothing of a line shows where it is cut off there
+        const double near = std::clamp(pixels, -kFarAway, kFarAway);
+        return static_cast<Subpixels>(near * (1 << kSubpixelBits)) - (lineWidth_ - 1) * kHalfPixel;
+    }
+    Point inSubpixels(QPointF point) const {
+        return {inSubpixels(point.x()), inSubpixels(point.y())};
+    }
+
+    // Walks from a1 to a2 in the direction in which the line is the longer one,
+    // and follows it from b1 to b2 in the other one.
+    void line(Direction a, Direction b, Subpixels a1, Subpixels b1, Subpixels a2, Subpixels b2,
+              QRgb colour) {
+        if (a1 > a2) {
+            std::swap(a1, a2);
+            std::swap(b1, b2);
+        }
+        const Subpixels first = std::max<Subpixels>(a1 >> kSubpixelBits, 0);
+        const Subpixels end = std::min<Subpixels>((a2 >> kSubpixelBits) + lineWidth_, a.count);
+        const bool missesB = std::max(b1, b2) >> kSubpixelBits <= -lineWidth_ ||
+                             std::min(b1, b2) >> kSubpixelBits >= b.count;
+        if (first >= end || missesB) return;
+
+        constexpr int kSlopeBits = 16;
+        const std::int64_t slope = a1 == a2 ? 0 : (b2 - b1) * (1 << kSlopeBits) / (a2 - a1);
+        const Subpixels ahead = (first << kSubpixelBits) + (slope > 0 ? kHalfPixel : 0) - a1;
+        std::int64_t at = b1 * (1 << kSlopeBits) + ahead * slope;
+        for (Subpixels i = first; i < end; ++i, at += slope << kSubpixelBits) {
+            const Subpixels from = at >> (kSlopeBits + kSubpixelBits);
+            for (Subpixels k = from; k < from + lineWidth_; ++k) {
+                if (k >= 0 && k < b.count) pixels_[i * a.step + k * b.step] = colour;
+            }
+        }
+    }
+
+    QRgb* pixels_;
+    Direction across_;
+    Direction down_;
+    int lineWidth_;
 };
+
+// Colours as they are painted. There are few of them, but working one out takes
+// long.
+class PaintedColours {
+public:
+    explicit PaintedColours(const QPalette& palette) : palette_(palette) {}
+
+    QRgb operator[](Colour colour) {
+        const auto known = std::ranges::find(known_, colour, &std::pair<Colour, QRgb>::first);
+        if (known != known_.end()) return known->second;
+        return known_.emplace_back(colour, painted(colour, palette_).rgb()).second;
+    }
+
+private:
+    const QPalette& palette_;
+    std::vector<std::pair<Colour, QRgb>> known_;
+};
+
+void drawCircle(QImage& image, QPointF centre, double radius, QRgb colour) {
+    QPainter painter(&image);
+    painter.setPen(QPen(QColor(colour), 1));
+    painter.drawEllipse(centre, radius, radius);
+}
 
 }  // namespace
 
 void paintPrimitives(QPainter& painter, const std::vector<Primitive>& primitives,
                      double unitsPerPixel, const QPalette& palette) {
-    Batch batch(painter);
-    bool first = true;
-    Colour colour = kBlack;
-    Primitive::Kind kind = Primitive::Kind::Line;
-    const auto px = [&](double units) {
-        return std::clamp(units / unitsPerPixel, -kFarAway, kFarAway);
-    };
-    painter.setBrush(Qt::NoBrush);
+    const QPaintDevice& device = *painter.device();
+    const double ratio = device.devicePixelRatioF();
+    QImage picture((QSizeF(device.width(), device.height()) * ratio).toSize(),
+                   QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+
+    LineCanvas canvas(picture, std::max(1, qRound(ratio)));
+    PaintedColours colours(palette);
+    const double scale = ratio / unitsPerPixel;
     for (const Primitive& item : primitives) {
-        if (first || item.colour != colour || item.kind != kind) {
-            batch.flush();
-            if (first || item.colour != colour) {
-                QPen pen(painted(item.colour, palette));
-                pen.setWidth(1);
-                painter.setPen(pen);
-            }
-            first = false;
-            colour = item.colour;
-            kind = item.kind;
-        }
+        const QPointF first = QPointF(item.x1, item.y1) * scale;
+        const QPointF second = QPointF(item.x2, item.y2) * scale;
+        const QRgb colour = colours[item.colour];
         switch (item.kind) {
             case Primitive::Kind::Line:
-                batch.line({px(item.x1), px(item.y1), px(item.x2), px(item.y2)});
+                canvas.line(first, second, colour);
                 break;
             case Primitive::Kind::Box:
-                batch.box({QPointF(px(item.x1), px(item.y1)), QPointF(px(item.x2), px(item.y2))});
+                canvas.box(first, second, colour);
                 break;
             case Primitive::Kind::Circle:
-                painter.drawEllipse(QPointF(px(item.x1), px(item.y1)), px(item.x2), px(item.x2));
+                drawCircle(picture, first / ratio, second.x() / ratio, colour);
                 break;
             case Primitive::Kind::Image:
                 break;  // these pictures hold none
         }
     }
-    batch.flush();
+    painter.drawImage(QPointF(0, 0), picture);
 }
 
 }  // namespace corvane

@@ -35,6 +35,17 @@ void prepare(QMessageBox& box, const std::string& caption, const std::string& te
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
+void showMessage(const std::string& caption, const std::string& text,
+                 Qt::LayoutDirection direction) {
+    QMessageBox box(parentWindow());
+    prepare(box, caption, text);
+    box.setLayoutDirection(direction);
+    if (caption == kErrorCaption) box.setIcon(QMessageBox::Critical);
+    if (caption == kWarningCaption) box.setIcon(QMessageBox::Warning);
+    box.setStandardButtons(QMessageBox::Ok);
+    box.exec();
+}
+
 }  // namespace
 
 std::optional<std::string> QtDialogs::openFile(const std::string& filter,
@@ -64,12 +75,11 @@ std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const 
 }
 
 void QtDialogs::messageBox(const std::string& caption, const std::string& text) {
-    QMessageBox box(parentWindow());
-    prepare(box, caption, text);
-    if (caption == kErrorCaption) box.setIcon(QMessageBox::Critical);
-    if (caption == kWarningCaption) box.setIcon(QMessageBox::Warning);
-    box.setStandardButtons(QMessageBox::Ok);
-    box.exec();
+    showMessage(caption, text, QGuiApplication::layoutDirection());
+}
+
+void QtDialogs::rightToLeftMessageBox(const std::string& caption, const std::string& text) {
+    showMessage(caption, text, Qt::RightToLeft);
 }
 
 bool QtDialogs::yesNo(const std::string& caption, const std::string& text) {

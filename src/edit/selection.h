@@ -22,4 +22,17 @@ void selectAll(Editor& editor);
 /// The command Invert Selection.
 void invertSelection(Editor& editor);
 
+/// The command Expand Selection: selects every vertex that a chain of faces connects to a selected
+/// one, whatever is deleted.
+void expandSelection(Editor& editor);
+
+/// Message boxes with the number of selected vertices, and of faces whose corners are all selected.
+void showVertexCount(Editor& editor);
+void showFaceCount(Editor& editor);
+
+/// The selection's centre as a triple of model text, in the file's order and rounded to 6
+/// decimals: shown in an input box to copy from, or put on the clipboard.
+void viewCentreOfMass(Editor& editor);
+void copyCentreOfMass(Editor& editor);
+
 }  // namespace corvane

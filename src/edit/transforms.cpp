@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "edit/clone.h"
 #include "edit/selection.h"
 #include "views/ortho_view.h"
 
@@ -12,12 +13,17 @@ namespace {
 // Shorter than the full constant. Kept, so that a rotation gives the same digits as ever.
 constexpr double kPi = 3.14159265358;
 
-void record(Editor& editor, const Triple& numbers, std::string_view name) {
-    if (editor.modes.cloneMode) {
-        pushUndo(editor, {.keepFaces = true, .keepVertices = true}, {}, "Clone");
-    } else {
+// Records the step of a transform, and in clone mode leaves a copy behind. False, after a message,
+// where there is no room for the copy; the transform must not go on then.
+bool recordAndClone(Editor& editor, const Triple& numbers, std::string_view name) {
+    if (!editor.modes.cloneMode) {
         pushUndo(editor, {}, numbers, name);
+        return true;
     }
+    if (!canClone(editor)) return false;
+    pushUndo(editor, {.keepFaces = true, .keepVertices = true}, {}, "Clone");
+    cloneSelection(editor);
+    return true;
 }
 
 std::array<bool, 3> activeSlots(const ToolModes& modes) {
@@ -65,7 +71,7 @@ void turn(Triple& point, Plane plane, double degrees) {
 }  // namespace
 
 void moveSelection(Editor& editor, const Triple& delta, bool recordUndo) {
-    if (recordUndo) record(editor, delta, "Move");
+    if (recordUndo && !recordAndClone(editor, delta, "Move")) return;
     const std::array<bool, 3> active = activeSlots(editor.modes);
     for (VertexRecord& vertex : editor.store.Vertices) {
         if (!vertex.selected) continue;
@@ -86,7 +92,7 @@ double scaleFactor(double a, double b) {
 }
 
 void scaleSelection(Editor& editor, double a, double b, bool recordUndo) {
-    if (recordUndo) record(editor, {a, b, 0}, "Scale");
+    if (recordUndo && !recordAndClone(editor, {a, b, 0}, "Scale")) return;
     const double s = scaleFactor(a, b);
     const Triple centre = selectionCentre(editor.store);
     const std::array<bool, 3> active = activeSlots(editor.modes);
@@ -104,7 +110,9 @@ void scaleSelection(Editor& editor, double a, double b, bool recordUndo) {
 }
 
 void rotateSelection(Editor& editor, double& angle, Axis axis, bool recordUndo) {
-    if (recordUndo) record(editor, {angle, 0, 0}, std::string("Rotate ") + letterOf(axis));
+    if (recordUndo &&
+        !recordAndClone(editor, {angle, 0, 0}, std::string("Rotate ") + letterOf(axis)))
+        return;
     angle /= 2;
     const Triple centre = selectionCentre(editor.store);
     const Plane plane = planeAbout(axis);

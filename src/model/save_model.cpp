@@ -145,30 +145,31 @@ std::optional<PiecedText> composeSave(Editor& editor, const Base& base, bool sin
     }
 }
 
-// Asks for the file to save to and makes it the current model. False where the user cancels.
-bool askSavePath(Editor& editor) {
-    GeosetStore& store = editor.store;
-    const std::optional<std::string> path = editor.dialogs.saveFile(kModelFilter, store.modelPath);
-    if (!path) return false;
-    if (*path == store.workPath || isSameFile(*path, store.workPath)) {
+}  // namespace
+
+std::optional<std::string> askSavePath(Editor& editor) {
+    const GeosetStore& store = editor.store;
+    std::optional<std::string> path = editor.dialogs.saveFile(kModelFilter, store.modelPath);
+    if (path && (*path == store.workPath || isSameFile(*path, store.workPath))) {
         editor.dialogs.messageBox(kErrorCaption,
                                   *path +
                                       " is the working copy of the model that is open, which "
                                       "is deleted in the end. Choose another name.");
-        return false;
+        return std::nullopt;
     }
-    store.savePath = *path;
-    store.modelPath = *path;
-    return true;
+    return path;
 }
-
-}  // namespace
 
 void writeModel(Editor& editor, bool singleGeoset, bool askPath) {
     GeosetStore& store = editor.store;
     if (!store.modelLoaded) return;
     store.savePath = store.modelPath;
-    if (askPath && !askSavePath(editor)) return;
+    if (askPath) {
+        const std::optional<std::string> path = askSavePath(editor);
+        if (!path) return;
+        store.savePath = *path;
+    }
+    store.modelPath = store.savePath;
     editor.window.updateButtons();
 
     const std::optional<Base> base = readBase(editor);

@@ -5,6 +5,10 @@
 
 namespace corvane {
 
+/// Asks for a file to write a model to. Nothing where the user cancels, or after a message where
+/// the file is the working copy.
+std::optional<std::string> askSavePath(Editor& editor);
+
 /// Writes the model: the working copy with the edited geoset's sections from the store, or with
 /// `singleGeoset` that geoset alone as an unanimated model. `askPath` asks for the file first,
 /// which then is the current model. A geoset with no vertex or no face left is removed from the

@@ -67,13 +67,31 @@ constexpr const char* kSummaryText =
     "to make it save a single, unanimated geoset. This can be useful for geoset merging. No manual "
     "MDL editing is required.";
 
+constexpr const char* kMarkersText =
+    "Markers are simply marks on the viewports that can be used to keep track of spots that you "
+    "want to line things up on. For example, if you were merging a head onto a body, you might "
+    "want to make a mark on the neck in order to perfectly line the head up.\r\n\r\n"
+    "There are three ways to add markers, each of which is available in the View menu.\r\n"
+    " - Coordinate input: Manually type in the three coordinates.\r\n"
+    " - Graphical placement: Choose it in the menu to activate and then click in any of the three "
+    "viewports to place.\r\n"
+    " - Center of selection: Adds it at the center of the selected vertices.";
+
+constexpr const char* kCloningText =
+    "Cloning allows you to duplicate sections of the model. Just click the clone button to active "
+    "it and then use any of the transformations. The button will turn reddish to indicate that it "
+    "is active. The a new version, identical to what you had selected, will be created and "
+    "transformed.";
+
 constexpr const char* kAboutText = "MDL Corvane 1.14\r\n\r\nMade by the Corvane developers";
 
-constexpr std::array<HelpBox, 5> kHelpBoxes = {{
+constexpr std::array<HelpBox, 7> kHelpBoxes = {{
     {"mnuSummary", "Summary", kSummaryText},
     {"mnuNavigation", "Navigation", kNavigationText},
     {"mnuSelection", "Selection", kSelectionText},
     {"mnuTransformations", "Transformations", kTransformationsText},
+    {"mnuMarkers", "Markers", kMarkersText},
+    {"mnuCloning", "Cloning", kCloningText, true},
     {"mnuAbout", "About", kAboutText},
 }};
 
@@ -86,7 +104,12 @@ std::span<const HelpBox> helpBoxes() { return kHelpBoxes; }
 void showHelp(Editor& editor, std::string_view menuItem) {
     const auto* const box = std::ranges::find_if(
         kHelpBoxes, [&](const HelpBox& candidate) { return candidate.menuItem == menuItem; });
-    if (box != kHelpBoxes.end()) editor.dialogs.messageBox(box->title, box->text);
+    if (box == kHelpBoxes.end()) return;
+    if (box->rightToLeft) {
+        editor.dialogs.rightToLeftMessageBox(box->title, box->text);
+    } else {
+        editor.dialogs.messageBox(box->title, box->text);
+    }
 }
 
 }  // namespace corvane

@@ -21,6 +21,7 @@ struct HelpBox {
     const char* menuItem;
     const char* title;
     const char* text;
+    bool rightToLeft = false;
 };
 
 std::span<const HelpBox> helpBoxes();

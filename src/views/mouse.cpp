@@ -1,7 +1,9 @@
 #include "views/mouse.h"
 
+#include "edit/extrude.h"
 #include "edit/transforms.h"
 #include "views/box_selection.h"
+#include "views/marker_tools.h"
 
 namespace corvane {
 
@@ -41,6 +43,7 @@ void transform(Editor& editor, View view, double dH, double dV) {
             rotateSelection(editor, dV, depthAxisOf(view), true);
             break;
         case TransformMode::Extrude:
+            extrudeSelection(editor, deltaIn(view, dH, dV));
             break;
     }
 }
@@ -85,7 +88,11 @@ void mouseUp(Editor& editor, View view, MouseButton button, double x, double y) 
     drag.dragEndH = point.h;
     drag.dragEndV = point.v;
     if (button == MouseButton::Left) {
-        boxSelect(editor, axesOf(view));
+        if (editor.modes.placingMarker) {
+            placeMarkerAt(editor, axesOf(view));
+        } else {
+            boxSelect(editor, axesOf(view));
+        }
     } else {
         transform(editor, view, drag.dragEndH - drag.dragStartH, drag.dragEndV - drag.dragStartV);
     }

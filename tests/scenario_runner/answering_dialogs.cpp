@@ -95,6 +95,10 @@ void AnsweringDialogs::messageBox(const std::string& caption, const std::string&
     pressed(caption, text, "ok", {"ok"});
 }
 
+void AnsweringDialogs::rightToLeftMessageBox(const std::string& caption, const std::string& text) {
+    messageBox(caption, text);
+}
+
 bool AnsweringDialogs::yesNo(const std::string& caption, const std::string& text) {
     return pressed(caption, text, "yesno", {"yes", "no"}) == "yes";
 }

@@ -29,6 +29,7 @@ public:
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultAnswer) override;
     void messageBox(const std::string& caption, const std::string& text) override;
+    void rightToLeftMessageBox(const std::string& caption, const std::string& text) override;
     bool yesNo(const std::string& caption, const std::string& text) override;
 
 private:

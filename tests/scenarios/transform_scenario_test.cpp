@@ -127,21 +127,49 @@ dump
     EXPECT_EQ(undoNames(played.dump(3)), "Scale, Set Active Axes, Selection");
 }
 
-TEST_F(TransformScenario, ExtrudeAndCloneWaitForTheirTools) {
+// With one vertex selected there is no face to copy, only the vertex.
+TEST_F(TransformScenario, CloneLeavesACopyBehindOnceAndSaysSoByItsColour) {
     folder.write("hero.mdl", squareModel());
     const Played played = playAll(kOpen + kSelectThird + R"(
 press cmdClone
 dump
-press cmdClone
-press cmdExtrude
 drag pbxFront right 100 100 120 92
+dump
+drag pbxFront right 100 100 120 92
+dump
+menu mnuUndo
+menu mnuUndo
 dump
 )");
     EXPECT_TRUE(at(played.dump(0), "modes.cloneMode").toBool());
     EXPECT_EQ(at(played.dump(0), "buttons.cmdClone.color").toString(), "#ff8080");
-    EXPECT_FALSE(at(played.dump(1), "modes.cloneMode").toBool());
+    EXPECT_EQ(at(played.dump(1), "buttons.cmdClone.color").toString(), "face");
+    EXPECT_EQ(selected(played.dump(1)), "5");
     EXPECT_EQ(position(played.dump(1), 3), (Values{30, 30, 0}));
-    EXPECT_EQ(undoNames(played.dump(1)), "Selection");
+    EXPECT_EQ(position(played.dump(1), 5), (Values{45, 36, 0}));
+    EXPECT_EQ(position(played.dump(2), 5), (Values{60, 42, 0})) << "moved, not copied again";
+    EXPECT_EQ(undoNames(played.dump(2)), "Move, Clone, Selection");
+    EXPECT_EQ(played.dump(3)["vertices"].toArray().size(), 4);
+    EXPECT_EQ(selected(played.dump(3)), "3");
+}
+
+// A drag in each view extrudes along that view's axes.
+TEST_F(TransformScenario, ExtrudePullsTheSelectedFacesOut) {
+    folder.write("hero.mdl", squareModel());
+    const Played played = playAll(kOpen + kSelectAll + R"(
+press cmdExtrude
+drag pbxLeft right 100 100 120 92
+dump
+menu mnuUndo
+dump
+)");
+    EXPECT_EQ(played.dump(0)["vertices"].toArray().size(), 8);
+    EXPECT_EQ(played.dump(0)["faces"].toArray().size(), 2 + 4 * 2) << "four walls";
+    EXPECT_EQ(selected(played.dump(0)), "5 6 7 8");
+    EXPECT_EQ(position(played.dump(0), 5), (Values{-30, -24, 15}));
+    EXPECT_EQ(undoNames(played.dump(0)), "Extrude, Selection");
+    EXPECT_EQ(played.dump(1)["faces"].toArray().size(), 2);
+    EXPECT_EQ(selected(played.dump(1)), "1 2 3 4");
 }
 
 TEST_F(TransformScenario, ARightClickMovesByNothingButIsAStep) {

@@ -3,10 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <string>
+#include <vector>
 
 #include "editor.h"
 #include "scripted_dialogs.h"
@@ -17,13 +20,19 @@ namespace corvane {
 /// Stands in for the main window.
 class TestWindow : public MainWindow {
 public:
-    void updateButtons() override { ++buttonUpdates; }
+    void updateButtons() override {
+        ++buttonUpdates;
+        if (onUpdateButtons) onUpdateButtons();
+    }
     void showTip(const std::string& text) override { tip = text; }
     void startSelectTimer() override { ++timerStarts; }
+    void copyText(const std::string& text) override { clipboard = text; }
 
     int buttonUpdates = 0;
     int timerStarts = 0;
     std::string tip;
+    std::string clipboard;
+    std::function<void()> onUpdateButtons;  ///< called whenever the buttons are refreshed
 };
 
 /// A folder that is deleted in the end.

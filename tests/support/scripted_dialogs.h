@@ -5,6 +5,7 @@
 
 #include <deque>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -44,6 +45,9 @@ public:
     }
     void messageBox(const std::string& caption, const std::string& text) override {
         asked.push_back({"message", caption, text, ""});
+    }
+    void rightToLeftMessageBox(const std::string& caption, const std::string& text) override {
+        asked.push_back({"message", caption, text, "right to left"});
     }
     bool yesNo(const std::string& caption, const std::string& text) override {
         asked.push_back({"yesno", caption, text, ""});
