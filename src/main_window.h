@@ -5,6 +5,8 @@
 
 namespace corvane {
 
+struct UVData;
+
 class MainWindow {
 public:
     virtual ~MainWindow() = default;
@@ -17,6 +19,9 @@ public:
 
     /// Starts, or starts again, the single-shot timer that allows box selection when it fires.
     virtual void startSelectTimer() = 0;
+
+    /// Shows the texture editor with new data.
+    virtual void showTextureEditor(UVData data) = 0;
 
     /// Puts a text (UTF-8) on the clipboard.
     virtual void copyText(const std::string& text) = 0;

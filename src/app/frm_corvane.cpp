@@ -6,6 +6,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -80,15 +81,10 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers)
     buildMenus();
     finishControls();
 
-    const int panelWidth = toolPanel_->sizeHint().width();
-    const int tipsHeight = txtTips_->sizeHint().height();
-    const int picturesWidth = kPictureOrigin.x() + 2 * kColumnStep;
-    const int picturesHeight = kPictureOrigin.y() + kRowStep + kPictureSize.height();
-    central_->setMinimumSize(picturesWidth + panelWidth + kMargin,
-                             std::max(picturesHeight, kMargin + toolPanel_->sizeHint().height()) +
-                                 tipsHeight + 2 * kMargin);
+    fitMinimumSize();
     adjustSize();
     updateButtons();
+    button("cmdSelect")->setFocus();  // where a stray blank does no harm
 }
 
 void frmCorvane::start() { startUp(editor_); }
@@ -297,6 +293,16 @@ void frmCorvane::finishControls() {
     }
 }
 
+// The pictures at their first size and all that stands round them.
+void frmCorvane::fitMinimumSize() {
+    const QSize panel = toolPanel_->sizeHint();
+    const int picturesWidth = kPictureOrigin.x() + 2 * kColumnStep;
+    const int picturesHeight = kPictureOrigin.y() + kRowStep + kPictureSize.height();
+    central_->setMinimumSize(picturesWidth + panel.width() + kMargin,
+                             std::max(picturesHeight, kMargin + panel.height()) +
+                                 txtTips_->sizeHint().height() + 2 * kMargin);
+}
+
 // All pictures grow alike; what stands beside them keeps its size.
 void frmCorvane::layOut() {
     const QSize extra = (central_->size() - central_->minimumSize()).expandedTo(QSize(0, 0));
@@ -363,7 +369,9 @@ void frmCorvane::updateTitle() {
     }
     QString geoset = tr("Geoset %1").arg(store.geosetNumber);
     if (editor_.workingCopy.geosetRemoved) geoset = tr("Removed geoset");
-    setWindowTitle(tr("%1[*] - %2 - Corvane").arg(fileName(store.modelPath), geoset));
+    // In a title "[*]" is where edits are marked; twice it stands for itself.
+    const QString name = fileName(store.modelPath).replace("[*]", "[*][*]");
+    setWindowTitle(tr("%1[*] - %2 - Corvane").arg(name, geoset));
     setWindowModified(store.modified);
 }
 
@@ -375,17 +383,35 @@ void frmCorvane::showTip(const std::string& text) {
 
 void frmCorvane::startSelectTimer() { tmrTime_.start(); }
 
+void frmCorvane::showTextureEditor(UVData newData) {
+    if (!textureEditor_) textureEditor_ = std::make_unique<frmUVEditor>(editor_);
+    textureEditor_->showWith(std::move(newData));
+}
+
 void frmCorvane::copyText(const std::string& text) {
     QGuiApplication::clipboard()->setText(QString::fromStdString(text));
 }
 
 void frmCorvane::closeEvent(QCloseEvent* event) {
+    if (textureEditor_) textureEditor_->close();
     closeModel(editor_);
     event->accept();
 }
 
 bool frmCorvane::eventFilter(QObject* watched, QEvent* event) {
     if (watched == central_ && event->type() == QEvent::Resize) layOut();
+    if (watched == central_ && event->type() == QEvent::LayoutRequest) {
+        // The panel or the tip needs another size now: the user chose another font, say.
+        fitMinimumSize();
+        layOut();
+    }
+    // A text box that has the focus must not keep the window's shortcuts to itself. Nothing can be
+    // typed into these.
+    if (event->type() == QEvent::ShortcutOverride && qobject_cast<QLineEdit*>(watched) != nullptr &&
+        !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        event->ignore();
+        return true;
+    }
     if (event->type() == QEvent::MouseMove && qobject_cast<PictureBox*>(watched) == nullptr) {
         const QString tip = tips_.value(watched->objectName());
         showTip(tip.toStdString());

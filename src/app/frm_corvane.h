@@ -5,7 +5,9 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QTimer>
+#include <memory>
 
+#include "app/frm_uv_editor.h"
 #include "app/main_window_tables.h"
 #include "app/picture_box.h"
 #include "app/tool_button.h"
@@ -26,6 +28,15 @@ public:
     /// The state behind the window.
     const Editor& editor() const { return editor_; }
 
+    /// The texture editor's window; null before it was first opened.
+    frmUVEditor* textureEditor() const { return textureEditor_.get(); }
+
+    /// What drawing the perspective view worked out and did not use, one number a vertex: how far
+    /// across it lies, model units. Empty before the first drawing.
+    std::vector<double> TVertX() const { return editor_.perspective.across; }
+    /// Nothing fills this one.
+    std::vector<double> TVertY() const { return {}; }
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,6 +46,7 @@ private:
     void updateButtons() override;
     void showTip(const std::string& text) override;
     void startSelectTimer() override;
+    void showTextureEditor(UVData data) override;
     void copyText(const std::string& text) override;
 
     void buildMenus();
@@ -45,6 +57,7 @@ private:
     void buildReadouts(QWidget& panel);
     void connectPicture(PictureBox& picture, View view);
     void finishControls();
+    void fitMinimumSize();
     void layOut();
     void updateTitle();
     bool isMet(Needs needs) const;
@@ -67,6 +80,7 @@ private:
     std::vector<std::pair<QAction*, const MenuEntry*>> items_;
     std::vector<std::pair<QMenu*, Needs>> menus_;
     Editor editor_;
+    std::unique_ptr<frmUVEditor> textureEditor_;  // made when it is first asked for
 };
 
 }  // namespace corvane

@@ -1,13 +1,37 @@
 // The editor.
 
 #include <QApplication>
+#include <exception>
+#include <string>
 
 #include "app/frm_corvane.h"
 #include "app/qt_dialogs.h"
 #include "app/user_locale.h"
 
+namespace {
+
+// An error that nothing caught must not end the program: what the user has not saved would be lost.
+class Application : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& error) {
+            corvane::QtDialogs().messageBox(
+                corvane::kErrorCaption,
+                std::string("Something went wrong: ") + error.what() +
+                    ".\n\nThe last command may be incomplete. Save your work under another name.");
+            return true;
+        }
+    }
+};
+
+}  // namespace
+
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+    const Application application(argc, argv);
     QApplication::setApplicationName("Corvane");
     QApplication::setDesktopFileName("corvane");
 

@@ -13,6 +13,7 @@
 #include "model/new_model.h"
 #include "model/open_model.h"
 #include "model/save_model.h"
+#include "uveditor/exchange.h"
 #include "views/help_texts.h"
 #include "views/marker_tools.h"
 #include "views/navigation.h"
@@ -130,7 +131,7 @@ constexpr std::array kEditMenu = {
 
 constexpr std::array kToolsMenu = {
     pressing("mnuSnap", "&Snap", "cmdSnap"),
-    item("mnuWeld", "&Weld", weldSelection, "Ctrl+W"),
+    item("mnuWeld", "&Weld", weldSelection),
     pressing("mnuDelete", "&Delete", "cmdDelete", "Del"),
     item("mnuDeleteFace", "Delete &Face", deleteSelectedFaces),
     kSeparator,
@@ -186,6 +187,8 @@ constexpr std::array kViewMenu = {
     kSeparator,
     item("mnuViewCoM", "View &Center of Mass...", viewCentreOfMass),
     item("mnuCopyCoM", "Co&py Center of Mass", copyCentreOfMass),
+    kSeparator,
+    item("mnuUVMapping", "&UV Mapping...", openTextureEditor, "Ctrl+U"),
 };
 
 constexpr std::array kHelpMenu = {

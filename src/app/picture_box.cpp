@@ -12,13 +12,35 @@ namespace {
 
 constexpr int kTextMargin = 4;  // pixels
 
-QPointF inTwips(const QMouseEvent& event) { return event.position() * kTwipsPerPixel; }
-
 }  // namespace
 
-PictureBox::PictureBox(QWidget* parent) : QWidget(parent), surface_(*this) {
+PictureBox::PictureBox(QWidget* parent, int unitsPerPixel)
+    : QWidget(parent), unitsPerPixel_(unitsPerPixel), surface_(*this) {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+}
+
+QPointF PictureBox::inUnits(const QMouseEvent& event) const {
+    return event.position() * unitsPerPixel_;
+}
+
+void PictureBox::setImage(const QImage& image) {
+    image_ = image;
+    update();
+}
+
+// Only what is seen of it: a large image zoomed in costs no more than the view has pixels.
+void PictureBox::paintImage(QPainter& painter, const Primitive& place) const {
+    const QRectF target(place.x1 / unitsPerPixel_, place.y1 / unitsPerPixel_,
+                        place.x2 / unitsPerPixel_, place.y2 / unitsPerPixel_);
+    const QRectF seen = target.intersected(QRectF(rect()));
+    if (seen.isEmpty() || image_.isNull()) return;
+    const double scaleX = image_.width() / target.width();
+    const double scaleY = image_.height() / target.height();
+    const QRectF source((seen.left() - target.left()) * scaleX,
+                        (seen.top() - target.top()) * scaleY, seen.width() * scaleX,
+                        seen.height() * scaleY);
+    painter.drawImage(seen, image_, source);
 }
 
 void PictureBox::setCaption(const QString& caption) {
@@ -34,7 +56,11 @@ void PictureBox::setHint(const QString& hint) {
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Active, QPalette::Base));
-    paintPrimitives(painter, surface_.primitives(), kTwipsPerPixel, palette());
+    for (const Primitive& item : surface_.primitives()) {
+        if (item.kind != Primitive::Kind::Image) break;  // images lie under everything else
+        paintImage(painter, item);
+    }
+    paintPrimitives(painter, surface_.primitives(), unitsPerPixel_, palette());
     const QRect textArea = rect().adjusted(kTextMargin, kTextMargin, -kTextMargin, -kTextMargin);
     painter.setPen(palette().color(QPalette::Active, QPalette::PlaceholderText));
     painter.drawText(textArea, Qt::AlignLeft | Qt::AlignTop, caption_);
@@ -46,22 +72,22 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void PictureBox::resizeEvent(QResizeEvent* /*event*/) {
-    surface_.resize(width() * kTwipsPerPixel, height() * kTwipsPerPixel);
+    surface_.resize(width() * unitsPerPixel_, height() * unitsPerPixel_);
     if (onResize) onResize();
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
-    const QPointF at = inTwips(*event);
+    const QPointF at = inUnits(*event);
     if (onMove) onMove(at.x(), at.y());
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
-    const QPointF at = inTwips(*event);
+    const QPointF at = inUnits(*event);
     if (onPress) onPress(at.x(), at.y());
 }
 
 void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
-    const QPointF at = inTwips(*event);
+    const QPointF at = inUnits(*event);
     const MouseButton button =
         event->button() == Qt::LeftButton ? MouseButton::Left : MouseButton::Other;
     if (onRelease) onRelease(button, at.x(), at.y());

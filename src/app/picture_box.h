@@ -2,6 +2,7 @@
 // drawing units.
 #pragma once
 
+#include <QImage>
 #include <QString>
 #include <QWidget>
 #include <functional>
@@ -11,16 +12,16 @@
 
 namespace corvane {
 
-/// Drawing units to a pixel.
+/// Drawing units to a pixel in the main window's pictures.
 inline constexpr int kTwipsPerPixel = 15;
 
 class PictureBox : public QWidget {
     Q_OBJECT
 
 public:
-    explicit PictureBox(QWidget* parent);
+    explicit PictureBox(QWidget* parent, int unitsPerPixel = kTwipsPerPixel);
 
-    /// What the core draws on, twips.
+    /// What the core draws on, in drawing units.
     DrawingSurface& surface() { return surface_; }
     /// What has been drawn since it was last cleared.
     const std::vector<Primitive>& drawn() const { return surface_.primitives(); }
@@ -30,7 +31,10 @@ public:
     /// What to do, shown while the core has drawn nothing yet.
     void setHint(const QString& hint);
 
-    /// Called with positions in twips.
+    /// The image that the surface draws, at its own size.
+    void setImage(const QImage& image);
+
+    /// Called with positions in drawing units.
     std::function<void(double x, double y)> onMove;
     std::function<void(double x, double y)> onPress;
     std::function<void(MouseButton button, double x, double y)> onRelease;
@@ -62,7 +66,12 @@ private:
         QWidget& widget_;
     };
 
+    QPointF inUnits(const QMouseEvent& event) const;
+    void paintImage(QPainter& painter, const Primitive& place) const;
+
+    int unitsPerPixel_;
     Surface surface_;
+    QImage image_;
     QString caption_;
     QString hint_;
 };

@@ -63,15 +63,16 @@ private:
     // A line's pixels begin half of what its width is above 1 before it.
     Subpixels inSubpixels(double pixels) const {
         constexpr double kFarAway = 1e8;  // nothing of a line shows where it is cut off there
-        const double near = std::clamp(pixels, -kFarAway, kFarAway);
+        // In this order of arguments NaN, too, goes far away.
+        const double near = std::min(std::max(-kFarAway, pixels), kFarAway);
         return static_cast<Subpixels>(near * (1 << kSubpixelBits)) - (lineWidth_ - 1) * kHalfPixel;
     }
     Point inSubpixels(QPointF point) const {
         return {inSubpixels(point.x()), inSubpixels(point.y())};
     }
 
-    // Walks from a1 to a2 in the direction in which the line is the longer one,
-    // and follows it from b1 to b2 in the other one.
+    // Walks from a1 to a2 in the direction in which the line is the longer one, and follows it
+    // from b1 to b2 in the other one.
     void line(Direction a, Direction b, Subpixels a1, Subpixels b1, Subpixels a2, Subpixels b2,
               QRgb colour) {
         if (a1 > a2) {
@@ -84,12 +85,17 @@ private:
                              std::min(b1, b2) >> kSubpixelBits >= b.count;
         if (first >= end || missesB) return;
 
-        constexpr int kSlopeBits = 16;
-        const std::int64_t slope = a1 == a2 ? 0 : (b2 - b1) * (1 << kSlopeBits) / (a2 - a1);
+        // Followed in whole numbers, but from a start that is exact however far away a1 is.
+        constexpr int kFractionBits = 16;  // of a subpixel
+        constexpr double kOne = 1 << kFractionBits;
+        const double slope =
+            b1 == b2 ? 0 : static_cast<double>(b2 - b1) / static_cast<double>(a2 - a1);
         const Subpixels ahead = (first << kSubpixelBits) + (slope > 0 ? kHalfPixel : 0) - a1;
-        std::int64_t at = b1 * (1 << kSlopeBits) + ahead * slope;
-        for (Subpixels i = first; i < end; ++i, at += slope << kSubpixelBits) {
-            const Subpixels from = at >> (kSlopeBits + kSubpixelBits);
+        const double start = static_cast<double>(b1) + static_cast<double>(ahead) * slope;
+        auto at = static_cast<std::int64_t>(start * kOne);
+        const auto step = static_cast<std::int64_t>(slope * kOne * (1 << kSubpixelBits));
+        for (Subpixels i = first; i < end; ++i, at += step) {
+            const Subpixels from = at >> (kFractionBits + kSubpixelBits);
             for (Subpixels k = from; k < from + lineWidth_; ++k) {
                 if (k >= 0 && k < b.count) pixels_[i * a.step + k * b.step] = colour;
             }
@@ -102,8 +108,7 @@ private:
     int lineWidth_;
 };
 
-// Colours as they are painted. There are few of them, but working one out takes
-// long.
+// Colours as they are painted. There are few of them, but working one out takes long.
 class PaintedColours {
 public:
     explicit PaintedColours(const QPalette& palette) : palette_(palette) {}
@@ -154,7 +159,7 @@ void paintPrimitives(QPainter& painter, const std::vector<Primitive>& primitives
                 drawCircle(picture, first / ratio, second.x() / ratio, colour);
                 break;
             case Primitive::Kind::Image:
-                break;  // these pictures hold none
+                break;
         }
     }
     painter.drawImage(QPointF(0, 0), picture);

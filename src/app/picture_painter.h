@@ -10,7 +10,8 @@
 namespace corvane {
 
 /// Paints primitives in drawing units, `unitsPerPixel` of them to a pixel of the painter. Lines
-/// are one pixel wide.
+/// are one pixel wide. Images are left out; they lie under everything else, so whoever has them
+/// paints them before.
 void paintPrimitives(QPainter& painter, const std::vector<Primitive>& primitives,
                      double unitsPerPixel, const QPalette& palette);
 

@@ -51,10 +51,19 @@ void ToolButton::paintEvent(QPaintEvent* /*event*/) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setBrush(isDown() ? back.darker(110) : back);
         // A white button differs little from a light theme's buttons; its frame tells it apart.
-        painter.setPen(QPen(palette().color(QPalette::Highlight), hasFocus() ? 3 : 2));
+        // A switched-off axis is not told as something that is on.
+        const bool on = backColour_ != kInactiveAxisColour;
+        painter.setPen(QPen(palette().color(on ? QPalette::Highlight : QPalette::Mid), 2));
         painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), kCornerRadius,
                                 kCornerRadius);
         painter.setPen(textColourOn(back));
+        if (hasFocus()) {
+            painter.save();
+            painter.setPen(QPen(textColourOn(back), 1, Qt::DotLine));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRect(QRectF(rect()).adjusted(4.5, 4.5, -4.5, -4.5));
+            painter.restore();
+        }
         painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
     }
     if (arrow_ != Qt::NoArrow) {

@@ -86,7 +86,7 @@ Triple normalAt(const Geoset& geoset, const std::vector<std::uint32_t>& ids,
 
 Triple normalise(const Triple& vector) {
     const double length = lengthOf(vector);
-    if (length == 0) return {1, 0, 0};
+    if (length == 0 || !std::isfinite(length)) return {1, 0, 0};
     return {vector[0] / length, vector[1] / length, vector[2] / length};
 }
 

@@ -5,7 +5,8 @@
 
 namespace corvane {
 
-/// A vector divided by its length; (1, 0, 0) where the length is 0.
+/// A vector divided by its length; (1, 0, 0) where the length is 0, or too
+/// large for a number.
 Triple normalise(const Triple& vector);
 
 /// The command Recalculate Normals: gives every selected vertex the normalised sum of the unit

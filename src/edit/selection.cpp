@@ -1,6 +1,7 @@
 #include "edit/selection.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 #include "edit/clone.h"
@@ -40,7 +41,14 @@ double selectionCentre(const GeosetStore& store, Axis axis) {
         ++count;
         sum += vertex.pos[slot];
     }
-    return count == 0 ? 0 : sum / count;
+    if (count == 0) return 0;
+    if (std::isfinite(sum)) return sum / count;
+    // So far out that the sum is no number; the mean still is one.
+    double mean = 0;
+    for (const VertexRecord& vertex : store.Vertices) {
+        if (vertex.selected && !vertex.deleted) mean += vertex.pos[slot] / count;
+    }
+    return mean;
 }
 
 Triple selectionCentre(const GeosetStore& store) {

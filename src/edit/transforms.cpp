@@ -93,7 +93,8 @@ double scaleFactor(double a, double b) {
 
 void scaleSelection(Editor& editor, double a, double b, bool recordUndo) {
     if (recordUndo && !recordAndClone(editor, {a, b, 0}, "Scale")) return;
-    const double s = scaleFactor(a, b);
+    double s = scaleFactor(a, b);
+    if (!std::isfinite(s) || s == 0) s = 1;  // from a drag that is no number
     const Triple centre = selectionCentre(editor.store);
     const std::array<bool, 3> active = activeSlots(editor.modes);
     for (VertexRecord& vertex : editor.store.Vertices) {
@@ -118,10 +119,13 @@ void rotateSelection(Editor& editor, double& angle, Axis axis, bool recordUndo) 
     const Plane plane = planeAbout(axis);
     for (VertexRecord& vertex : editor.store.Vertices) {
         if (!vertex.selected) continue;
-        for (std::size_t slot = 0; slot < centre.size(); ++slot) vertex.pos[slot] -= centre[slot];
-        turn(vertex.pos, plane, angle);
+        Triple pos = vertex.pos;
+        for (std::size_t slot = 0; slot < centre.size(); ++slot) pos[slot] -= centre[slot];
+        turn(pos, plane, angle);
         turn(vertex.normal, plane, angle);
-        for (std::size_t slot = 0; slot < centre.size(); ++slot) vertex.pos[slot] += centre[slot];
+        for (std::size_t slot = 0; slot < centre.size(); ++slot) {
+            assignFinite(vertex.pos[slot], pos[slot] + centre[slot]);
+        }
     }
     editor.modes.cloneMode = false;
     editor.window.updateButtons();

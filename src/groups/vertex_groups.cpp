@@ -1,6 +1,7 @@
 #include "groups/vertex_groups.h"
 
-#include <set>
+#include <algorithm>
+#include <vector>
 
 #include "groups/group_number.h"
 #include "views/ortho_view.h"
@@ -11,7 +12,7 @@ namespace {
 
 constexpr std::int16_t kNoGroupFound = -2;
 
-std::string listText(const std::set<std::int16_t>& groups) {
+std::string listText(const std::vector<std::int16_t>& groups) {
     std::string text;
     std::size_t position = 0;
     for (const std::int16_t group : groups) {
@@ -58,11 +59,17 @@ void selectByVertexGroup(Editor& editor) {
 
 void showVertexGroups(Editor& editor) {
     constexpr const char* kCaption = "Vertex groups";
-    std::set<std::int16_t> groups;
+    // The marker stands in the list until the first group takes its place; a group of that number
+    // is not told from it.
+    std::vector<std::int16_t> groups = {kNoGroupFound};
+    std::size_t count = 0;
     for (const VertexRecord& vertex : editor.store.Vertices) {
-        if (vertex.selected) groups.insert(vertex.group);
+        if (!vertex.selected || std::ranges::find(groups, vertex.group) != groups.end()) continue;
+        groups.resize(++count);
+        groups.back() = vertex.group;
     }
-    if (groups.empty() || *groups.begin() == kNoGroupFound) {
+    std::ranges::sort(groups);
+    if (groups.front() == kNoGroupFound) {
         editor.dialogs.messageBox(kCaption, "No vertex groups in selection");
         return;
     }

@@ -36,6 +36,13 @@ private:
         return LineCursor(text_.view().substr(0, section.bodyEnd), section.bodyBegin);
     }
 
+    // What stands after a row's closing brace is not read, so it must not be another row.
+    void refuseMoreThanOneRow(std::string_view row, std::string_view afterBrace) const {
+        if (afterBrace.find('{') != std::string_view::npos) {
+            fail(row, quoted(row) + " holds more than one row.");
+        }
+    }
+
     std::int64_t headerCount(const Section& section, std::string_view count) const;
     double number(std::string_view field) const;
     std::int16_t int16(std::string_view field, const char* what) const;
@@ -97,6 +104,7 @@ void GeosetReader::numbers(std::string_view row, std::span<double> values) const
         values[i] = number(rest.substr(0, stop));
         rest.remove_prefix(stop + 1);
     }
+    refuseMoreThanOneRow(row, rest);
 }
 
 VertexRecord& GeosetReader::recordOf(Geoset& geoset, std::size_t row, const Section& section,
@@ -203,7 +211,7 @@ void GeosetReader::readFaces(const Section& section, Geoset& geoset) const {
     const std::size_t blank = counts.find(' ');
     if (blank == std::string_view::npos) headerCount(section, "");
     const std::int64_t indices = headerCount(section, counts.substr(blank));
-    const std::int64_t faces = (indices + 1) / 3;  // to the nearest
+    const std::int64_t faces = indices / 3 + (indices % 3 == 2 ? 1 : 0);  // to the nearest
     if (faces > kMaxFaces) {
         fail(section.header, "the geoset has " + std::to_string(faces) + " faces; at most " +
                                  std::to_string(kMaxFaces) + " can be edited.");
@@ -251,6 +259,7 @@ void GeosetReader::readGroups(const Section& section, Geoset& geoset) const {
             if (comma == std::string_view::npos) break;
             rest.remove_prefix(comma + 1);
         }
+        refuseMoreThanOneRow(line.text, line.text.substr(close));
         geoset.matrixGroups.push_back(group);
     }
 }

@@ -22,19 +22,25 @@ std::optional<std::int64_t> idIn(std::string_view line, std::string_view keyword
     return parseInteger(line.substr(keyword.size(), comma - keyword.size()));
 }
 
+// Whether a line's last character is the brace that opens a block.
+bool opensBlock(std::string_view line) {
+    const std::size_t last = line.find_last_not_of(" \t");
+    return last != std::string_view::npos && line[last] == '{';
+}
+
 // The 1-based ordinal of the first geoset animation that names the geoset; 0 for none.
-int animationOf(std::string_view text, const GeosetBlock* removed, std::int64_t geosetId) {
+int animationOf(std::string_view text, const GeosetBlock& removed, std::int64_t geosetId) {
     int ordinal = 0;
     bool inside = false;
     LineCursor cursor(text);
     Line line;
     while (cursor.next(line)) {
-        if (removed != nullptr && line.begin >= removed->begin && line.begin < removed->end) {
-            continue;
-        }
+        if (line.begin >= removed.begin && line.begin < removed.end) continue;
+        // The line after the geoset goes with it.
+        if (line.begin == removed.end && !opensBlock(line.text)) continue;
         if (startsWith(line.text, kGeosetAnimHeader)) {
             ++ordinal;
-            inside = true;
+            inside = opensBlock(line.text);
         } else if (startsWith(line.text, "}")) {
             inside = false;
         } else if (inside && startsWith(line.text, kGeosetId) &&
@@ -64,8 +70,8 @@ public:
         const std::vector<GeosetBlock> geosets = scanGeosets(text_);
         if (geosetNumber >= 1 && static_cast<std::size_t>(geosetNumber) <= geosets.size()) {
             removed_ = geosets[static_cast<std::size_t>(geosetNumber) - 1];
+            animation_ = animationOf(text_, *removed_, geosetId_);
         }
-        animation_ = animationOf(text_, removed_ ? &*removed_ : nullptr, geosetId_);
     }
 
     PiecedText run();
@@ -91,7 +97,7 @@ void Remover::dropThrough(std::size_t blockEnd) {
     cursor_ = LineCursor(text_, blockEnd);
     Line line;
     if (!cursor_.next(line)) return;
-    if (line.text.ends_with('{')) {
+    if (opensBlock(line.text)) {
         handle(line);
     } else {
         copied_ = line.end;

@@ -1,5 +1,6 @@
 #include "model/merge_geoset.h"
 
+#include "edit/clone.h"
 #include "edit/undo_history.h"
 #include "model/open_model.h"
 #include "views/ortho_view.h"
@@ -12,21 +13,16 @@ void pushMergeStep(Editor& editor) {
     pushUndo(editor, {.keepFaces = true, .keepVertices = true}, {}, "Merge");
 }
 
-std::string limitMessage(const Geoset& current, const Geoset& merged) {
-    const auto sum = [](std::size_t a, std::size_t b) {
-        return std::to_string(a) + " + " + std::to_string(b) + " = " + std::to_string(a + b);
-    };
-    return "The merged geoset would be too large: " +
-           sum(current.Vertices.size(), merged.Vertices.size()) + " vertices (at most " +
-           std::to_string(kMaxVertices) + "), " + sum(current.Faces.size(), merged.Faces.size()) +
-           " faces (at most " + std::to_string(kMaxFaces) + "). Nothing was merged.";
-}
-
 }  // namespace
 
 void mergeGeoset(Editor& editor) {
     const OpenOutcome outcome = openModel(editor, false);
-    if (outcome.cancelled) pushMergeStep(editor);  // the step is there, and changes nothing
+    if (outcome.cancelled) {
+        // The step is there, and changes nothing.
+        const bool modified = editor.store.modified;
+        pushMergeStep(editor);
+        editor.store.modified = modified;
+    }
     if (!outcome.picked) return;
     if (outcome.picked->geosetCount == 0) {
         editor.dialogs.messageBox(kErrorCaption,
@@ -38,9 +34,7 @@ void mergeGeoset(Editor& editor) {
     GeosetStore& store = editor.store;
     const Geoset& merged = outcome.picked->geoset;
     const std::size_t oldVertices = store.Vertices.size();
-    if (oldVertices + merged.Vertices.size() > kMaxVertices ||
-        store.Faces.size() + merged.Faces.size() > kMaxFaces) {
-        editor.dialogs.messageBox(kErrorCaption, limitMessage(store, merged));
+    if (!fitsLimits(editor, "The merged geoset", merged.Vertices.size(), merged.Faces.size())) {
         return;
     }
 

@@ -1,12 +1,14 @@
 #include "model/model_files.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/uio.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -100,6 +102,21 @@ void flushFolderOf(const std::string& path) {
     if (fd.get() >= 0) ::fsync(fd.get());
 }
 
+// Memory for the bytes of a file. For large files the system is asked for large pages: the first
+// touch of every small page would take longer than reading what goes into it.
+std::unique_ptr<char[]> memoryForFile(std::size_t size) {
+    auto bytes = std::make_unique_for_overwrite<char[]>(size);
+#ifdef MADV_HUGEPAGE
+    constexpr std::size_t kLargePage = std::size_t{2} << 20U;
+    if (size > kLargePage) {
+        const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+        const std::size_t toPage = page - reinterpret_cast<std::uintptr_t>(bytes.get()) % page;
+        ::madvise(bytes.get() + toPage, size - toPage, MADV_HUGEPAGE);
+    }
+#endif
+    return bytes;
+}
+
 }  // namespace
 
 FileError::FileError(const std::string& path, const std::string& reason)
@@ -121,9 +138,13 @@ ModelText readOpenFile(int descriptor, const std::string& path) {
     if (S_ISDIR(status.st_mode)) throw FileError(path, EISDIR);
     if (!S_ISREG(status.st_mode)) throw FileError(path, "not a regular file");
 
+    if (status.st_size > kLargestFile) {
+        throw FileError(path, "larger than " + std::to_string(kLargestFile >> 20) + " MiB");
+    }
+
     // One byte more than the file had, to notice if it grows meanwhile.
     const auto expected = static_cast<std::size_t>(status.st_size);
-    auto bytes = std::make_unique_for_overwrite<char[]>(expected + 1);
+    auto bytes = memoryForFile(expected + 1);
     std::size_t size = 0;
     while (size <= expected) {
         const ssize_t got =
@@ -184,6 +205,12 @@ void PendingFile::write(std::span<const std::string_view> pieces) {
     if (::close(fd) != 0) throw FileError(path_, errno);
 }
 
+int PendingFile::openForReading() const {
+    const int fd = ::open(side_.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) throw FileError(path_, errno);
+    return fd;
+}
+
 void PendingFile::commit() {
     if (::rename(side_.c_str(), target_.c_str()) != 0) throw FileError(path_, errno);
     side_.clear();
@@ -199,6 +226,33 @@ void PendingFile::discard() {
 void replaceFile(const std::string& path, std::span<const std::string_view> pieces,
                  const ReplaceOptions& options) {
     PendingFile(path, pieces, options).commit();
+}
+
+namespace {
+
+FileStamp stampFrom(const struct stat& status) {
+#ifdef __APPLE__
+    const struct timespec& time = status.st_mtimespec;
+#else
+    const struct timespec& time = status.st_mtim;
+#endif
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino),
+            static_cast<std::int64_t>(status.st_size), time.tv_sec * kNanoseconds + time.tv_nsec};
+}
+
+}  // namespace
+
+std::optional<FileStamp> stampOf(const std::string& path) {
+    const std::optional<struct stat> status = statusOf(path);
+    if (!status) return std::nullopt;
+    return stampFrom(*status);
+}
+
+std::optional<FileStamp> stampOf(int descriptor) {
+    struct stat status {};
+    if (::fstat(descriptor, &status) != 0) return std::nullopt;
+    return stampFrom(status);
 }
 
 void deleteFile(const std::string& path) { ::unlink(path.c_str()); }

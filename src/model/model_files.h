@@ -3,6 +3,8 @@
 // permission or a killed process leaves either the old file or the new one.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -20,7 +22,11 @@ public:
     FileError(const std::string& path, int errorNumber);
 };
 
-/// Reads a whole file. Throws FileError where it is missing, unreadable or no regular file.
+/// The largest file that is read, bytes. Far beyond any model, and safely within memory.
+inline constexpr std::int64_t kLargestFile = std::int64_t{1} << 30;
+
+/// Reads a whole file. Throws FileError where it is missing, unreadable, too large or no regular
+/// file.
 ModelText readModelFile(const std::string& path);
 
 /// The same from an open descriptor, whatever has become of the file's name. `path` is for
@@ -48,6 +54,10 @@ public:
     PendingFile& operator=(const PendingFile&) = delete;
     ~PendingFile();
 
+    /// An open descriptor of the file, for reading, which stays good after commit() whatever
+    /// becomes of the name. The caller closes it. Throws FileError.
+    int openForReading() const;
+
     /// Puts the file in its place; it keeps the permissions of the file that was there.
     /// Throws FileError, and then nothing has changed.
     void commit();
@@ -67,6 +77,25 @@ private:
 /// PendingFile and commit() in one step.
 void replaceFile(const std::string& path, std::span<const std::string_view> pieces,
                  const ReplaceOptions& options = {});
+
+/// What tells a file from another one, and from itself after it was written again.
+struct FileStamp {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::int64_t size = 0;      ///< bytes
+    std::int64_t modified = 0;  ///< nanoseconds since 1970
+
+    bool operator==(const FileStamp&) const = default;
+    /// Whether both are the same file, whatever was written to it.
+    bool isSameFileAs(const FileStamp& other) const {
+        return device == other.device && inode == other.inode;
+    }
+};
+
+/// The stamp of the file that a path leads to; nothing where there is none.
+std::optional<FileStamp> stampOf(const std::string& path);
+/// The same of an open descriptor.
+std::optional<FileStamp> stampOf(int descriptor);
 
 /// Deletes a file; a file that is missing, or cannot be deleted, is left at that.
 void deleteFile(const std::string& path);

@@ -17,6 +17,14 @@ namespace corvane {
 /// it, so that text must stay alive as long as this.
 class PiecedText {
 public:
+    PiecedText() = default;
+    // A copy's views would lead into the original's texts.
+    PiecedText(const PiecedText&) = delete;
+    PiecedText& operator=(const PiecedText&) = delete;
+    PiecedText(PiecedText&&) = default;
+    PiecedText& operator=(PiecedText&&) = default;
+    ~PiecedText() = default;
+
     /// Appends a piece of text that outlives this.
     void addView(std::string_view piece) {
         if (!piece.empty()) pieces_.push_back(piece);

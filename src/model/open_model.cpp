@@ -20,16 +20,10 @@ void showReadError(Editor& editor, const std::string& what, const std::string& a
 }
 
 // Makes a file and one of its geosets current, with a working copy of its own.
-std::optional<PickedGeoset> openFile(Editor& editor, const std::string& path,
-                                     const ModelText& text) {
+std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
+                                        const ModelText& text) {
     GeosetStore& store = editor.store;
-    // Its own working copy is deleted when another model is opened, so it cannot be that model.
-    if (!store.workPath.empty() && isSameFile(path, store.workPath)) {
-        editor.dialogs.messageBox(kErrorCaption,
-                                  path + " is the working copy of the model that is open. Open " +
-                                      store.modelPath + " instead, or a copy of the file.");
-        return std::nullopt;
-    }
+    if (clashesWithWorkingCopy(editor, path)) return std::nullopt;
     try {
         const std::array<std::string_view, 1> pieces = {text.view()};
         PendingFile workingCopy = prepareWorkingCopy(path, pieces);
@@ -38,7 +32,7 @@ std::optional<PickedGeoset> openFile(Editor& editor, const std::string& path,
                        "The file was not opened and is unchanged. Mend the line in a text editor, "
                        "or choose another geoset or model.");
         if (!picked) return std::nullopt;
-        commitWorkingCopy(store, editor.workingCopy, workingCopy, workPathFor(path), path);
+        commitWorkingCopy(store, editor.workingCopy, workingCopy, path);
         store.modelPath = path;
         takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
         return picked;
@@ -55,19 +49,38 @@ OpenOutcome openChosen(Editor& editor, bool openMode) {
     const std::optional<std::string> path =
         editor.dialogs.openFile(kModelFilter, editor.store.modelPath);
     if (!path) return {.cancelled = true, .picked = {}};
+    ModelText text;
     try {
-        const ModelText text = readModelFile(*path);
-        if (openMode) return {.picked = openFile(editor, *path, text)};
-        return {.picked = pickGeoset(editor, text,
-                                     "Nothing was merged. Mend the line in a text editor, or "
-                                     "choose another geoset or model.")};
+        text = readModelFile(*path);
     } catch (const FileError&) {
         editor.dialogs.messageBox(kErrorCaption, "Bad file name");
         return {};
     }
+    if (openMode) return {.picked = makeCurrent(editor, *path, text)};
+    return {.picked = pickGeoset(editor, text,
+                                 "Nothing was merged. Mend the line in a text editor, or choose "
+                                 "another geoset or model.")};
 }
 
 }  // namespace
+
+bool clashesWithWorkingCopy(Editor& editor, const std::string& path) {
+    const GeosetStore& store = editor.store;
+    if (!store.workPath.empty() && (path == store.workPath || isSameFile(path, store.workPath))) {
+        editor.dialogs.messageBox(kErrorCaption,
+                                  path + " is the working copy of the model that is open, " +
+                                      store.modelPath + ". Choose another file.");
+        return true;
+    }
+    if (!store.modelPath.empty() && isSameFile(workPathFor(path), store.modelPath)) {
+        editor.dialogs.messageBox(kErrorCaption,
+                                  "The working copy of " + path + " would take the place of " +
+                                      store.modelPath +
+                                      ", which is open. Save that model under another name first.");
+        return true;
+    }
+    return false;
+}
 
 int chooseGeoset(Editor& editor, std::size_t geosetCount) {
     if (geosetCount <= 1) return 1;
@@ -108,6 +121,7 @@ OpenOutcome openModel(Editor& editor, bool openMode) {
     editor.modes.editButtonsEnabled = true;
     OpenOutcome outcome = openChosen(editor, openMode);
     editor.window.updateButtons();
+    editor.modes.selectEnabled = false;  // a timer from before may have fired under the dialog
     editor.window.startSelectTimer();
     return outcome;
 }
@@ -123,12 +137,11 @@ void openCommand(Editor& editor) {
 }
 
 void switchGeoset(Editor& editor) {
-    // Once the working copy differs from the model file, its numbers are the ones that count: a
-    // save goes by them.
-    const bool fromModel = editor.workingCopy.copyOf == editor.store.modelPath;
+    // The working copy and not the model file: they hold the same, but where they do not (after a
+    // geoset was removed, or another program wrote the model) a save goes by the working copy's
+    // numbers.
     try {
-        const ModelText text = fromModel ? readModelFile(editor.store.modelPath)
-                                         : readWorkingCopy(editor.store, editor.workingCopy);
+        const ModelText text = readWorkingCopy(editor.store, editor.workingCopy);
         if (chooseAndRead(editor, text)) redrawAll(editor);
     } catch (const FileError& error) {
         showReadError(editor, std::string("The model cannot be read.\n") + error.what(),

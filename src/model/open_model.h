@@ -10,6 +10,11 @@
 
 namespace corvane {
 
+/// Says so, and returns true, where a file cannot become the current model because of a working
+/// copy: it is the one of the model that is open, which is deleted in the end, or its own would be
+/// made over that model.
+bool clashesWithWorkingCopy(Editor& editor, const std::string& path);
+
 /// Asks which geoset of a model is meant, 1-based; asks again until the answer is a number in
 /// range. Returns 1 without asking where there are fewer than two.
 int chooseGeoset(Editor& editor, std::size_t geosetCount);

@@ -1,6 +1,9 @@
 // The commands that write the model file or change what a save will write.
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "editor.h"
 
 namespace corvane {

@@ -5,21 +5,14 @@
 
 #include <array>
 
-#include "model/model_scanner.h"
-
 namespace corvane {
 
 namespace {
 
-void closeHandle(WorkingCopy& copy) {
+void setHandle(WorkingCopy& copy, int handle) {
     if (copy.handle >= 0) ::close(copy.handle);
-    copy.handle = -1;
-    copy.readHandle = false;
-}
-
-void openHandle(WorkingCopy& copy, const std::string& workPath) {
-    closeHandle(copy);
-    copy.handle = ::open(workPath.c_str(), O_RDONLY | O_CLOEXEC);
+    copy.handle = handle;
+    copy.missingSaid = false;
 }
 
 // It can be made again from the next save's own text, so a loss of power does no harm.
@@ -27,25 +20,29 @@ ReplaceOptions optionsFor(const std::string& modelPath) {
     return {.flushToDisk = false, .permissionsOf = modelPath};
 }
 
-// The text that a missing working copy should have. Another window on the same model may have
-// saved it and, closing, taken the working copy along, so the model comes first; but not where it
-// no longer holds the geoset that is being edited.
-ModelText textToRestore(const GeosetStore& store, const WorkingCopy& copy) {
-    if (!copy.copyOf.empty()) {
-        try {
-            ModelText text = readModelFile(copy.copyOf);
-            const std::size_t geosets = scanGeosets(text.view()).size();
-            if (static_cast<std::size_t>(store.geosetNumber) <= geosets) return text;
-        } catch (const FileError&) {
-            // The handle is left.
-        }
+// Whether the file at the working copy's place is the one that the handle has open.
+bool isOwn(const GeosetStore& store, const WorkingCopy& copy) {
+    const std::optional<FileStamp> there = stampOf(store.workPath);
+    const std::optional<FileStamp> open = stampOf(copy.handle);
+    return there && open && there->isSameFileAs(*open);
+}
+
+void commitAndOpen(WorkingCopy& copy, PendingFile& prepared) {
+    const int handle = prepared.openForReading();
+    try {
+        prepared.commit();
+    } catch (const FileError&) {
+        ::close(handle);
+        throw;
     }
-    return readOpenFile(copy.handle, store.workPath);
+    setHandle(copy, handle);
 }
 
 }  // namespace
 
-WorkingCopy::~WorkingCopy() { closeHandle(*this); }
+WorkingCopy::~WorkingCopy() {
+    if (handle >= 0) ::close(handle);
+}
 
 PendingFile prepareWorkingCopy(const std::string& modelPath,
                                std::span<const std::string_view> pieces) {
@@ -53,49 +50,63 @@ PendingFile prepareWorkingCopy(const std::string& modelPath,
 }
 
 void commitWorkingCopy(GeosetStore& store, WorkingCopy& copy, PendingFile& prepared,
-                       const std::string& workPath, const std::string& copyOf) {
-    prepared.commit();
+                       const std::string& modelPath) {
+    const bool hadOwn = !store.workPath.empty() && isOwn(store, copy);
+    const std::string workPath = workPathFor(modelPath);
+    commitAndOpen(copy, prepared);
     // Two paths may lead to the same folder, and then the old file is the new one.
-    if (!store.workPath.empty() && !isSameFile(store.workPath, workPath)) {
-        deleteFile(store.workPath);
-    }
+    if (hadOwn && !isOwn(store, copy)) deleteFile(store.workPath);
     store.workPath = workPath;
-    copy.copyOf = copyOf;
-    openHandle(copy, workPath);
+    copy.modelPath = modelPath;
+    copy.modelStamp = stampOf(modelPath);
 }
 
 void rewriteWorkingCopy(const GeosetStore& store, WorkingCopy& copy,
-                        std::span<const std::string_view> pieces, const std::string& copyOf) {
-    replaceFile(store.workPath, pieces, optionsFor(store.modelPath));
-    copy.copyOf = copyOf;
-    openHandle(copy, store.workPath);
+                        std::span<const std::string_view> pieces) {
+    PendingFile prepared(store.workPath, pieces, optionsFor(store.modelPath));
+    commitAndOpen(copy, prepared);
 }
 
 ModelText readWorkingCopy(const GeosetStore& store, const WorkingCopy& copy) {
-    if (copy.readHandle) return readOpenFile(copy.handle, store.workPath);
-    return readModelFile(store.workPath);
+    // Messages name the model: that is the file which the user can mend.
+    return readOpenFile(copy.handle, store.modelPath);
 }
+
+bool isWorkingCopyThere(const GeosetStore& store) { return stampOf(store.workPath).has_value(); }
 
 bool restoreWorkingCopy(const GeosetStore& store, WorkingCopy& copy) {
     try {
-        const ModelText text = textToRestore(store, copy);
-        const std::array<std::string_view, 1> pieces = {text.view()};
-        try {
-            replaceFile(store.workPath, pieces, optionsFor(store.modelPath));
-            openHandle(copy, store.workPath);
-        } catch (const FileError&) {
-            copy.readHandle = copy.handle >= 0;
-            return copy.readHandle;
-        }
+        const ModelText text = readWorkingCopy(store, copy);
+        rewriteWorkingCopy(store, copy, std::array{text.view()});
         return true;
     } catch (const FileError&) {
         return false;
     }
 }
 
+bool readFromModelInstead(const GeosetStore& store, WorkingCopy& copy) {
+    const int handle = ::open(store.modelPath.c_str(), O_RDONLY | O_CLOEXEC);
+    if (handle < 0) return false;
+    if (isOwn(store, copy)) deleteFile(store.workPath);
+    setHandle(copy, handle);
+    copy.missingSaid = true;  // the user knows
+    return true;
+}
+
+void noteModelWritten(const GeosetStore& store, WorkingCopy& copy) {
+    copy.modelPath = store.modelPath;
+    copy.modelStamp = stampOf(store.modelPath);
+}
+
+bool isModelChangedOutside(const GeosetStore& store, const WorkingCopy& copy) {
+    if (store.modelPath != copy.modelPath) return false;
+    const std::optional<FileStamp> now = stampOf(store.modelPath);
+    return now && now != copy.modelStamp;
+}
+
 void deleteWorkingCopy(GeosetStore& store, WorkingCopy& copy) {
-    closeHandle(copy);
-    if (!store.workPath.empty()) deleteFile(store.workPath);
+    if (!store.workPath.empty() && isOwn(store, copy)) deleteFile(store.workPath);
+    setHandle(copy, -1);
     store.workPath.clear();
 }
 

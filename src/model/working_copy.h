@@ -1,7 +1,11 @@
 // The working copy: the text of the open model on disk, beside the model. Saving takes from it
 // all that it does not write anew.
+//
+// It is read through a handle that is kept open, never by its name: another window on the same
+// model, or anything else, may replace or delete the file.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -19,20 +23,19 @@ struct WorkingCopy {
     WorkingCopy& operator=(const WorkingCopy&) = delete;
     ~WorkingCopy();
 
-    /// The model file that it is a copy of; empty while it is the copy of none, which is after a
-    /// geoset was removed from it and before the next save.
-    std::string copyOf;
+    /// The open file; -1 while no model is open.
+    int handle = -1;
 
     /// A geoset was removed from it and none has been read since: the geoset in memory is not in
     /// the working copy.
     bool geosetRemoved = false;
 
-    /// An open handle of the file, from which the text can be had back when something deletes the
-    /// file itself; -1 for none.
-    int handle = -1;
+    /// The user was told that the file is missing from its place.
+    bool missingSaid = false;
 
-    /// The file cannot be had back at its path (its folder is gone, say): read the handle instead.
-    bool readHandle = false;
+    /// The model file when the working copy was made from it or saved to it, and its stamp then.
+    std::string modelPath;
+    std::optional<FileStamp> modelStamp;
 };
 
 /// A working copy of the text, complete but not yet in its place. `modelPath` is the model that
@@ -40,24 +43,37 @@ struct WorkingCopy {
 PendingFile prepareWorkingCopy(const std::string& modelPath,
                                std::span<const std::string_view> pieces);
 
-/// Puts a prepared working copy at its place and makes it the store's; another one that the store
-/// had is deleted. `copyOf` as in WorkingCopy. Throws FileError, and then nothing has changed.
+/// Puts a prepared working copy of `modelPath` at its place and makes it the store's; another one
+/// that the store had is deleted. Throws FileError, and then nothing has changed.
 void commitWorkingCopy(GeosetStore& store, WorkingCopy& copy, PendingFile& prepared,
-                       const std::string& workPath, const std::string& copyOf);
+                       const std::string& modelPath);
 
 /// Replaces the text of the working copy where it is. Throws FileError, and then nothing has
 /// changed.
 void rewriteWorkingCopy(const GeosetStore& store, WorkingCopy& copy,
-                        std::span<const std::string_view> pieces, const std::string& copyOf);
+                        std::span<const std::string_view> pieces);
 
 /// The text of the working copy. Throws FileError where it cannot be read.
 ModelText readWorkingCopy(const GeosetStore& store, const WorkingCopy& copy);
 
-/// Makes a missing working copy again, from the model that it is a copy of or else from the open
-/// handle. Returns whether the text is to be had again (if only from the handle).
+/// Whether there is a file at the working copy's place.
+bool isWorkingCopyThere(const GeosetStore& store);
+
+/// Puts a missing working copy back at its place; false where that cannot be done.
 bool restoreWorkingCopy(const GeosetStore& store, WorkingCopy& copy);
 
-/// Deletes the working copy, if there is one.
+/// Makes the model file itself, just written, serve as the working copy's text, because the working
+/// copy could not be renewed; the old one is deleted. False where the model cannot be opened.
+bool readFromModelInstead(const GeosetStore& store, WorkingCopy& copy);
+
+/// Remembers the model file as it is now, after it was written.
+void noteModelWritten(const GeosetStore& store, WorkingCopy& copy);
+
+/// Whether the model file is another one now than when it was last read or written here. False
+/// where it is missing: then there is nothing that saving could destroy.
+bool isModelChangedOutside(const GeosetStore& store, const WorkingCopy& copy);
+
+/// Deletes the working copy, unless something else stands in its place.
 void deleteWorkingCopy(GeosetStore& store, WorkingCopy& copy);
 
 }  // namespace corvane

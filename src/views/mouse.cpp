@@ -1,5 +1,7 @@
 #include "views/mouse.h"
 
+#include <cmath>
+
 #include "edit/extrude.h"
 #include "edit/transforms.h"
 #include "views/box_selection.h"
@@ -87,6 +89,10 @@ void mouseUp(Editor& editor, View view, MouseButton button, double x, double y) 
     DragPoints& drag = editor.drag;
     drag.dragEndH = point.h;
     drag.dragEndV = point.v;
+    // Zoomed out beyond all measure a drag is no number, and whatever it moved would be lost.
+    const bool isNumber = std::isfinite(drag.dragEndH - drag.dragStartH) &&
+                          std::isfinite(drag.dragEndV - drag.dragStartV);
+    if (!isNumber) return;
     if (button == MouseButton::Left) {
         if (editor.modes.placingMarker) {
             placeMarkerAt(editor, axesOf(view));

@@ -20,10 +20,15 @@ void changeWithin16Bits(std::int16_t& value, int change) {
         static_cast<std::int16_t>(std::clamp<int>(value + change, Limits::min(), Limits::max()));
 }
 
-}  // namespace
+// Where the turntable puts a vertex, seen from above. Model units.
+struct Turned {
+    double across;
+    double depth;
+};
 
-std::optional<double> perspVertical(const PerspectiveState& state, const VertexRecord& vertex) {
-    const auto& [x, y, z] = vertex.pos;
+Turned turn(const PerspectiveState& state, const VertexRecord& vertex) {
+    const double x = vertex.pos[slotOf(Axis::X)];
+    const double z = vertex.pos[slotOf(Axis::Z)];
     const double r = std::sqrt(x * x + z * z);
     double theta = kPi / 2;
     if (x != 0) {
@@ -31,9 +36,18 @@ std::optional<double> perspVertical(const PerspectiveState& state, const VertexR
         if (x < 0) theta += kPi;
     }
     theta += state.yaw * kPi / 180;
-    const double depth = state.distance + r * std::sin(theta);
-    if (depth + kEyeDistance == 0) return std::nullopt;
-    return (state.offset + y) * kEyeDistance / (depth + kEyeDistance);
+    return {r * std::cos(theta), r * std::sin(theta)};
+}
+
+}  // namespace
+
+std::optional<double> perspVertical(const PerspectiveState& state, const VertexRecord& vertex) {
+    const Turned turned = turn(state, vertex);
+    const double depth = state.distance + turned.depth;
+    const double height =
+        (state.offset + vertex.pos[slotOf(Axis::Y)]) * kEyeDistance / (depth + kEyeDistance);
+    if (depth + kEyeDistance == 0 || !std::isfinite(height)) return std::nullopt;
+    return height;
 }
 
 double perspHorizontal(const VertexRecord& /*vertex*/) { return 0; }
@@ -53,6 +67,11 @@ void drawPerspective(Editor& editor) {
         return Point{picture.width() / 2 + kScale * perspHorizontal(vertex),
                      picture.height() / 2 - kScale * *height, true};
     });
+
+    editor.perspective.across.resize(store.Vertices.size());
+    std::ranges::transform(
+        store.Vertices, editor.perspective.across.begin(),
+        [&](const VertexRecord& vertex) { return turn(editor.perspective, vertex).across; });
 
     picture.clear();
     for (const FaceRecord& face : store.Faces) {

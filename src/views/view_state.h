@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 #include "model/geoset_store.h"
 
@@ -63,6 +64,8 @@ struct PerspectiveState {
     std::int16_t yaw = 0;       ///< turn about the vertical axis, degrees
     std::int16_t offset = 0;    ///< added to every vertex's height, model units
     std::int16_t distance = 0;  ///< added to every vertex's depth, model units
+    /// How far across each vertex lay at the latest drawing, model units. Nothing is drawn by it.
+    std::vector<double> across;
 };
 
 }  // namespace corvane

@@ -26,6 +26,10 @@ QJsonArray arrayOf(const Range& range, ToJson toJson) {
     return array;
 }
 
+QJsonArray corners(const std::array<std::int16_t, 3>& indices) {
+    return arrayOf(indices, [](std::int16_t corner) { return QJsonValue(int{corner}); });
+}
+
 void addGeoset(QJsonObject& dump, const GeosetStore& store) {
     dump["modelLoaded"] = store.modelLoaded;
     dump["modelPath"] = qt(store.modelPath);
@@ -41,9 +45,7 @@ void addGeoset(QJsonObject& dump, const GeosetStore& store) {
                            {"tv", vertex.tv}};
     });
     dump["faces"] = arrayOf(store.Faces, [](const FaceRecord& face) {
-        return QJsonObject{
-            {"corner", arrayOf(face.corner, [](std::int16_t c) { return QJsonValue(int{c}); })},
-            {"deleted", face.deleted}};
+        return QJsonObject{{"corner", corners(face.corner)}, {"deleted", face.deleted}};
     });
     dump["matrixGroups"] = arrayOf(store.matrixGroups, [](const MatrixGroup& group) {
         QJsonArray rows;
@@ -97,35 +99,71 @@ QJsonArray undo(const UndoHistory& history) {
     });
 }
 
-QJsonObject texts(const frmCorvane& window) {
-    QJsonObject all;
+QJsonValue uv(const frmUVEditor* window) {
+    if (window == nullptr) return QJsonValue::Null;
+    const UVEditor& uv = window->uv();
+    const auto number = [](double value) { return QJsonValue(value); };
+    const auto flag = [](bool value) { return QJsonValue(value); };
+    return QJsonObject{{"u", arrayOf(uv.data.u, number)},
+                       {"v", arrayOf(uv.data.v, number)},
+                       {"selected", arrayOf(uv.data.selected, flag)},
+                       {"deleted", arrayOf(uv.data.deleted, flag)},
+                       {"faces", arrayOf(uv.data.faces, corners)},
+                       {"zoom", uv.zoom},
+                       {"panX", uv.panX},
+                       {"panY", uv.panY},
+                       {"width", uv.picture.width()},
+                       {"height", uv.picture.height()},
+                       {"selectMode", letter(static_cast<char>(uv.selectMode))},
+                       {"transformMode", letter(static_cast<char>(uv.transformMode))},
+                       {"xEnabled", uv.xEnabled},
+                       {"yEnabled", uv.yEnabled},
+                       {"imageLoaded", uv.imageLoaded}};
+}
+
+// The members below hold the controls of one window; those of the second are named with the
+// window's name before theirs.
+void addTexts(QJsonObject& all, const QWidget& window) {
     for (const QLineEdit* const text : window.findChildren<QLineEdit*>()) {
         if (text->objectName().startsWith("txt")) all[text->objectName()] = text->text();
     }
-    return all;
 }
 
-QJsonObject menus(const frmCorvane& window) {
-    QJsonObject all;
+void addMenus(QJsonObject& all, const QWidget& window, const QString& prefix) {
     for (const QAction* const action : window.findChildren<QAction*>()) {
         if (!action->objectName().startsWith("mnu")) continue;
-        all[action->objectName()] = QJsonObject{{"caption", action->text().remove('&')},
-                                                {"enabled", isReachable(*action)},
-                                                {"checked", action->isChecked()}};
+        all[prefix + action->objectName()] = QJsonObject{{"caption", action->text().remove('&')},
+                                                         {"enabled", isReachable(*action)},
+                                                         {"checked", action->isChecked()}};
     }
-    return all;
 }
 
-QJsonObject buttons(const frmCorvane& window) {
-    QJsonObject all;
+void addButtons(QJsonObject& all, const QWidget& window, const QString& prefix) {
     for (const ToolButton* const button : window.findChildren<ToolButton*>()) {
         const Colour colour = button->backColour();
-        all[button->objectName()] = QJsonObject{
+        all[prefix + button->objectName()] = QJsonObject{
             {"color",
              colour == kButtonFace ? QString("face") : resolved(colour, button->palette()).name()},
             {"enabled", button->isEnabled()}};
     }
-    return all;
+}
+
+void addControls(QJsonObject& dump, const frmCorvane& window) {
+    QJsonObject texts;
+    QJsonObject menus;
+    QJsonObject buttons;
+    addTexts(texts, window);
+    addMenus(menus, window, "");
+    addButtons(buttons, window, "");
+    if (const frmUVEditor* const second = window.textureEditor()) {
+        const QString prefix = second->objectName() + '.';
+        addTexts(texts, *second);
+        addMenus(menus, *second, prefix);
+        addButtons(buttons, *second, prefix);
+    }
+    dump["texts"] = texts;
+    dump["menus"] = menus;
+    dump["buttons"] = buttons;
 }
 
 }  // namespace
@@ -147,10 +185,8 @@ QJsonObject dumpState(const frmCorvane& window) {
                                       {"width", editor.pictures.perspective.width()},
                                       {"height", editor.pictures.perspective.height()}};
     dump["undo"] = undo(editor.undo);
-    dump["uv"] = QJsonValue::Null;
-    dump["texts"] = texts(window);
-    dump["menus"] = menus(window);
-    dump["buttons"] = buttons(window);
+    dump["uv"] = uv(window.textureEditor());
+    addControls(dump, window);
     dump["clipboard"] = QGuiApplication::clipboard()->text();
     return dump;
 }

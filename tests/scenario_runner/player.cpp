@@ -64,7 +64,17 @@ void Player::openWindow() {
 
 QWidget& Player::currentWindow() {
     if (!window_) openWindow();
-    return *window_;
+    if (!meansTextureEditor_) return *window_;
+    return *window_->textureEditor();
+}
+
+void Player::chooseWindow(const QString& name) {
+    if (!window_) openWindow();
+    if (name != "main" && name != "uv") throw ScenarioError("there is no such window");
+    if (name == "uv" && window_->textureEditor() == nullptr) {
+        throw ScenarioError("the texture editor was never opened");
+    }
+    meansTextureEditor_ = name == "uv";
 }
 
 PictureBox& Player::pictureNamed(const QString& name) {
@@ -80,12 +90,7 @@ void Player::perform(const Command& command) {
     };
     const std::map<QString, Entry> commands = {
         {"answer", {2, [&](const QStringList& w) { dialogs_.queue(w.mid(1)); }}},
-        {"window",
-         {1,
-          [&](const QStringList& w) {
-              if (w[1] != "main") throw ScenarioError("there is no such window");
-              currentWindow();
-          }}},
+        {"window", {1, [&](const QStringList& w) { chooseWindow(w[1]); }}},
         {"menu", {1, [&](const QStringList& w) { triggerMenu(currentWindow(), w[1]); }}},
         {"press", {1, [&](const QStringList& w) { pressButton(currentWindow(), w[1]); }}},
         {"choose", {2, [&](const QStringList& w) { chooseEntry(currentWindow(), w[1], w[2]); }}},
@@ -101,6 +106,7 @@ void Player::perform(const Command& command) {
          {1,
           [&](const QStringList& w) {
               currentWindow();
+              if (toInt(w[1]) < 0) throw ScenarioError("cannot wait for less than no time");
               runEventLoop(toInt(w[1]));
           }}},
         {"resize",

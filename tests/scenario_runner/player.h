@@ -26,6 +26,7 @@ public:
 private:
     void perform(const Command& command);
     void openWindow();
+    void chooseWindow(const QString& name);
     QWidget& currentWindow();
     PictureBox& pictureNamed(const QString& name);
     [[noreturn]] void stop(const QString& why) const;
@@ -33,6 +34,7 @@ private:
     UserNumberFormat userNumbers_;
     AnsweringDialogs dialogs_;
     std::unique_ptr<frmCorvane> window_;
+    bool meansTextureEditor_ = false;  // which window the commands mean
     int line_ = 0;
 };
 

@@ -36,12 +36,14 @@ bool isReachable(const QAction& action) {
 void triggerMenu(const QWidget& window, const QString& name) {
     auto* const action = window.findChild<QAction*>(name);
     if (action == nullptr) fail(name, "is no menu item");
+    if (action->menu() != nullptr) fail(name, "is a menu, not one of its items");
+    if (!window.isVisible()) fail(name, "belongs to a window that is closed");
     if (!isReachable(*action)) fail(name, "is disabled");
     action->trigger();
 }
 
 QWidget& widgetNamed(QWidget& window, const QString& name) {
-    auto* const widget = window.findChild<QWidget*>(name);
+    auto* const widget = window.objectName() == name ? &window : window.findChild<QWidget*>(name);
     if (widget == nullptr) fail(name, "is no control of this window");
     if (!widget->isVisible()) fail(name, "is hidden");
     return *widget;

@@ -194,9 +194,17 @@ dump
 )");
     EXPECT_EQ(played.dialogs().back(),
               "message|Error|The merged geoset would be too large: 4 + 32765 = 32769 vertices (at "
-              "most 32767), 2 + 1 = 3 faces (at most 32767). Nothing was merged.|ok");
+              "most 32767), 2 + 1 = 3 faces (at most 32767). Nothing was changed.|ok");
     EXPECT_EQ(played.dump()["vertices"].toArray().size(), 4);
     EXPECT_EQ(undoNames(played.dump()), "");
+}
+
+TEST_F(GeosetsScenario, ARemovedGeosetWithNothingLeftIsNotWrittenOverAnother) {
+    folder.write("hero.mdl", threeGeosets());
+    const Played played = playAll(openGeoset(2) + "menu mnuSelectAll\npress cmdDelete\n" + kRemove +
+                                  "answer message yes\nmenu mnuSave\n");
+    EXPECT_EQ(played.dialogs().back(), overwriteQuestion(2) + "yes");
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), withoutSecond());
 }
 
 }  // namespace

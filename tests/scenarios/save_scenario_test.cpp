@@ -216,7 +216,30 @@ TEST_F(SaveScenario, AMissingWorkingCopyIsSaidAndTheNextSaveSucceeds) {
     first.send("menu mnuSave\n");
     const Played played = first.finish();
     EXPECT_EQ(played.exitCode, 0) << played.error();
-    EXPECT_NE(played.dialogs().back().find("working copy of the model cannot be read"),
+    EXPECT_NE(played.dialogs().back().find(
+                  "The working copy of the model is missing, so nothing was written."),
+              std::string::npos);
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), moved(squareModel()));
+}
+
+// Two windows on one model: the second save would undo the first one, so it asks.
+TEST_F(SaveScenario, AModelWrittenOutsideIsNotReplacedWithoutAsking) {
+    folder.write("hero.mdl", squareModel());
+    RunningScenario first = start();
+    first.send(kOpen + kMoveThird + "dump\n");
+    first.waitForDump();
+    playAll(kOpen +
+            "menu mnuSelectAll\ndrag pbxFront right 100 100 140 100\nmenu mnuSave\nclose\n");
+    const std::string other = readFile(folder.path("hero.mdl"));
+    first.send("answer message no\nmenu mnuSave\ndump\n");
+    first.waitForDump();
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), other);
+    first.send(
+        "answer message yes\nanswer message ok\nmenu mnuSave\n"
+        "answer message yes\nmenu mnuSave\n");
+    const Played played = first.finish();
+    EXPECT_EQ(played.exitCode, 0) << played.error();
+    EXPECT_NE(played.dialogs()[1].find("was changed by another program or window"),
               std::string::npos);
     EXPECT_EQ(readFile(folder.path("hero.mdl")), moved(squareModel()));
 }

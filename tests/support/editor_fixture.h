@@ -8,11 +8,13 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "editor.h"
 #include "scripted_dialogs.h"
+#include "uveditor/uv_editor.h"
 #include "views/recording_surface.h"
 
 namespace corvane {
@@ -26,12 +28,14 @@ public:
     }
     void showTip(const std::string& text) override { tip = text; }
     void startSelectTimer() override { ++timerStarts; }
+    void showTextureEditor(UVData data) override { textureData = std::move(data); }
     void copyText(const std::string& text) override { clipboard = text; }
 
     int buttonUpdates = 0;
     int timerStarts = 0;
     std::string tip;
     std::string clipboard;
+    std::optional<UVData> textureData;      ///< what the texture editor was last shown with
     std::function<void()> onUpdateButtons;  ///< called whenever the buttons are refreshed
 };
 

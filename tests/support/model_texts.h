@@ -1,4 +1,4 @@
-// Helpers for tests on the text of models.
+// What tests on the text of models share.
 #pragma once
 
 #include <string>

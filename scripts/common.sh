@@ -1,0 +1,86 @@
+# shellcheck shell=bash
+# Shared by run, test and .ci/run: the packages that they need, configuring, building.
+# Sourcing it changes to the root of the repository.
+
+cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
+
+# What building needs, and what testing needs, by the names of Debian 12.
+# shellcheck disable=SC2034
+BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev libgtest-dev)
+# shellcheck disable=SC2034
+TEST_PACKAGES=("${BUILD_PACKAGES[@]}" xvfb)
+
+section() { printf '\n== %s\n' "$*"; }
+
+say() { printf '%s\n' "$*"; }
+
+die() {
+    printf '%s\n' "$*" >&2
+    exit 1
+}
+
+# Whether what a package is needed for is here, wherever it came from.
+has_package() {
+    case $1 in
+        g++) command -v g++ ;;
+        cmake) command -v cmake ;;
+        ninja-build) command -v ninja ;;
+        xvfb) command -v Xvfb ;;
+        clang-format | clang-tidy) command -v "$1" ;;
+        *) dpkg-query -W -f='${db:Status-Status}\n' "$1" 2>/dev/null | grep -qx installed ;;
+    esac >/dev/null
+}
+
+# need_packages PACKAGE...: installs what is missing of them. Where apt is not to be had it says
+# what is needed and goes on, as long as the tools are there.
+need_packages() {
+    local package missing=()
+    if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+        say "This system has no apt, so nothing is installed. Needed are a C++20 compiler, CMake" \
+            "3.25, Ninja, Qt 6.4 with Widgets, and GoogleTest: \"Building by hand\" in README.md" \
+            "names the packages of other systems."
+        require_tools
+        return
+    fi
+    for package in "$@"; do
+        has_package "$package" || missing+=("$package")
+    done
+    ((${#missing[@]} > 0)) || return 0
+
+    section "Installing what is missing: ${missing[*]}"
+    local as_root=()
+    if ((EUID != 0)); then
+        command -v sudo >/dev/null || die "Installing needs root, and sudo is not here. As root:" \
+            "apt-get update && apt-get install --no-install-recommends ${missing[*]}"
+        as_root=(sudo)
+    fi
+    # sudo passes no environment on, so what apt needs of it is named.
+    local variable environment=(DEBIAN_FRONTEND=noninteractive)
+    for variable in http_proxy https_proxy no_proxy; do
+        [[ -z ${!variable:-} ]] || environment+=("$variable=${!variable}")
+    done
+    local apt=("${as_root[@]}" env "${environment[@]}" apt-get -q -o DPkg::Lock::Timeout=300)
+    "${apt[@]}" update || die "apt-get update failed; the reason stands above."
+    "${apt[@]}" install -y --no-install-recommends "${missing[@]}" ||
+        die "apt-get could not install: ${missing[*]}. The reason stands above."
+}
+
+require_tools() {
+    local tool
+    for tool in cmake ninja; do
+        command -v "$tool" >/dev/null || die "There is no $tool here."
+    done
+    command -v c++ >/dev/null || command -v g++ >/dev/null || command -v clang++ >/dev/null ||
+        [[ -n ${CXX:-} ]] || die "There is no C++ compiler here."
+}
+
+# build PRESET [TARGET...]: configures with a preset of CMakePresets.json and builds the targets,
+# or everything.
+build() {
+    local preset=$1
+    shift
+    section "Configuring (preset $preset)"
+    cmake --preset "$preset" --log-level=WARNING
+    section "Building${*:+: $*}"
+    cmake --build --preset "$preset" ${1+--target "$@"}
+}

@@ -1,0 +1,236 @@
+#include "app/frm_uv_editor.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QImageReader>
+#include <QLabel>
+#include <QMenuBar>
+#include <QVBoxLayout>
+
+#include "uveditor/exchange.h"
+#include "uveditor/uv_tools.h"
+#include "uveditor/uv_view.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr int kSmallestView = 400;  // pixels, a square
+constexpr int kFirstView = 512;
+constexpr int kMargin = 8;
+// Of a picture: 8192 by 8192 pixels of 4 bytes, and room for the decoder.
+constexpr int kImageLimit = 1024;  // MiB
+
+}  // namespace
+
+frmUVEditor::frmUVEditor(Editor& main)
+    : main_(main),
+      pbxUVView_(new PictureBox(this, 1)),
+      panel_(new QWidget(this)),
+      cboView_(new QComboBox(panel_)),
+      txtUVX_(new QLineEdit(panel_)),
+      txtUVY_(new QLineEdit(panel_)),
+      uv_{.picture = pbxUVView_->surface(),
+          .window = *this,
+          .dialogs = main.dialogs,
+          .data = {},
+          .imagePath = {}} {
+    setObjectName("frmUVEditor");
+    setWindowTitle(tr("Texture Coordinates - Corvane"));
+    QImageReader::setAllocationLimit(kImageLimit);
+
+    pbxUVView_->setObjectName("pbxUVView");
+    pbxUVView_->setAccessibleName(tr("Texture view"));
+    connectView();
+    buildPanel();
+    buildMenus();
+
+    auto* const central = new QWidget(this);
+    auto* const layout = new QHBoxLayout(central);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->addWidget(pbxUVView_, 1);
+    layout->addWidget(panel_);
+    setCentralWidget(central);
+    updateButtons();
+
+    // The view starts square, large enough for the panel beside it; later it follows the window.
+    // Its side is a multiple of 8, so that halves, quarters and eighths lie on whole pixels.
+    const int side = (std::max(kFirstView, panel_->sizeHint().height()) + 7) / 8 * 8;
+    pbxUVView_->setMinimumSize(side, side);
+    resize(sizeHint());
+    pbxUVView_->setMinimumSize(kSmallestView, kSmallestView);
+}
+
+void frmUVEditor::showWith(UVData newData) {
+    show();
+    raise();
+    activateWindow();
+    getArray(uv_, std::move(newData));
+}
+
+void frmUVEditor::connectView() {
+    pbxUVView_->onMove = [this](double x, double y) {
+        const auto text = [&](double coordinate) {
+            return QString::fromStdString(readoutText(coordinate, main_.userNumbers));
+        };
+        txtUVX_->setText(text(textureU(uv_, static_cast<int>(x))));
+        txtUVY_->setText(text(textureV(uv_, static_cast<int>(y))));
+    };
+    pbxUVView_->onPress = [this](double x, double y) { uvMouseDown(uv_, x, y); };
+    pbxUVView_->onRelease = [this](MouseButton button, double x, double y) {
+        uvMouseUp(uv_, button, x, y);
+    };
+    pbxUVView_->onResize = [this] { redraw(uv_); };
+}
+
+void frmUVEditor::addTool(QGridLayout& grid, const char* name, const char* caption, int row,
+                          int column, std::function<void()> run) {
+    auto* const button = new ToolButton(grid.parentWidget());
+    button->setObjectName(name);
+    button->setText(tr(caption));
+    button->setAccessibleName(button->text().remove('&'));
+    connect(button, &QPushButton::clicked, this, std::move(run));
+    grid.addWidget(button, row, column);
+}
+
+void frmUVEditor::buildPanel() {
+    auto* const layout = new QVBoxLayout(panel_);
+    layout->setContentsMargins(0, 0, 0, 0);
+    const auto group = [&](const QString& caption) {
+        auto* const box = new QGroupBox(caption, panel_);
+        auto* const grid = new QGridLayout(box);
+        grid->setContentsMargins(4, 4, 4, 4);
+        grid->setSpacing(2);
+        layout->addWidget(box);
+        return grid;
+    };
+
+    QGridLayout& select = *group(tr("Left drag selects"));
+    const auto selectMode = [this](SelectMode mode) {
+        return [this, mode] { uvSetSelectMode(uv_, mode); };
+    };
+    addTool(select, "cmdSelect", "&Select", 0, 0, selectMode(SelectMode::Select));
+    addTool(select, "cmdAdd", "&Add", 1, 0, selectMode(SelectMode::Add));
+    addTool(select, "cmdDeselect", "&Deselect", 2, 0, selectMode(SelectMode::Deselect));
+
+    QGridLayout& transform = *group(tr("Right drag transforms"));
+    const auto transformMode = [this](TransformMode mode) {
+        return [this, mode] { uvSetTransformMode(uv_, mode); };
+    };
+    addTool(transform, "cmdMove", "&Move", 0, 0, transformMode(TransformMode::Move));
+    addTool(transform, "cmdRotate", "&Rotate", 1, 0, transformMode(TransformMode::Rotate));
+    addTool(transform, "cmdScale", "S&cale", 2, 0, transformMode(TransformMode::Scale));
+
+    QGridLayout& axes = *group(tr("On the axes"));
+    addTool(axes, "cmdUVX", "X", 0, 0, [this] { uvToggleX(uv_); });
+    addTool(axes, "cmdUVY", "Y", 0, 1, [this] { uvToggleY(uv_); });
+
+    QGridLayout& view = *group(tr("View"));
+    struct ViewTool {
+        const char* name;
+        const char* caption;
+        const char* accessibleName;
+        Qt::ArrowType arrow;
+        int row;
+        int column;
+        void (*run)(UVEditor&);
+    };
+    constexpr std::array<ViewTool, 6> kViewTools = {{
+        {"cmdUVZoomIn", "+", "Zoom in", Qt::NoArrow, 0, 0, uvZoomIn},
+        {"cmdUVZoomOut", "-", "Zoom out", Qt::NoArrow, 0, 2, uvZoomOut},
+        {"cmdUVUp", "", "Look up", Qt::UpArrow, 1, 1,
+         [](UVEditor& uv) { uvPan(uv, 0, kUVPanStep); }},
+        {"cmdUVLeft", "", "Look left", Qt::LeftArrow, 2, 0,
+         [](UVEditor& uv) { uvPan(uv, kUVPanStep, 0); }},
+        {"cmdUVRight", "", "Look right", Qt::RightArrow, 2, 2,
+         [](UVEditor& uv) { uvPan(uv, -kUVPanStep, 0); }},
+        {"cmdUVDown", "", "Look down", Qt::DownArrow, 3, 1,
+         [](UVEditor& uv) { uvPan(uv, 0, -kUVPanStep); }},
+    }};
+    for (const ViewTool& tool : kViewTools) {
+        addTool(view, tool.name, tool.caption, tool.row, tool.column,
+                [this, run = tool.run] { run(uv_); });
+        auto* const button = panel_->findChild<ToolButton*>(tool.name);
+        button->setArrow(tool.arrow);
+        button->setAccessibleName(tr(tool.accessibleName));
+        button->setToolTip(tr(tool.accessibleName));
+        button->setMinimumWidth(button->fontMetrics().horizontalAdvance("MM"));
+    }
+
+    QGridLayout& picture = *group(tr("Picture"));
+    addTool(picture, "cmdLoadImg", "&Load Image...", 0, 0, [this] { loadImage(uv_); });
+
+    QGridLayout& projection = *group(tr("Projection"));
+    cboView_->setObjectName("cboView");
+    cboView_->setAccessibleName(tr("View to project from"));
+    cboView_->addItems({"Top", "Front", "Left"});
+    projection.addWidget(cboView_, 0, 0);
+    addTool(projection, "cmdRemap", "Rema&p", 1, 0,
+            [this] { remapSelection(uv_, main_, cboView_->currentText().toStdString()); });
+
+    QGridLayout& readout = *group(tr("Under the mouse"));
+    int row = 0;
+    for (const auto& [text, letter] : {std::pair(txtUVX_, "X"), std::pair(txtUVY_, "Y")}) {
+        text->setObjectName(QStringLiteral("txtUV") + letter);
+        text->setAccessibleName(tr("%1 texture coordinate under the mouse").arg(letter));
+        text->setReadOnly(true);
+        text->setMinimumWidth(text->fontMetrics().horizontalAdvance("-00.000000 "));
+        readout.addWidget(new QLabel(letter, panel_), row, 0);
+        readout.addWidget(text, row, 1);
+        ++row;
+    }
+
+    QGridLayout& save = *group(tr("Model"));
+    addTool(save, "cmdSaveUVChanges", "Save C&hanges", 0, 0, [this] { saveChanges(uv_, main_); });
+    layout->addStretch();
+}
+
+void frmUVEditor::buildMenus() {
+    QMenu* const file = menuBar()->addMenu(tr("&File"));
+    const auto add = [this](QMenu& menu, const char* name, const QString& caption,
+                            const char* shortcut, std::function<void()> run) {
+        QAction* const action = menu.addAction(caption);
+        action->setObjectName(name);
+        action->setShortcut(QKeySequence(QString(shortcut)));
+        connect(action, &QAction::triggered, this, std::move(run));
+    };
+    const auto press = [this](const char* name) {
+        return [button = panel_->findChild<ToolButton*>(name)] { button->click(); };
+    };
+    add(*file, "mnuLoadImg", tr("&Load Image..."), "Ctrl+O", press("cmdLoadImg"));
+    add(*file, "mnuSaveUVChanges", tr("&Save Changes"), "Ctrl+S", press("cmdSaveUVChanges"));
+    file->addSeparator();
+    add(*file, "mnuClose", tr("&Close"), "Ctrl+W", [this] { close(); });
+    QMenu* const edit = menuBar()->addMenu(tr("&Edit"));
+    add(*edit, "mnuSelectAll", tr("Select &All"), "Ctrl+A", [this] { uvSelectAll(uv_); });
+    add(*edit, "mnuInvertSelection", tr("&Invert Selection"), "Ctrl+I",
+        [this] { uvInvertSelection(uv_); });
+}
+
+void frmUVEditor::updateButtons() {
+    const auto colour = [this](const char* name, Colour back) {
+        panel_->findChild<ToolButton*>(name)->setBackColour(back);
+    };
+    const auto mode = [](bool on) { return on ? kWhite : kButtonFace; };
+    colour("cmdSelect", mode(uv_.selectMode == SelectMode::Select));
+    colour("cmdAdd", mode(uv_.selectMode == SelectMode::Add));
+    colour("cmdDeselect", mode(uv_.selectMode == SelectMode::Deselect));
+    colour("cmdMove", mode(uv_.transformMode == TransformMode::Move));
+    colour("cmdRotate", mode(uv_.transformMode == TransformMode::Rotate));
+    colour("cmdScale", mode(uv_.transformMode == TransformMode::Scale));
+    colour("cmdUVX", axisColour(uv_.xEnabled));
+    colour("cmdUVY", axisColour(uv_.yEnabled));
+}
+
+std::string frmUVEditor::loadPicture(const std::string& path) {
+    QImageReader reader(QString::fromStdString(path));
+    // By what it holds, not by its name; of an animation the first picture.
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QImage image = reader.read();
+    if (image.isNull()) return reader.errorString().toStdString();
+    pbxUVView_->setImage(image.convertToFormat(QImage::Format_ARGB32_Premultiplied));
+    return {};
+}
+
+}  // namespace corvane

@@ -1,0 +1,43 @@
+// How texture coordinates come to the texture editor and back.
+#pragma once
+
+#include <span>
+
+#include "editor.h"
+#include "uveditor/uv_editor.h"
+
+namespace corvane {
+
+/// Copies of what the texture editor works on.
+UVData uvDataOf(const Geoset& geoset);
+
+/// The command UV Mapping: shows the texture editor with the geoset's texture coordinates. A
+/// message where no model is loaded.
+void openTextureEditor(Editor& editor);
+
+/// Takes new data into the texture editor, in place of what it had, loads the background picture
+/// again if there is one, and redraws. Zoom, pan, picture and modes stay.
+void getArray(UVEditor& uv, UVData data);
+
+/// Writes texture coordinates back to the geoset, entry i to vertex i. Where the lists differ in
+/// length only the common range is written. Returns the number of vertices written. No undo step.
+std::size_t saveUVChanges(Editor& editor, std::span<const double> tx, std::span<const double> ty);
+
+/// The command Save Changes of the texture editor: saveUVChanges(), and a message where the
+/// geoset has more or fewer vertices than when it was handed over.
+void saveChanges(UVEditor& uv, Editor& editor);
+
+/// The coordinates of the selected vertices on one axis, stretched so that the least becomes 0 and
+/// the greatest 1; 0 for the others. Extremes beyond 6400 model units from the origin on one side
+/// only are not recognised as such. An axis on which the selection has no extent gives 0
+/// everywhere. Entries of `selected` beyond the vertex list count for nothing.
+std::vector<double> remap(const Geoset& geoset, const std::vector<bool>& selected, Axis axis);
+
+/// Whether remap() has an extent to stretch on that axis, or nothing is selected.
+bool hasRemapExtent(const Geoset& geoset, const std::vector<bool>& selected, Axis axis);
+
+/// The command Remap: gives the selected texture vertices the coordinates of a projection from
+/// "Top", "Front" or "Left", and redraws. A message where the selection is flat on an axis.
+void remapSelection(UVEditor& uv, const Editor& editor, const std::string& view);
+
+}  // namespace corvane

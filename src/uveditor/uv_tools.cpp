@@ -1,0 +1,166 @@
+#include "uveditor/uv_tools.h"
+
+#include <cmath>
+#include <utility>
+
+#include "uveditor/uv_view.h"
+
+namespace corvane {
+
+namespace {
+
+// Shorter than the full constant. Kept, so that a rotation gives the same digits as ever.
+constexpr double kPi = 3.1415926;
+constexpr double kRadiansPerUnit = 1.5;  // of a vertical drag
+
+// Applies a change to the coordinates of every selected vertex.
+template <class Change>
+void forEachSelected(UVData& data, Change change) {
+    for (std::size_t i = 0; i < data.u.size(); ++i) {
+        if (data.selected[i]) change(data.u[i], data.v[i]);
+    }
+}
+
+struct Mean {
+    double u = 0;
+    double v = 0;
+};
+
+// Of the selected vertices, deleted ones included; 0 where there are none.
+Mean meanOfSelection(UVData& data) {
+    Mean sum;
+    int count = 0;
+    forEachSelected(data, [&](double u, double v) {
+        sum.u += u;
+        sum.v += v;
+        ++count;
+    });
+    if (count == 0) return {};
+    return {sum.u / count, sum.v / count};
+}
+
+// A result that no number can hold would be written to the model as no number: keep the old.
+void assignFinite(double& coordinate, double value) {
+    if (std::isfinite(value)) coordinate = value;
+}
+
+void selectByBox(UVEditor& uv) {
+    if (uv.uStart > uv.uEnd) std::swap(uv.uStart, uv.uEnd);
+    if (uv.vStart > uv.vEnd) std::swap(uv.vStart, uv.vEnd);
+    UVData& data = uv.data;
+    for (std::size_t i = 0; i < data.u.size(); ++i) {
+        const bool inside = uv.uStart < data.u[i] && data.u[i] < uv.uEnd && uv.vStart < data.v[i] &&
+                            data.v[i] < uv.vEnd;
+        switch (uv.selectMode) {
+            case SelectMode::Select:
+                data.selected[i] = inside;
+                break;
+            case SelectMode::Add:
+                if (inside) data.selected[i] = true;
+                break;
+            case SelectMode::Deselect:
+                if (inside) data.selected[i] = false;
+                break;
+        }
+    }
+}
+
+void transform(UVEditor& uv) {
+    const double du = uv.uEnd - uv.uStart;
+    const double dv = uv.vEnd - uv.vStart;
+    switch (uv.transformMode) {
+        case TransformMode::Move:
+            uvMove(uv, du, dv);
+            break;
+        case TransformMode::Rotate:
+            uvRotate(uv, dv * kRadiansPerUnit);
+            break;
+        case TransformMode::Scale: {
+            const double d = dv + du;
+            uvScale(uv, d >= 0 ? d + 1 : 1 / (std::fabs(d) + 1));
+            break;
+        }
+        case TransformMode::Extrude:
+            break;
+    }
+}
+
+}  // namespace
+
+void uvSetSelectMode(UVEditor& uv, SelectMode mode) {
+    uv.selectMode = mode;
+    uv.window.updateButtons();
+}
+
+void uvSetTransformMode(UVEditor& uv, TransformMode mode) {
+    uv.transformMode = mode;
+    uv.window.updateButtons();
+}
+
+void uvToggleX(UVEditor& uv) {
+    uv.xEnabled = !uv.xEnabled;
+    uv.window.updateButtons();
+}
+
+void uvToggleY(UVEditor& uv) {
+    uv.yEnabled = !uv.yEnabled;
+    uv.window.updateButtons();
+}
+
+void uvSelectAll(UVEditor& uv) {
+    uv.data.selected.assign(uv.data.selected.size(), true);
+    redraw(uv);
+}
+
+void uvInvertSelection(UVEditor& uv) {
+    uv.data.selected.flip();
+    redraw(uv);
+}
+
+void uvMouseDown(UVEditor& uv, double x, double y) {
+    uv.uStart = textureU(uv, static_cast<int>(x));
+    uv.vStart = textureV(uv, static_cast<int>(y));
+}
+
+void uvMouseUp(UVEditor& uv, MouseButton button, double x, double y) {
+    uv.uEnd = textureU(uv, static_cast<int>(x));
+    uv.vEnd = textureV(uv, static_cast<int>(y));
+    if (button == MouseButton::Left) {
+        selectByBox(uv);
+    } else {
+        transform(uv);
+    }
+    redraw(uv);
+}
+
+void uvMove(UVEditor& uv, double du, double dv) {
+    forEachSelected(uv.data, [&](double& u, double& v) {
+        if (uv.xEnabled) assignFinite(u, u + du);
+        if (uv.yEnabled) assignFinite(v, v + dv);
+    });
+}
+
+void uvRotate(UVEditor& uv, double angle) {
+    const Mean centre = meanOfSelection(uv.data);
+    forEachSelected(uv.data, [&](double& u, double& v) {
+        const double a = u - centre.u;
+        const double b = v - centre.v;
+        const double r = std::sqrt(a * a + b * b);
+        // A vertex straight above the centre counts as lying below it.
+        double theta = a == 0 ? kPi / 2 : std::atan(b / a);
+        if (a < 0) theta += kPi;
+        theta += angle;
+        assignFinite(u, r * std::cos(theta) + centre.u);
+        assignFinite(v, r * std::sin(theta) + centre.v);
+    });
+}
+
+void uvScale(UVEditor& uv, double factor) {
+    const Mean centre = meanOfSelection(uv.data);
+    forEachSelected(uv.data, [&](double& u, double& v) {
+        if (uv.xEnabled) assignFinite(u, (u - centre.u) * factor + centre.u);
+        if (uv.yEnabled) assignFinite(v, (v - centre.v) * factor + centre.v);
+    });
+}
+
+}  // namespace corvane

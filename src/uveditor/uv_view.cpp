@@ -1,0 +1,124 @@
+#include "uveditor/uv_view.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace corvane {
+
+namespace {
+
+constexpr double kVertexBox = 2;  // half the side of a vertex's box, pixels
+constexpr double kZoomInFactor = 1.25;
+constexpr double kZoomOutFactor = 0.8;
+constexpr double kZoomInLimit = 10;    // no zooming in from here on
+constexpr double kZoomOutLimit = 0.5;  // no zooming out from here on
+constexpr int kReadoutDecimals = 6;
+
+void scale(UVEditor& uv, double factor) {
+    uv.zoom *= factor;
+    uv.panX = roundToInt32(uv.panX * factor);
+    uv.panY = roundToInt32(uv.panY * factor);
+}
+
+// The picture covers the unit square.
+void paintBackground(UVEditor& uv) {
+    if (!uv.imageLoaded) return;
+    const double width = uv.picture.width();
+    const double height = uv.picture.height();
+    uv.picture.image(uv.panX - (uv.zoom - 1) * width / 2, uv.panY - (uv.zoom - 1) * height / 2,
+                     width * uv.zoom, height * uv.zoom);
+}
+
+}  // namespace
+
+double viewX(const UVEditor& uv, double u) {
+    const double width = uv.picture.width();
+    return (width * u - width / 2) * uv.zoom + width / 2 + uv.panX;
+}
+
+double viewY(const UVEditor& uv, double v) {
+    const double height = uv.picture.height();
+    return (height * v - height / 2) * uv.zoom + height / 2 + uv.panY;
+}
+
+double textureU(const UVEditor& uv, int x) {
+    return ((x - uv.panX) / uv.picture.width() - 0.5) / uv.zoom + 0.5;
+}
+
+double textureV(const UVEditor& uv, int y) {
+    return ((y - uv.panY) / uv.picture.height() - 0.5) / uv.zoom + 0.5;
+}
+
+void redraw(UVEditor& uv) {
+    if (!uv.dataReceived) return;
+    const UVData& data = uv.data;
+    struct Point {
+        double x;
+        double y;
+    };
+    std::vector<Point> points(data.u.size());
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        points[i] = {viewX(uv, data.u[i]), viewY(uv, data.v[i])};
+    }
+
+    uv.picture.clear();
+    paintBackground(uv);
+    const auto rounded = [](double value) { return static_cast<double>(roundToInt32(value)); };
+    for (const auto& face : data.faces) {
+        const auto isDeleted = [&](std::int16_t corner) {
+            return data.deleted[static_cast<std::size_t>(corner)];
+        };
+        if (std::ranges::any_of(face, isDeleted)) continue;
+        for (std::size_t k = 0; k < face.size(); ++k) {
+            const Point& p = points[static_cast<std::size_t>(face[k])];
+            const Point& q = points[static_cast<std::size_t>(face[(k + 1) % face.size()])];
+            uv.picture.line(rounded(p.x), rounded(p.y), rounded(q.x), rounded(q.y), kActiveBorder);
+        }
+    }
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        if (data.deleted[i]) continue;
+        const auto [x, y] = points[i];
+        uv.picture.box(x - kVertexBox, y - kVertexBox, x + kVertexBox, y + kVertexBox,
+                       data.selected[i] ? kRed : kBlack);
+    }
+}
+
+void uvZoomIn(UVEditor& uv) {
+    if (uv.zoom < kZoomInLimit) scale(uv, kZoomInFactor);
+    redraw(uv);
+}
+
+void uvZoomOut(UVEditor& uv) {
+    if (uv.zoom > kZoomOutLimit) scale(uv, kZoomOutFactor);
+    redraw(uv);
+}
+
+void uvPan(UVEditor& uv, int dx, int dy) {
+    uv.panX = roundToInt32(static_cast<double>(uv.panX) + dx);
+    uv.panY = roundToInt32(static_cast<double>(uv.panY) + dy);
+    redraw(uv);
+}
+
+void loadImage(UVEditor& uv) {
+    const std::optional<std::string> path = uv.dialogs.openFile(kPictureFilter, uv.imagePath);
+    if (!path) return;
+    const std::string reason = uv.window.loadPicture(*path);
+    if (!reason.empty()) {
+        showPictureError(uv, *path, reason);
+        return;
+    }
+    uv.imageLoaded = true;
+    uv.imagePath = *path;
+    redraw(uv);
+}
+
+void showPictureError(UVEditor& uv, const std::string& path, const std::string& reason) {
+    uv.dialogs.messageBox(kErrorCaption, "The picture cannot be read.\n" + path + ": " + reason +
+                                             "\n\nChoose a JPEG, GIF or BMP file.");
+}
+
+std::string readoutText(double coordinate, const UserNumberFormat& format) {
+    return formatUserNumber(roundToDecimals(coordinate, kReadoutDecimals), format);
+}
+
+}  // namespace corvane

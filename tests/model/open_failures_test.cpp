@@ -1,0 +1,179 @@
+// Models that cannot be opened: a message that says why, and everything stays as it was.
+#include <filesystem>
+
+#include "edit/undo_history.h"
+#include "model/open_model.h"
+#include "model_flow.h"
+
+namespace corvane {
+namespace {
+
+const char* const kOpenAdvice =
+    "\n\nThe file was not opened and is unchanged. Mend the line in a text editor, or choose "
+    "another geoset or model.";
+
+class OpenFailuresTest : public ModelFlowTest {
+protected:
+    /// Opens geoset 2 of a good model, and leaves an edit and an undo step in it.
+    void openGoodModel() {
+        openNew("good.mdl", modelOf(threeGeosets()), "2");
+        pushUndo(editor, {.keepVertices = true}, {}, "Snap");
+        vertex(1).pos[0] = 99;
+        select({2});
+    }
+
+    /// Runs `tryToOpen` without and with a model open and expects nothing to change.
+    template <class F>
+    void expectNothingChanges(F tryToOpen) {
+        {
+            SCOPED_TRACE("no model is open");
+            const Before before = remember();
+            tryToOpen();
+            EXPECT_FALSE(store().modelLoaded);
+            expectUnchanged(before);
+        }
+        {
+            SCOPED_TRACE("a model is open");
+            openGoodModel();
+            const Before before = remember();
+            const std::vector<VertexRecord>* copy = editor.undo.slots[0].vertices.get();
+            tryToOpen();
+            expectUnchanged(before);
+            EXPECT_EQ(editor.undo.slots[0].vertices.get(), copy);
+            EXPECT_EQ(store().modelPath, folder.path("good.mdl"));
+        }
+        // What was open can still be saved, to its own file.
+        save();
+        EXPECT_EQ(askedKinds(), "");
+        ModelParts saved = threeGeosets();
+        saved.geosets[1].vertices[0] = "2, 99, 0";
+        EXPECT_EQ(readFile(folder.path("good.mdl")), modelOf(saved));
+        EXPECT_EQ(workBytes(), modelOf(saved));
+    }
+
+    /// A model of three geosets the second of which cannot be read.
+    static std::string brokenModel() {
+        ModelParts parts = threeGeosets();
+        parts.geosets[1] = unreadableSquare();
+        return modelOf(parts);
+    }
+};
+
+TEST_F(OpenFailuresTest, AFileThatIsNotThereIsABadFileName) {
+    expectNothingChanges([&] {
+        open(folder.path("missing.mdl"));
+        ASSERT_EQ(askedKinds(), "open message");
+        expectLast("message", "Error", "Bad file name");
+    });
+}
+
+TEST_F(OpenFailuresTest, AFolderIsABadFileName) {
+    std::filesystem::create_directory(folder.path("folder.mdl"));
+    expectNothingChanges([&] {
+        open(folder.path("folder.mdl"));
+        ASSERT_EQ(askedKinds(), "open message");
+        expectLast("message", "Error", "Bad file name");
+    });
+}
+
+TEST_F(OpenFailuresTest, AfterABadFileNameTheDialogStartsFromTheModelThatIsOpen) {
+    openGoodModel();
+    open(folder.path("missing.mdl"));
+    dialogs.asked.clear();
+    dialogs.files.push_back(std::nullopt);
+    openCommand(editor);
+    EXPECT_EQ(dialogs.asked[0].defaultText, folder.path("good.mdl"));
+}
+
+TEST_F(OpenFailuresTest, AGeosetThatCannotBeReadIsNamedWithItsFileAndLine) {
+    const std::string text = brokenModel();
+    const std::string path = folder.write("broken.mdl", text);
+    expectNothingChanges([&] {
+        open(path, "2");
+        ASSERT_EQ(askedKinds(), "open input message");
+        expectLast("message", "Error",
+                   "Geoset 2 cannot be read.\n" + path + ", line " +
+                       lineOf(text, "0, 1, 2, 3, 4, 5, 6, 7") +
+                       ": the matrix group has more than 7 matrix indices." + kOpenAdvice);
+        EXPECT_EQ(readFile(path), text);
+    });
+}
+
+TEST_F(OpenFailuresTest, TheOtherGeosetsOfThatModelOpen) {
+    folder.write("broken.mdl", brokenModel());
+    open(folder.path("broken.mdl"), "3");
+    EXPECT_EQ(askedKinds(), "open input");
+    EXPECT_EQ(store().geosetNumber, 3);
+    EXPECT_EQ(vertex(1).pos, (Triple{0, 0, 3}));
+}
+
+TEST_F(OpenFailuresTest, AGeosetWithoutTabIndentedVerticesIsRefused) {
+    const std::string text =
+        replacedOnce(modelOf({.geosets = {squareAt("5")}}), "\tVertices 4 {", "  Vertices 4 {");
+    const std::string path = folder.write("spaces.mdl", text);
+    expectNothingChanges([&] {
+        open(path);
+        ASSERT_EQ(askedKinds(), "open message");
+        expectLast("message", "Error",
+                   "Geoset 1 cannot be read.\n" + path + ", line " + lineOf(text, "Geoset {") +
+                       ": the geoset that starts here has no section \"Vertices\" that can be "
+                       "read (its header is expected after one tab)." +
+                       kOpenAdvice);
+    });
+}
+
+TEST_F(OpenFailuresTest, AFileThatEndsInsideASectionIsRefused) {
+    const std::string whole = modelOf({.geosets = {squareAt("5")}});
+    const std::string text = whole.substr(0, whole.find("\tTVertices") + 20);
+    const std::string path = folder.write("cut.mdl", text);
+    expectNothingChanges([&] {
+        open(path);
+        ASSERT_EQ(askedKinds(), "open message");
+        expectLast("message", "Error",
+                   "Geoset 1 cannot be read.\n" + path + ", line " + lineOf(text, "\tTVertices") +
+                       ": the section TVertices that starts here does not end (no line that is a "
+                       "tab and \"}\" follows in its geoset)." +
+                       kOpenAdvice);
+    });
+}
+
+TEST_F(OpenFailuresTest, AWorkingCopyThatCannotBeMadeIsNamedWithTheReason) {
+    const std::string text = modelOf(threeGeosets());
+    const std::string path = folder.write("hero.mdl", text);
+    std::filesystem::create_directory(folder.path("hero_TMP.tdl"));
+    expectNothingChanges([&] {
+        open(path);
+        ASSERT_EQ(askedKinds(), "open message");
+        expectLast("message", "Error",
+                   "The working copy of the model cannot be made.\n" + folder.path("hero_TMP.tdl") +
+                       ": Is a directory\n\nThe file was not opened. The folder must have room and "
+                       "let you write: free some space, or copy the model to another folder and "
+                       "open it there.");
+        EXPECT_EQ(readFile(path), text);
+    });
+}
+
+TEST_F(OpenFailuresTest, TheModelsOwnWorkingCopyCannotBeOpened) {
+    openGoodModel();
+    std::filesystem::create_symlink(store().workPath, folder.path("link.mdl"));
+    const Before before = remember();
+    for (const std::string& path : {store().workPath, folder.path("link.mdl")}) {
+        open(path);
+        ASSERT_EQ(askedKinds(), "open message");
+        expectLast("message", "Error",
+                   path + " is the working copy of the model that is open, " +
+                       folder.path("good.mdl") + ". Choose another file.");
+        expectUnchanged(before);
+    }
+}
+
+TEST_F(OpenFailuresTest, AWorkingCopyOfAnotherWindowOpensAsAModelOfItsOwn) {
+    const std::string text = modelOf({.geosets = {squareAt("5")}});
+    open(folder.write("other_TMP.tdl", text));
+    EXPECT_EQ(askedKinds(), "open");
+    EXPECT_EQ(store().workPath, folder.path("other_TMP_TMP.tdl"));
+    EXPECT_EQ(readFile(folder.path("other_TMP.tdl")), text);
+}
+
+}  // namespace
+}  // namespace corvane

@@ -1,0 +1,277 @@
+// Saves that fail, and working copies that are gone: nothing is lost, and the next save works.
+#include <filesystem>
+
+#include "edit/transforms.h"
+#include "model/save_model.h"
+#include "model_flow.h"
+
+namespace corvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+class SaveFailuresTest : public ModelFlowTest {
+protected:
+    /// Opens geoset 2 of a model of three in `name` and moves its first vertex.
+    std::string openAndEdit(const std::string& name) {
+        const std::string path = openNew(name, modelOf(threeGeosets()), "2");
+        select({1});
+        moveSelection(editor, {1, 2, 4}, true);
+        return path;
+    }
+
+    static std::string edited() {
+        ModelParts parts = threeGeosets();
+        parts.geosets[1].vertices[0] = "6, 1, 2";
+        return modelOf(parts);
+    }
+
+    static std::string notSaved(const std::string& reason) {
+        return "The model was not saved.\n" + reason +
+               "\n\nThe file is as it was, and your edits are still here: mend the cause and save "
+               "again, or save to another place with Save As.";
+    }
+
+    static std::string workingCopyGone(const std::string& path) {
+        return "The working copy of the model is missing, so nothing was written.\n" + path +
+               "\n\nIts text is not lost, and your edits are still here: save again, or to another "
+               "folder with Save As.";
+    }
+};
+
+TEST_F(SaveFailuresTest, ATargetThatCannotBeWrittenLeavesEverythingButThePath) {
+    const std::string old = openAndEdit("three.mdl");
+    fs::create_directory(folder.path("folder.mdl"));
+    const std::vector<std::pair<std::string, std::string>> targets = {
+        {folder.path("missing/new.mdl"), "No such file or directory"},
+        {folder.path("folder.mdl"), "Is a directory"},
+        {folder.path("three.mdl/new.mdl"), "Not a directory"}};
+    for (const auto& [target, reason] : targets) {
+        SCOPED_TRACE(target);
+        const Before before = remember();
+        saveAs(target);
+        ASSERT_EQ(askedKinds(), "save message");
+        expectLast("message", "Error", notSaved(target + ": " + reason));
+        EXPECT_EQ(store().modelPath, target);  // the new path is the current one
+        EXPECT_EQ(readFile(old), modelOf(threeGeosets()));
+        store().modelPath = old;  // all else is as it was
+        expectUnchanged(before);
+    }
+}
+
+TEST_F(SaveFailuresTest, AfterAFailedSaveTheModelCanBeSavedElsewhere) {
+    const std::string old = openAndEdit("three.mdl");
+    saveAs(folder.path("missing/new.mdl"));
+    EXPECT_EQ(askedKinds(), "save message");
+    saveAs(folder.path("good.mdl"));
+    EXPECT_EQ(askedKinds(), "save");
+    EXPECT_EQ(modelBytes(), edited());
+    EXPECT_EQ(workBytes(), edited());
+    EXPECT_FALSE(store().modified);
+    EXPECT_EQ(readFile(old), modelOf(threeGeosets()));
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"good.mdl", "good_TMP.tdl", "three.mdl"}));
+}
+
+TEST_F(SaveFailuresTest, APlainSaveAfterAFailedSaveAsTriesTheNewPathAgain) {
+    openAndEdit("three.mdl");
+    saveAs(folder.path("missing/new.mdl"));
+    save();
+    ASSERT_EQ(askedKinds(), "message");
+    expectLast("message", "Error",
+               notSaved(folder.path("missing/new.mdl") + ": No such file or directory"));
+    fs::create_directory(folder.path("missing"));  // the cause is mended
+    save();
+    EXPECT_EQ(askedKinds(), "");
+    EXPECT_EQ(readFile(folder.path("missing/new.mdl")), edited());
+    EXPECT_EQ(workBytes(), edited());
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"missing", "three.mdl"}));
+}
+
+TEST_F(SaveFailuresTest, ASaveGeosetThatFailsKeepsTheGeosetNumber) {
+    openAndEdit("three.mdl");
+    saveGeosetAs(folder.path("missing/part.mdl"));
+    ASSERT_EQ(askedKinds(), "save message");
+    EXPECT_EQ(store().geosetNumber, 2);
+    EXPECT_TRUE(store().modified);
+    saveAs(folder.path("good.mdl"));
+    EXPECT_EQ(modelBytes(), edited());
+}
+
+TEST_F(SaveFailuresTest, AMissingWorkingCopyIsMadeAgainForTheNextSave) {
+    const std::string path = openAndEdit("three.mdl");
+    fs::remove(store().workPath);
+    save();
+    ASSERT_EQ(askedKinds(), "message");
+    expectLast("message", "Error", workingCopyGone(folder.path("three_TMP.tdl")));
+    EXPECT_EQ(readFile(path), modelOf(threeGeosets()));
+    EXPECT_EQ(workBytes(), modelOf(threeGeosets()));
+    EXPECT_TRUE(store().modified);
+    save();
+    EXPECT_EQ(askedKinds(), "");
+    EXPECT_EQ(readFile(path), edited());
+    EXPECT_EQ(workBytes(), edited());
+}
+
+TEST_F(SaveFailuresTest, WithTheFolderGoneTheModelIsSavedElsewhere) {
+    fs::create_directory(folder.path("gone"));
+    openAndEdit("gone/three.mdl");
+    fs::remove_all(folder.path("gone"));
+    save();
+    ASSERT_EQ(askedKinds(), "message");
+    expectLast("message", "Error", workingCopyGone(folder.path("gone/three_TMP.tdl")));
+    const std::string path = folder.path("new.mdl");
+    saveAs(path);
+    EXPECT_EQ(askedKinds(), "save");
+    EXPECT_EQ(readFile(path), edited());
+    EXPECT_EQ(store().workPath, folder.path("new_TMP.tdl"));
+    EXPECT_EQ(workBytes(), edited());
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"new.mdl", "new_TMP.tdl"}));
+    vertex(1).pos = {0, 0, 2};
+    save();
+    EXPECT_EQ(readFile(path), modelOf(threeGeosets()));
+}
+
+TEST_F(SaveFailuresTest, WithTheFolderGoneASaveAsNeedsASecondTry) {
+    fs::create_directory(folder.path("gone"));
+    openAndEdit("gone/three.mdl");
+    fs::remove_all(folder.path("gone"));
+    saveAs(folder.path("new.mdl"));
+    EXPECT_EQ(askedKinds(), "save message");
+    EXPECT_TRUE(folder.names().empty());
+    save();
+    EXPECT_EQ(askedKinds(), "");
+    EXPECT_EQ(readFile(folder.path("new.mdl")), edited());
+    EXPECT_EQ(workBytes(), edited());
+}
+
+TEST_F(SaveFailuresTest, AModelThatWasWrittenOutsideIsReplacedOnlyAfterAYes) {
+    const std::string path = openAndEdit("three.mdl");
+    const std::string other = modelOf({.geosets = {squareAt("1")}});
+    folder.write("three.mdl", other);
+    dialogs.yesNos.push_back(false);
+    save();
+    ASSERT_EQ(askedKinds(), "yesno");
+    expectLast("yesno", "Warning",
+               path +
+                   " was changed by another program or window since it was opened or saved here. "
+                   "Saving replaces what it holds now. Save?");
+    EXPECT_EQ(readFile(path), other);
+    dialogs.yesNos.push_back(true);
+    save();
+    EXPECT_EQ(readFile(path), edited());
+    save();
+    EXPECT_EQ(askedKinds(), "") << "it is this window's own now";
+}
+
+TEST_F(SaveFailuresTest, WithModelAndWorkingCopyGoneTheTextComesFromTheOpenFile) {
+    const std::string path = openAndEdit("three.mdl");
+    fs::remove(path);
+    fs::remove(store().workPath);
+    save();
+    ASSERT_EQ(askedKinds(), "message");
+    save();
+    EXPECT_EQ(askedKinds(), "");
+    EXPECT_EQ(readFile(path), edited());
+}
+
+TEST_F(SaveFailuresTest, AnEditMadeSinceASaveIsNotLostWithTheWorkingCopy) {
+    const std::string path = openAndEdit("three.mdl");
+    save();
+    vertex(2).pos = {7, 8, 9};
+    fs::remove(path);
+    fs::remove(store().workPath);
+    save();
+    save();
+    ModelParts parts = threeGeosets();
+    parts.geosets[1].vertices[0] = "6, 1, 2";
+    parts.geosets[1].vertices[1] = "9, 7, 8";
+    EXPECT_EQ(readFile(path), modelOf(parts));
+}
+
+TEST_F(SaveFailuresTest, TheModelCannotBeSavedOntoItsOwnWorkingCopy) {
+    openAndEdit("three.mdl");
+    fs::create_symlink(store().workPath, folder.path("link.mdl"));
+    const Before before = remember();
+    for (const std::string& path : {store().workPath, folder.path("link.mdl")}) {
+        saveAs(path);
+        ASSERT_EQ(askedKinds(), "save message");
+        expectLast("message", "Error",
+                   path + " is the working copy of the model that is open, " + store().modelPath +
+                       ". Choose another file.");
+        expectUnchanged(before);
+    }
+    save();
+    EXPECT_EQ(modelBytes(), edited());
+}
+
+TEST_F(SaveFailuresTest, AWorkingCopyThatCannotBeRenewedLeavesTheSaveStanding) {
+    openAndEdit("three.mdl");
+    fs::create_directory(folder.path("new_TMP.tdl"));
+    saveAs(folder.path("new.mdl"));
+    ASSERT_EQ(askedKinds(), "save message");
+    expectLast("message", "Warning",
+               "The model was saved, but its working copy could not be renewed.\n" +
+                   folder.path("new_TMP.tdl") +
+                   ": Is a directory\n\nYou can go on: the saved file serves in its place. Free "
+                   "some space, then save again.");
+    EXPECT_EQ(modelBytes(), edited());
+    EXPECT_EQ(store().modelPath, folder.path("new.mdl"));
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"new.mdl", "new_TMP.tdl", "three.mdl"}));
+
+    fs::remove(folder.path("new_TMP.tdl"));
+    vertex(2).pos = {7, 8, 9};
+    save();
+    EXPECT_EQ(askedKinds(), "");
+    ModelParts parts = threeGeosets();
+    parts.geosets[1].vertices[0] = "6, 1, 2";
+    parts.geosets[1].vertices[1] = "9, 7, 8";
+    EXPECT_EQ(modelBytes(), modelOf(parts));
+    EXPECT_EQ(workBytes(), modelOf(parts));
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"new.mdl", "new_TMP.tdl", "three.mdl"}));
+}
+
+TEST_F(SaveFailuresTest, ASavedEditOutlivesAWorkingCopyThatCouldNotBeRenewed) {
+    openAndEdit("three.mdl");
+    fs::create_directory(folder.path("new_TMP.tdl"));
+    saveAs(folder.path("new.mdl"));  // geoset 2 is saved, the working copy is from before
+    dialogs.inputs.push_back("1");
+    switchGeoset(editor);
+    vertex(1).pos = {7, 8, 9};
+    save();
+    ModelParts parts = threeGeosets();
+    parts.geosets[0].vertices[0] = "9, 7, 8";
+    parts.geosets[1].vertices[0] = "6, 1, 2";
+    EXPECT_EQ(modelBytes(), modelOf(parts));
+}
+
+TEST_F(SaveFailuresTest, ASavedSingleGeosetOutlivesAWorkingCopyThatCouldNotBeRenewed) {
+    openAndEdit("three.mdl");
+    fs::create_directory(folder.path("part_TMP.tdl"));
+    saveGeosetAs(folder.path("part.mdl"));
+    ASSERT_EQ(askedKinds(), "save message");
+    GeosetText edited = squareAt("2");
+    edited.vertices[0] = "6, 1, 2";
+    EXPECT_EQ(modelBytes(), singleGeosetModelOf(edited));
+    // It holds one geoset; saving must not put the whole model into that file.
+    fs::remove(folder.path("part_TMP.tdl"));
+    save();
+    EXPECT_EQ(modelBytes().find("Walk"), std::string::npos);
+}
+
+TEST_F(SaveFailuresTest, AWorkingCopyThatLostTheGeosetIsNotWritten) {
+    const std::string path = openAndEdit("three.mdl");
+    folder.write("three_TMP.tdl", modelOf({.geosets = {squareAt("1")}}));
+    const Before before = remember();
+    save();
+    ASSERT_EQ(askedKinds(), "message");
+    expectLast(
+        "message", "Error",
+        "The model was not saved.\n" + path +
+            " holds no geoset 2 to write to.\n\nYour edits are still here. Switch Geoset chooses "
+            "another geoset of the model, if it has one.");
+    expectUnchanged(before);
+    EXPECT_EQ(readFile(path), modelOf(threeGeosets()));
+}
+
+}  // namespace
+}  // namespace corvane
