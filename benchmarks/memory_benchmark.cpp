@@ -1,4 +1,4 @@
-// The most memory that a session with the large model takes: open, save, and as many steps with a
+// The most memory that work on the large model takes: open, save, and as many steps with a
 // copy of the vertices as the history holds. Fails where that is more than the target.
 #include <cstdio>
 

@@ -46,6 +46,13 @@ struct Plane {
 constexpr std::array<Plane, 3> kPlanes = {
     {{"Top", Axis::X, Axis::Z}, {"Front", Axis::X, Axis::Y}, {"Left", Axis::Z, Axis::Y}}};
 
+std::string flatMessage(Axis axis) {
+    const std::string letter(1, static_cast<char>(letterOf(axis) - 'a' + 'A'));
+    return "All selected vertices have the same " + letter +
+           " coordinate, so they cannot be stretched on the " + letter +
+           " axis. Nothing was changed; select more vertices, or remap from another view.";
+}
+
 }  // namespace
 
 UVData uvDataOf(const Geoset& geoset) {
@@ -123,12 +130,7 @@ void remapSelection(UVEditor& uv, const Editor& editor, const std::string& view)
     if (plane == kPlanes.end()) return;
     for (const Axis axis : {plane->u, plane->v}) {
         if (hasRemapExtent(editor.store, uv.data.selected, axis)) continue;
-        const std::string letter(1, static_cast<char>(letterOf(axis) - 'a' + 'A'));
-        uv.dialogs.messageBox(kErrorCaption,
-                              "All selected vertices have the same " + letter +
-                                  " coordinate, so they cannot be stretched on the " + letter +
-                                  " axis. Nothing was changed; select more vertices, or remap "
-                                  "from another view.");
+        uv.dialogs.messageBox(kErrorCaption, flatMessage(axis));
         return;
     }
     const std::vector<double> a = remap(editor.store, uv.data.selected, plane->u);

@@ -1,7 +1,6 @@
 #include "views/marker_tools.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "edit/selection.h"
 #include "views/ortho_view.h"
@@ -60,8 +59,8 @@ void placeMarkerAt(Editor& editor, ViewAxes axes) {
 }
 
 void removeLastMarker(Editor& editor) {
-    const auto last =
-        std::ranges::find(editor.markers | std::views::reverse, true, &MarkerRecord::used);
+    const auto last = std::find_if(editor.markers.rbegin(), editor.markers.rend(),
+                                   [](const MarkerRecord& marker) { return marker.used; });
     if (last != editor.markers.rend()) last->used = false;
     redrawAll(editor);
 }

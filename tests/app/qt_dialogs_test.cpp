@@ -212,7 +212,7 @@ TEST_F(QtDialogsTest, TheGeosetIsAskedForUntilTheAnswerIsInRange) {
         clickIn(dialog, QDialogButtonBox::Open);
     });
     int asked = 0;
-    const auto answerWith = [&](std::function<void(QInputDialog&)> answer) {
+    const auto answerWith = [&](const std::function<void(QInputDialog&)>& answer) {
         answers.add<QInputDialog>([&asked, answer](QInputDialog& box) {
             ++asked;
             EXPECT_EQ(box.windowTitle(), "Geoset to open");
