@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <functional>
 #include <map>
+#include <utility>
 
 #include "dump.h"
 #include "output.h"
@@ -44,8 +45,8 @@ void printError(int line, const QString& text) {
     print({{"event", "error"}, {"line", line}, {"text", text}});
 }
 
-Player::Player(const UserNumberFormat& userNumbers)
-    : userNumbers_(userNumbers), dialogs_([this](const QString& why) { stop(why); }) {}
+Player::Player(UserNumberFormat userNumbers)
+    : userNumbers_(std::move(userNumbers)), dialogs_([this](const QString& why) { stop(why); }) {}
 
 // A dialog cannot be answered while the program stands inside an event: leave at once.
 void Player::stop(const QString& why) const {

@@ -17,7 +17,7 @@ void printError(int line, const QString& text);
 
 class Player {
 public:
-    explicit Player(const UserNumberFormat& userNumbers);
+    explicit Player(UserNumberFormat userNumbers);
 
     /// Plays a script, taken line by line until there is none left; false after an error was
     /// printed.
