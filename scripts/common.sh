@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Shared by run, test and .ci/run: the packages that they need, configuring, building.
+# Shared by run, test, scripts/fuzz and .ci/run: the packages that they need, configuring, building.
 # Sourcing it changes to the root of the repository.
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
@@ -9,6 +9,9 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev libgtest-dev)
 # shellcheck disable=SC2034
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" xvfb)
+# What fuzzing needs: clang, and the part of it that holds libFuzzer.
+# shellcheck disable=SC2034
+FUZZ_PACKAGES=("${BUILD_PACKAGES[@]}" clang libclang-rt-14-dev)
 
 section() { printf '\n== %s\n' "$*"; }
 
@@ -27,8 +30,10 @@ has_package() {
         ninja-build) command -v ninja ;;
         xvfb) command -v Xvfb ;;
         clang-format | clang-tidy) command -v "$1" ;;
+        clang) command -v clang++ ;;
+        libclang-rt-*) compgen -G "$(clang++ -print-runtime-dir)/libclang_rt.fuzzer*" ;;
         *) dpkg-query -W -f='${db:Status-Status}\n' "$1" 2>/dev/null | grep -qx installed ;;
-    esac >/dev/null
+    esac >/dev/null 2>&1
 }
 
 # need_packages PACKAGE...: installs what is missing of them. Where apt is not to be had it says
