@@ -53,7 +53,11 @@ struct VertexRecord {
     /// vertex have its row.
     std::int16_t fileRow = kNoRow;
 
-    bool operator==(const VertexRecord&) const = default;
+    /// Whether the edited data is the same, wherever it came from.
+    bool operator==(const VertexRecord& other) const {
+        return pos == other.pos && normal == other.normal && tu == other.tu && tv == other.tv &&
+               group == other.group && selected == other.selected && deleted == other.deleted;
+    }
 };
 
 /// One triangle.
