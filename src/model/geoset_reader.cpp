@@ -1,11 +1,14 @@
 #include "model/geoset_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <cmath>
 #include <limits>
 #include <span>
 #include <string>
 
+#include "model/lexer.h"
 #include "model/numbers.h"
 
 namespace corvane {
@@ -18,53 +21,86 @@ std::string quoted(std::string_view text) {
     return "\"" + std::string(text.substr(0, kLongest)) + "...\"";
 }
 
+// The ways in which programs have written numbers that are not finite, without sign.
+constexpr std::array<std::string_view, 8> kNotFinite = {
+    "nan", "inf", "infinity", "1.#IND", "1.#INF", "1.#QNAN", "1.#SNAN", "nan(ind)"};
+
+std::string_view trimmed(std::string_view field) {
+    while (!field.empty() && Lexer::isBlank(field.front())) field.remove_prefix(1);
+    while (!field.empty() && Lexer::isBlank(field.back())) field.remove_suffix(1);
+    return field;
+}
+
+bool isNotFinite(std::string_view field) {
+    if (field.starts_with('-') || field.starts_with('+')) field.remove_prefix(1);
+    const auto lower = [](char ch) { return ch >= 'A' && ch <= 'Z' ? ch - 'A' + 'a' : int{ch}; };
+    const auto isName = [&](std::string_view name) {
+        // Zeros may follow "1.#IND" and the like, to fill the decimals.
+        std::string_view rest = field;
+        if (name.starts_with('1')) {
+            while (rest.ends_with('0')) rest.remove_suffix(1);
+        }
+        return std::ranges::equal(rest, name, {}, lower, lower);
+    };
+    return std::ranges::any_of(kNotFinite, isName);
+}
+
+// Whether a row ends here, with or without a comma before its brace.
+bool isRowEnd(Lexer row) {
+    row.skip(',');
+    return row.skipBlanks() && row.peek() == '}';
+}
+
 // Reads one geoset's sections into a Geoset. Holds what every step needs for its messages.
 class GeosetReader {
 public:
-    explicit GeosetReader(const ModelText& text) : text_(text) {}
+    GeosetReader(const ModelText& text, ReadNotes& notes) : text_(text), notes_(notes) {}
 
     Geoset read(const GeosetBlock& block);
 
 private:
-    [[noreturn]] void fail(std::string_view where, const std::string& reason) const {
-        // `where` is always a piece of the text.
-        const auto offset = static_cast<std::size_t>(where.data() - text_.view().data());
+    [[noreturn]] void failAt(std::size_t offset, const std::string& reason) const {
         throw ModelTextError(text_, offset, reason);
     }
-
-    LineCursor bodyOf(const Section& section) const {
-        return LineCursor(text_.view().substr(0, section.bodyEnd), section.bodyBegin);
+    [[noreturn]] void fail(std::string_view where, const std::string& reason) const {
+        // `where` is always a piece of the text.
+        failAt(static_cast<std::size_t>(where.data() - text_.view().data()), reason);
     }
 
-    // What stands after a row's closing brace is not read, so it must not be another row.
-    void refuseMoreThanOneRow(std::string_view row, std::string_view afterBrace) const {
-        if (afterBrace.find('{') != std::string_view::npos) {
-            fail(row, quoted(row) + " holds more than one row.");
-        }
+    Lexer bodyOf(const Section& section) const {
+        return {text_.view(), section.bodyBegin, section.bodyEnd};
     }
 
+    // The line with an offset, as messages show it.
+    std::string quotedLine(std::size_t offset) const {
+        return quoted(lineAt(text_.view(), offset));
+    }
+
+    std::string_view headerWord(Lexer& header) const;
     std::int64_t headerCount(const Section& section, std::string_view count) const;
-    double number(std::string_view field) const;
     std::int16_t int16(std::string_view field, const char* what) const;
-    void numbers(std::string_view row, std::span<double> values) const;
+    double number(Lexer& row, std::size_t rowBegin, std::span<const double> values, bool last);
+    void numbers(Lexer& row, std::span<double> values);
+    void afterRow(Lexer& row, std::size_t rowBegin) const;
     VertexRecord& recordOf(Geoset& geoset, std::size_t row, const Section& section,
-                           const Line& line) const;
+                           std::size_t offset) const;
 
-    void readVertices(const Section& section, Geoset& geoset) const;
-    void readRows(const Section& section, Geoset& geoset) const;
+    void readVertices(const Section& section, Geoset& geoset);
+    void readRows(const Section& section, Geoset& geoset);
+    void readVertexGroup(Lexer& row, VertexRecord& record) const;
     void readFaces(const Section& section, Geoset& geoset) const;
-    void readIndexLine(std::string_view line, std::size_t vertexCount, std::size_t& face,
+    void readTriangles(const Section& section, Lexer& lexer, Geoset& geoset,
+                       std::size_t& face) const;
+    void readIndexList(Lexer& lexer, std::size_t vertexCount, std::size_t& face,
                        std::vector<FaceRecord>& faces) const;
     void readGroups(const Section& section, Geoset& geoset) const;
+    void readMatrices(Lexer& lexer, MatrixGroup& group) const;
+    void readRowSections(const std::vector<Section>& parts, Geoset& geoset) const;
 
     const ModelText& text_;
+    ReadNotes& notes_;
+    bool mayBeNotFinite_ = false;  // in the section that is being read
 };
-
-double GeosetReader::number(std::string_view field) const {
-    const std::optional<double> value = parseNumber(field);
-    if (!value) fail(field, quoted(field) + " is not a number.");
-    return *value;
-}
 
 std::int16_t GeosetReader::int16(std::string_view field, const char* what) const {
     const std::optional<std::int64_t> value = parseInteger(field);
@@ -77,50 +113,93 @@ std::int16_t GeosetReader::int16(std::string_view field, const char* what) const
     return static_cast<std::int16_t>(*value);
 }
 
-// The count in a header: `count` is what stands before its brace.
+// The next word of a header; empty where its brace follows.
+std::string_view GeosetReader::headerWord(Lexer& header) const {
+    if (!header.skipBlanks() || header.peek() == '{' || header.peek() == ',') return {};
+    return header.word();
+}
+
 std::int64_t GeosetReader::headerCount(const Section& section, std::string_view count) const {
     const std::optional<std::int64_t> value = parseInteger(count);
     if (!value || *value < 0) {
-        fail(section.header, "the header " + quoted(section.header) + " holds no count.");
+        fail(section.header,
+             "the header " + quotedLine(section.bodyBegin - 1) + " holds no count.");
     }
     return *value;
 }
 
-// Splits a row such as "\t\t{ 1, 2, 3 }," into its numbers.
-void GeosetReader::numbers(std::string_view row, std::span<double> values) const {
-    constexpr std::string_view kRowStart = "\t\t{";
-    if (!startsWith(row, kRowStart)) {
-        fail(row, quoted(row) + " is not a row of " + std::to_string(values.size()) +
-                      " numbers in braces.");
+// Reads one number of a row and leaves the lexer at the comma or brace that follows it.
+double GeosetReader::number(Lexer& row, std::size_t rowBegin, std::span<const double> values,
+                            bool last) {
+    const char* const fieldBegin = row.at();
+    row.skipBlanks();
+    double value = 0;
+    const auto [stop, error] = std::from_chars(row.at(), row.end(), value);
+    if (error == std::errc{} && std::isfinite(value)) {
+        row.moveTo(stop);
+        if (row.skipBlanks() && (last ? isRowEnd(row) : row.peek() == ',')) return value;
     }
-    std::string_view rest = row.substr(kRowStart.size());
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        const bool last = i + 1 == values.size();
-        const std::size_t stop = rest.find(last ? '}' : ',');
-        if (stop == std::string_view::npos) {
-            fail(row, quoted(row) + " does not hold " + std::to_string(values.size()) +
-                          " numbers in braces.");
+    // Not a plain number: look at all that stands in its place.
+    const char* const fieldEnd = std::find(fieldBegin, row.end(), last ? '}' : ',');
+    if (fieldEnd == row.end()) {
+        failAt(rowBegin, quotedLine(rowBegin) + " does not hold " + std::to_string(values.size()) +
+                             " numbers in braces.");
+    }
+    std::string_view field = trimmed({fieldBegin, static_cast<std::size_t>(fieldEnd - fieldBegin)});
+    if (last && field.ends_with(',')) field = trimmed(field.substr(0, field.size() - 1));
+    row.moveTo(fieldEnd);
+    if (const std::optional<double> parsed = parseNumber(field)) return *parsed;
+    if (mayBeNotFinite_ && isNotFinite(field)) {
+        if (notes_.notFinite++ == 0) {
+            notes_.firstNotFinite = static_cast<std::size_t>(fieldBegin - text_.view().data());
         }
-        values[i] = number(rest.substr(0, stop));
-        rest.remove_prefix(stop + 1);
+        return 0;
     }
-    refuseMoreThanOneRow(row, rest);
+    fail(field, quoted(field) + " is not a number.");
+}
+
+// Reads a row such as "{ 1, 2, 3 }," whose brace the lexer is at, and the comma after it.
+void GeosetReader::numbers(Lexer& row, std::span<double> values) {
+    const std::size_t rowBegin = row.offset();
+    if (!row.skip('{')) {
+        failAt(rowBegin, quotedLine(rowBegin) + " is not a row of " +
+                             std::to_string(values.size()) + " numbers in braces.");
+    }
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        values[i] = number(row, rowBegin, values, i + 1 == values.size());
+        row.skip(',');
+        row.skipBlanks();
+    }
+    if (!row.skip('}')) {
+        failAt(rowBegin, quotedLine(rowBegin) + " does not hold " + std::to_string(values.size()) +
+                             " numbers in braces.");
+    }
+    afterRow(row, rowBegin);
+}
+
+// Passes the comma after a row. Only another row may follow.
+void GeosetReader::afterRow(Lexer& row, std::size_t rowBegin) const {
+    if (!row.skipBlanks()) return;
+    row.skip(',');
+    if (row.skipBlanks() && row.peek() != '{' && row.offset() < lineEndOf(text_.view(), rowBegin)) {
+        failAt(row.offset(), quotedLine(row.offset()) + " holds more than a row.");
+    }
 }
 
 VertexRecord& GeosetReader::recordOf(Geoset& geoset, std::size_t row, const Section& section,
-                                     const Line& line) const {
+                                     std::size_t offset) const {
     if (row >= geoset.Vertices.size()) {
-        fail(line.text, "the section " + std::string(keywordOf(section.kind)) +
-                            " has more rows than the geoset has vertices (" +
-                            std::to_string(geoset.Vertices.size()) + ").");
+        failAt(offset, "the section " + std::string(keywordOf(section.kind)) +
+                           " has more rows than the geoset has vertices (" +
+                           std::to_string(geoset.Vertices.size()) + ").");
     }
     return geoset.Vertices[row];
 }
 
-void GeosetReader::readVertices(const Section& section, Geoset& geoset) const {
-    std::string_view count = section.header.substr(std::string_view("\tVertices").size());
-    count = count.substr(0, count.find('{'));
-    const std::int64_t vertices = headerCount(section, count);
+void GeosetReader::readVertices(const Section& section, Geoset& geoset) {
+    Lexer header(section.header, 0, section.header.size());
+    headerWord(header);  // the keyword
+    const std::int64_t vertices = headerCount(section, headerWord(header));
     if (vertices > kMaxVertices) {
         fail(section.header, "the geoset has " + std::to_string(vertices) + " vertices; at most " +
                                  std::to_string(kMaxVertices) + " can be edited.");
@@ -129,88 +208,126 @@ void GeosetReader::readVertices(const Section& section, Geoset& geoset) const {
     readRows(section, geoset);
 }
 
+// Reads a vertex group and its comma; the last one of a section may go without.
+void GeosetReader::readVertexGroup(Lexer& row, VertexRecord& record) const {
+    const std::size_t rowBegin = row.offset();
+    const char* const from = row.at();
+    while (!row.atEnd() && row.peek() != ',' && row.peek() != '\n' && row.peek() != '{') {
+        row.moveTo(row.at() + 1);
+    }
+    std::string_view field(from, static_cast<std::size_t>(row.at() - from));
+    if (const std::size_t comment = field.find("//"); comment != std::string_view::npos) {
+        field = field.substr(0, comment);
+        row.moveTo(from + comment);
+    }
+    field = trimmed(field);
+    const bool last = !row.skipBlanks();
+    if (!last && !row.skip(',')) {
+        failAt(rowBegin, quotedLine(rowBegin) + " is not a vertex group and a comma.");
+    }
+    record.group = int16(field, "vertex group");
+}
+
 // Row i of each of these sections goes into record i.
-void GeosetReader::readRows(const Section& section, Geoset& geoset) const {
-    LineCursor cursor = bodyOf(section);
-    Line line;
-    for (std::size_t row = 0; cursor.next(line); ++row) {
-        VertexRecord& record = recordOf(geoset, row, section, line);
+void GeosetReader::readRows(const Section& section, Geoset& geoset) {
+    mayBeNotFinite_ = section.kind != SectionKind::Vertices;
+    Lexer lexer = bodyOf(section);
+    for (std::size_t row = 0; lexer.skipBlanks(); ++row) {
+        VertexRecord& record = recordOf(geoset, row, section, lexer.offset());
         Triple values{};
         if (section.kind == SectionKind::VertexGroup) {
-            constexpr std::string_view kIndent = "\t\t";
-            if (!startsWith(line.text, kIndent) || !line.text.ends_with(',')) {
-                fail(line.text, quoted(line.text) + " is not a vertex group and a comma.");
-            }
-            record.group = int16(line.text.substr(2, line.text.size() - 3), "vertex group");
+            readVertexGroup(lexer, record);
         } else if (section.kind == SectionKind::TVertices) {
-            numbers(line.text, std::span(values).first(2));
+            numbers(lexer, std::span(values).first(2));
             record.tu = values[0];
             record.tv = values[1];
         } else {
-            numbers(line.text, values);
+            numbers(lexer, values);
             Triple& target = section.kind == SectionKind::Vertices ? record.pos : record.normal;
             for (std::size_t i = 0; i < values.size(); ++i) target[kFileSlotOrder[i]] = values[i];
         }
     }
 }
 
-// Takes the corners of one line such as "\t\t\t{ 0, 1, 2, 0, 2, 3 },".
-void GeosetReader::readIndexLine(std::string_view line, std::size_t vertexCount, std::size_t& face,
+// Takes the corners of one list such as "{ 0, 1, 2, 0, 2, 3 }," whose brace the lexer is at. It may
+// be wrapped over several lines at any place between its numbers.
+void GeosetReader::readIndexList(Lexer& lexer, std::size_t vertexCount, std::size_t& face,
                                  std::vector<FaceRecord>& faces) const {
-    constexpr std::string_view kLineStart = "\t\t\t{";
-    const std::size_t close = line.rfind('}');
-    if (!startsWith(line, kLineStart) || close == std::string_view::npos) {
-        fail(line, quoted(line) + " is not a list of vertex indices in braces.");
+    const std::size_t listBegin = lexer.offset();
+    if (!lexer.skip('{')) {
+        failAt(listBegin, quotedLine(listBegin) + " is not a list of vertex indices in braces.");
     }
-    const char* at = line.data() + kLineStart.size();
-    const char* const end = line.data() + close;
-    const auto skipBlanks = [&] {
-        while (at != end && (*at == ' ' || *at == '\t')) ++at;
-    };
-    skipBlanks();
     std::size_t slot = 0;
-    while (at != end) {
+    while (lexer.skipBlanks() && lexer.peek() != '}') {
         int corner = 0;
-        const auto [stop, error] = std::from_chars(at, end, corner);
+        const char* const field = lexer.at();
+        const auto [stop, error] = std::from_chars(field, lexer.end(), corner);
         const bool isNumber = error == std::errc{};
-        const char* const field = at;
-        if (isNumber) at = stop;
-        skipBlanks();
-        if (!isNumber || (at != end && *at != ',')) {
-            const char* const comma = std::find(field, end, ',');
-            const std::string_view wrong(field, static_cast<std::size_t>(comma - field));
-            fail(wrong, quoted(wrong) + " is not a vertex index.");
+        if (isNumber) lexer.moveTo(stop);
+        const bool more = lexer.skipBlanks();
+        if (!more && isNumber) break;
+        if (!isNumber || (lexer.peek() != ',' && lexer.peek() != '}')) {
+            const char* const fieldEnd =
+                std::find_if(field, lexer.end(), [](char ch) { return ch == ',' || ch == '}'; });
+            const std::string_view wrong =
+                trimmed({field, static_cast<std::size_t>(fieldEnd - field)});
+            fail(std::string_view(field, 0), quoted(wrong) + " is not a vertex index.");
         }
         if (corner < 0 || static_cast<std::size_t>(corner) >= vertexCount) {
-            fail(line, "a face uses vertex index " + std::to_string(corner) +
-                           ", but the geoset has " + std::to_string(vertexCount) +
-                           " vertices (indices start at 0).");
+            fail(std::string_view(field, 0),
+                 "a face uses vertex index " + std::to_string(corner) + ", but the geoset has " +
+                     std::to_string(vertexCount) + " vertices (indices start at 0).");
         }
         if (face == faces.size()) {
-            fail(line, "the section Faces holds more triangles than its header says (" +
-                           std::to_string(faces.size()) + ").");
+            fail(std::string_view(field, 0),
+                 "the section Faces holds more triangles than its header says (" +
+                     std::to_string(faces.size()) + ").");
         }
         faces[face].corner[slot] = static_cast<std::int16_t>(corner);
         if (++slot == 3) {
             slot = 0;
             ++face;
         }
-        if (at != end) ++at;  // the comma
-        skipBlanks();
+        lexer.skip(',');
+    }
+    if (!lexer.skip('}')) {
+        failAt(listBegin, quotedLine(listBegin) + " is not a list of vertex indices in braces.");
     }
     if (slot != 0) {
-        fail(line, "the number of vertex indices in this line is not a multiple of three.");
+        failAt(listBegin,
+               "the number of vertex indices in the list that starts in this line is "
+               "not a multiple of three.");
     }
+    if (lexer.skipBlanks()) lexer.skip(',');
+}
+
+// Reads a group such as "Triangles { ... }" whose keyword the lexer is at.
+void GeosetReader::readTriangles(const Section& section, Lexer& lexer, Geoset& geoset,
+                                 std::size_t& face) const {
+    const std::size_t begin = lexer.offset();
+    const char ch = lexer.peek();
+    const bool isWord = ch != '{' && ch != '}' && ch != ',';
+    if (!isWord || lexer.word() != "Triangles" || !lexer.skipBlanks() || !lexer.skip('{')) {
+        if (face == 0) {
+            fail(section.header, "no \"Triangles {\" follows; only triangles can be edited.");
+        }
+        failAt(begin, quotedLine(begin) +
+                          " is not a group of triangles, and only triangles can "
+                          "be edited.");
+    }
+    while (lexer.skipBlanks() && lexer.peek() != '}') {
+        readIndexList(lexer, geoset.Vertices.size(), face, geoset.Faces);
+    }
+    if (!lexer.skip('}')) fail(section.header, "the list of triangles does not end.");
+    if (lexer.skipBlanks()) lexer.skip(',');
 }
 
 void GeosetReader::readFaces(const Section& section, Geoset& geoset) const {
-    // "\tFaces 1 36 {": the number of triangle groups, then the number of indices.
-    std::string_view counts = section.header.substr(std::string_view("\tFaces").size());
-    counts = counts.substr(0, counts.find('{'));
-    while (startsWith(counts, " ")) counts.remove_prefix(1);
-    const std::size_t blank = counts.find(' ');
-    if (blank == std::string_view::npos) headerCount(section, "");
-    const std::int64_t indices = headerCount(section, counts.substr(blank));
+    // "Faces 1 36 {": the number of triangle groups, then the number of indices.
+    Lexer header(section.header, 0, section.header.size());
+    headerWord(header);  // the keyword
+    headerWord(header);  // the groups are counted as they come
+    const std::int64_t indices = headerCount(section, headerWord(header));
     const std::int64_t faces = indices / 3 + (indices % 3 == 2 ? 1 : 0);  // to the nearest
     if (faces > kMaxFaces) {
         fail(section.header, "the geoset has " + std::to_string(faces) + " faces; at most " +
@@ -221,64 +338,81 @@ void GeosetReader::readFaces(const Section& section, Geoset& geoset) const {
         fail(section.header, "the geoset has faces but no vertices.");
     }
 
-    LineCursor cursor = bodyOf(section);
-    Line line;
-    if (!cursor.next(line) || !startsWith(line.text, "\t\tTriangles")) {
-        fail(section.header, "no line \"Triangles {\" follows; only triangles can be edited.");
+    Lexer lexer = bodyOf(section);
+    if (!lexer.skipBlanks()) {
+        fail(section.header, "no \"Triangles {\" follows; only triangles can be edited.");
     }
     std::size_t face = 0;
-    while (true) {
-        if (!cursor.next(line)) fail(section.header, "the list of triangles does not end.");
-        if (line.text == "\t\t}") break;
-        readIndexLine(line.text, geoset.Vertices.size(), face, geoset.Faces);
+    do {
+        readTriangles(section, lexer, geoset, face);
+    } while (lexer.skipBlanks());
+}
+
+// Reads the indices of a group whose opening brace the lexer has just passed.
+void GeosetReader::readMatrices(Lexer& lexer, MatrixGroup& group) const {
+    group.fill(kNoMatrix);
+    const std::size_t begin = lexer.offset();
+    for (std::size_t row = 0; lexer.skipBlanks() && lexer.peek() != '}'; ++row) {
+        if (row == kMatricesPerGroup) {
+            failAt(begin, "the matrix group has more than " + std::to_string(kMatricesPerGroup) +
+                              " matrix indices.");
+        }
+        const char* const from = lexer.at();
+        const char* const to = std::find_if(from, lexer.end(), [](char ch) {
+            return ch == ',' || ch == '}' || ch == '{' || ch == '\n' || ch == '/';
+        });
+        group[row] = int16(trimmed({from, static_cast<std::size_t>(to - from)}), "matrix index");
+        lexer.moveTo(to);
+        if (!lexer.skipBlanks() || (lexer.peek() != ',' && lexer.peek() != '}')) {
+            failAt(begin, quotedLine(begin) + " is not a matrix group.");
+        }
+        lexer.skip(',');
     }
-    if (cursor.next(line)) {
-        fail(line.text, "more than one group of triangles; only one can be edited.");
-    }
+    if (!lexer.skip('}')) failAt(begin, quotedLine(begin) + " is not a matrix group.");
 }
 
 void GeosetReader::readGroups(const Section& section, Geoset& geoset) const {
-    constexpr std::string_view kGroupStart = "\t\tMatrices {";
-    LineCursor cursor = bodyOf(section);
-    Line line;
-    while (cursor.next(line)) {
-        const std::size_t close = line.text.find('}');
-        if (!startsWith(line.text, kGroupStart) || close == std::string_view::npos) {
-            fail(line.text, quoted(line.text) + " is not a matrix group.");
+    Lexer lexer = bodyOf(section);
+    while (lexer.skipBlanks()) {
+        const std::size_t begin = lexer.offset();
+        const char ch = lexer.peek();
+        const bool isWord = ch != '{' && ch != '}' && ch != ',';
+        if (!isWord || lexer.word() != "Matrices" || !lexer.skipBlanks() || !lexer.skip('{')) {
+            failAt(begin, quotedLine(begin) + " is not a matrix group.");
         }
-        std::string_view rest = line.text.substr(kGroupStart.size(), close - kGroupStart.size());
-        MatrixGroup group;
-        group.fill(kNoMatrix);
-        for (std::size_t row = 0;; ++row) {
-            if (row == kMatricesPerGroup) {
-                fail(line.text, "the matrix group has more than " +
-                                    std::to_string(kMatricesPerGroup) + " matrix indices.");
-            }
-            const std::size_t comma = rest.find(',');
-            group[row] = int16(rest.substr(0, comma), "matrix index");
-            if (comma == std::string_view::npos) break;
-            rest.remove_prefix(comma + 1);
-        }
-        refuseMoreThanOneRow(line.text, line.text.substr(close));
-        geoset.matrixGroups.push_back(group);
+        readMatrices(lexer, geoset.matrixGroups.emplace_back());
+        if (lexer.skipBlanks()) lexer.skip(',');
+    }
+}
+
+void GeosetReader::readRowSections(const std::vector<Section>& parts, Geoset& geoset) const {
+    for (const Section& part : parts) {
+        if (part.kind != SectionKind::Rows) continue;
+        const std::string_view keyword = keywordIn(part);
+        const auto ordinal = std::ranges::count(geoset.rowSections, keyword, &RowSection::keyword);
+        geoset.rowSections.push_back(
+            readRowSection(text_, part, static_cast<int>(ordinal), geoset.Vertices.size()));
+    }
+    if (geoset.rowSections.empty()) return;
+    for (std::size_t i = 0; i < geoset.Vertices.size(); ++i) {
+        geoset.Vertices[i].fileRow = static_cast<std::int16_t>(i);
     }
 }
 
 Geoset GeosetReader::read(const GeosetBlock& block) {
-    const std::vector<Section> sections = scanSections(text_, block);
+    const std::vector<Section> parts = scanParts(text_, block);
     Geoset geoset;
-    const auto vertices = std::ranges::find(sections, SectionKind::Vertices, &Section::kind);
-    if (vertices == sections.end()) {
+    const auto vertices = std::ranges::find(parts, SectionKind::Vertices, &Section::kind);
+    if (vertices == parts.end()) {
         // Nothing of it could be shown, and saving nothing would remove the geoset.
-        fail(text_.view().substr(block.begin),
-             "the geoset that starts here has no section \"Vertices\" that can be read (its "
-             "header is expected after one tab).");
+        failAt(block.begin, "the geoset that starts here has no section \"Vertices\".");
     }
     readVertices(*vertices, geoset);
-    for (const Section& section : sections) {
+    for (const Section& section : parts) {
         switch (section.kind) {
             case SectionKind::Vertices:
-                break;  // they are there already; they size the lists
+            case SectionKind::Rows:
+                break;  // the vertices are there already; they size the lists
             case SectionKind::Normals:
             case SectionKind::TVertices:
             case SectionKind::VertexGroup:
@@ -292,15 +426,18 @@ Geoset GeosetReader::read(const GeosetBlock& block) {
                 break;
         }
     }
+    readRowSections(parts, geoset);
     return geoset;
 }
 
 }  // namespace
 
-Geoset parseGeoset(const ModelText& text, const std::vector<GeosetBlock>& geosets,
-                   int geosetNumber) {
+Geoset parseGeoset(const ModelText& text, const std::vector<GeosetBlock>& geosets, int geosetNumber,
+                   ReadNotes* notes) {
     if (geosetNumber < 1 || static_cast<std::size_t>(geosetNumber) > geosets.size()) return {};
-    return GeosetReader(text).read(geosets[static_cast<std::size_t>(geosetNumber) - 1]);
+    ReadNotes ignored;
+    return GeosetReader(text, notes != nullptr ? *notes : ignored)
+        .read(geosets[static_cast<std::size_t>(geosetNumber) - 1]);
 }
 
 }  // namespace corvane

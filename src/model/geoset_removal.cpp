@@ -1,9 +1,13 @@
 #include "model/geoset_removal.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "model/lexer.h"
 #include "model/model_scanner.h"
 #include "model/numbers.h"
 
@@ -11,134 +15,182 @@ namespace corvane {
 
 namespace {
 
-constexpr std::string_view kGeosetAnimHeader = "GeosetAnim {";
-constexpr std::string_view kGeosetId = "\tGeosetId";
-constexpr std::string_view kGeosetAnimId = "\tGeosetAnimId";
+// A property that names a geoset or a geoset animation, and the value that names none.
+struct IdProperty {
+    std::string_view keyword;
+    std::string_view unset;
+};
 
-// The number in a line such as "\tGeosetId 2,"; nothing where none can be read.
-std::optional<std::int64_t> idIn(std::string_view line, std::string_view keyword) {
-    const std::size_t comma = line.find(',');
-    if (comma == std::string_view::npos || comma < keyword.size()) return std::nullopt;
-    return parseInteger(line.substr(keyword.size(), comma - keyword.size()));
+constexpr IdProperty kGeosetId = {"GeosetId", "Multiple"};
+constexpr IdProperty kGeosetAnimId = {"GeosetAnimId", "None"};
+
+// A number after such a keyword.
+struct IdReference {
+    std::size_t begin = 0;  // offsets of the number in the text
+    std::size_t end = 0;
+    std::int64_t id = 0;
+};
+
+// A piece of the text and what takes its place.
+struct Change {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    std::string replacement;
+};
+
+// Whether the keyword found at an offset is a word of its own, outside comments and strings.
+bool isWordAt(std::string_view text, std::size_t offset, std::string_view keyword) {
+    Lexer lexer(text, lineBeginOf(text, offset), lineEndOf(text, offset));
+    while (lexer.skipBlanks() && lexer.offset() < offset) {
+        const char ch = lexer.peek();
+        if (ch == '{' || ch == '}' || ch == ',') {
+            lexer.skip(ch);
+        } else {
+            lexer.word();
+        }
+    }
+    return !lexer.atEnd() && lexer.offset() == offset && lexer.word() == keyword;
 }
 
-// Whether a line's last character is the brace that opens a block.
-bool opensBlock(std::string_view line) {
-    const std::size_t last = line.find_last_not_of(" \t");
-    return last != std::string_view::npos && line[last] == '{';
+// The number after a keyword that ends at an offset; nothing where none can be read.
+std::optional<IdReference> numberAfter(std::string_view text, std::size_t offset) {
+    Lexer lexer(text, offset, lineEndOf(text, offset));
+    if (!lexer.skipBlanks() || lexer.peek() == '{' || lexer.peek() == '}' || lexer.peek() == ',') {
+        return std::nullopt;
+    }
+    IdReference reference;
+    reference.begin = lexer.offset();
+    const std::optional<std::int64_t> id = parseInteger(lexer.word());
+    reference.end = lexer.offset();
+    const bool ends = !lexer.skipBlanks() || lexer.peek() == ',' || lexer.peek() == '}';
+    if (!id || !ends) return std::nullopt;
+    reference.id = *id;
+    return reference;
 }
 
-// The 1-based ordinal of the first geoset animation that names the geoset; 0 for none.
-int animationOf(std::string_view text, const GeosetBlock& removed, std::int64_t geosetId) {
+// All numbers after a keyword, in file order.
+std::vector<IdReference> findReferences(std::string_view text, const IdProperty& property) {
+    std::vector<IdReference> references;
+    std::size_t at = text.find(property.keyword);
+    for (; at != std::string_view::npos; at = text.find(property.keyword, at + 1)) {
+        if (!isWordAt(text, at, property.keyword)) continue;
+        // A line of the tools' own that says it anywhere is taken to mean it.
+        const std::string_view line = lineAt(text, at);
+        if (line.starts_with('\t') && line.substr(1).starts_with(property.keyword) &&
+            line.find(property.unset) != std::string_view::npos) {
+            continue;
+        }
+        if (const auto found = numberAfter(text, at + property.keyword.size())) {
+            references.push_back(*found);
+        }
+    }
+    return references;
+}
+
+class Remover {
+public:
+    Remover(const ModelText& text, int geosetNumber)
+        : text_(text.view()), geosetId_(geosetNumber - 1), blocks_(scanBlocks(text_)) {}
+
+    PiecedText run();
+
+private:
+    bool isDropped(std::size_t offset) const;
+    void drop(const ModelBlock& block);
+    const ModelBlock* findGeoset() const;
+    int dropAnimation(const std::vector<IdReference>& references);
+    void renumber(const std::vector<IdReference>& references, const IdProperty& property,
+                  std::int64_t removedId);
+
+    std::string_view text_;
+    std::int64_t geosetId_;
+    std::vector<ModelBlock> blocks_;
+    std::vector<Change> changes_;  // the dropped blocks come first
+    std::size_t dropped_ = 0;
+};
+
+bool Remover::isDropped(std::size_t offset) const {
+    return std::any_of(
+        changes_.begin(), changes_.begin() + static_cast<std::ptrdiff_t>(dropped_),
+        [&](const Change& change) { return offset >= change.begin && offset < change.end; });
+}
+
+// Leaves out a block and the line that follows, unless that line opens a block.
+void Remover::drop(const ModelBlock& block) {
+    std::size_t end = block.end;
+    if (end == lineBeginOf(text_, end)) {
+        const std::size_t lineEnd = lineEndOf(text_, end);
+        const bool opensBlock = std::ranges::any_of(blocks_, [&](const ModelBlock& other) {
+            return other.begin >= end && other.begin < lineEnd;
+        });
+        const std::string_view line = lineAt(text_, end);
+        const std::size_t last = line.find_last_not_of(" \t");
+        const bool endsInBrace = last != std::string_view::npos && line[last] == '{';
+        if (!opensBlock && !endsInBrace) end = lineEnd;
+    }
+    changes_.push_back({block.begin, end, ""});
+    ++dropped_;
+}
+
+const ModelBlock* Remover::findGeoset() const {
+    std::int64_t id = 0;
+    for (const ModelBlock& block : blocks_) {
+        if (block.keyword == "Geoset" && id++ == geosetId_) return &block;
+    }
+    return nullptr;
+}
+
+// Leaves out the first geoset animation that names the geoset, and returns its 1-based ordinal; 0
+// where there is none.
+int Remover::dropAnimation(const std::vector<IdReference>& references) {
     int ordinal = 0;
-    bool inside = false;
-    LineCursor cursor(text);
-    Line line;
-    while (cursor.next(line)) {
-        if (line.begin >= removed.begin && line.begin < removed.end) continue;
-        // The line after the geoset goes with it.
-        if (line.begin == removed.end && !opensBlock(line.text)) continue;
-        if (startsWith(line.text, kGeosetAnimHeader)) {
-            ++ordinal;
-            inside = opensBlock(line.text);
-        } else if (startsWith(line.text, "}")) {
-            inside = false;
-        } else if (inside && startsWith(line.text, kGeosetId) &&
-                   idIn(line.text, kGeosetId) == geosetId) {
+    for (const ModelBlock& block : blocks_) {
+        if (block.keyword != "GeosetAnim" || isDropped(block.begin)) continue;
+        ++ordinal;
+        const bool namesIt = std::ranges::any_of(references, [&](const IdReference& reference) {
+            return reference.id == geosetId_ && reference.begin >= block.bodyBegin &&
+                   reference.begin < block.bodyEnd;
+        });
+        if (namesIt) {
+            drop(block);
             return ordinal;
         }
     }
     return 0;
 }
 
-// The line that takes the place of one with an id, or nothing where the line stays as it is.
-std::optional<std::string> renumbered(std::string_view line, std::string_view keyword,
-                                      std::string_view unset, std::int64_t removedId) {
-    if (!startsWith(line, keyword) || line.find(unset) != std::string_view::npos) {
-        return std::nullopt;
-    }
-    const std::optional<std::int64_t> id = idIn(line, keyword);
-    if (!id || *id < removedId) return std::nullopt;
-    const std::string value = *id == removedId ? std::string(unset) : std::to_string(*id - 1);
-    return std::string(keyword) + " " + value + ",";
-}
-
-class Remover {
-public:
-    Remover(const ModelText& text, int geosetNumber)
-        : text_(text.view()), geosetId_(geosetNumber - 1), cursor_(text_) {
-        const std::vector<GeosetBlock> geosets = scanGeosets(text_);
-        if (geosetNumber >= 1 && static_cast<std::size_t>(geosetNumber) <= geosets.size()) {
-            removed_ = geosets[static_cast<std::size_t>(geosetNumber) - 1];
-            animation_ = animationOf(text_, *removed_, geosetId_);
-        }
-    }
-
-    PiecedText run();
-
-private:
-    void handle(const Line& line);
-    void dropThrough(std::size_t blockEnd);
-    void replace(const Line& line, std::string text);
-
-    std::string_view text_;
-    std::int64_t geosetId_;
-    std::optional<GeosetBlock> removed_;
-    int animation_ = 0;
-    int animationsSeen_ = 0;
-    LineCursor cursor_;
-    std::size_t copied_ = 0;  // everything before this offset is in out_ or dropped
-    PiecedText out_;
-};
-
-// Leaves out the text up to `blockEnd` and the line that follows, unless that line opens a block.
-void Remover::dropThrough(std::size_t blockEnd) {
-    copied_ = blockEnd;
-    cursor_ = LineCursor(text_, blockEnd);
-    Line line;
-    if (!cursor_.next(line)) return;
-    if (opensBlock(line.text)) {
-        handle(line);
-    } else {
-        copied_ = line.end;
-    }
-}
-
-void Remover::replace(const Line& line, std::string text) {
-    out_.addView(text_.substr(copied_, line.begin - copied_));
-    text += line.lineBreak;
-    out_.addText(std::move(text));
-    copied_ = line.end;
-}
-
-void Remover::handle(const Line& line) {
-    if (removed_ && line.begin == removed_->begin) {
-        out_.addView(text_.substr(copied_, line.begin - copied_));
-        dropThrough(removed_->end);
-        return;
-    }
-    if (startsWith(line.text, kGeosetAnimHeader) && ++animationsSeen_ == animation_) {
-        out_.addView(text_.substr(copied_, line.begin - copied_));
-        Line last = line;
-        while (!startsWith(last.text, "}") && cursor_.next(last)) {
-        }
-        dropThrough(last.end);
-        return;
-    }
-    if (auto text = renumbered(line.text, kGeosetId, "Multiple", geosetId_)) {
-        replace(line, std::move(*text));
-    } else if (animation_ > 0) {
-        if (auto animText = renumbered(line.text, kGeosetAnimId, "None", animation_ - 1)) {
-            replace(line, std::move(*animText));
-        }
+void Remover::renumber(const std::vector<IdReference>& references, const IdProperty& property,
+                       std::int64_t removedId) {
+    for (const IdReference& reference : references) {
+        if (reference.id < removedId || isDropped(reference.begin)) continue;
+        changes_.push_back({reference.begin, reference.end,
+                            reference.id == removedId ? std::string(property.unset)
+                                                      : std::to_string(reference.id - 1)});
     }
 }
 
 PiecedText Remover::run() {
-    Line line;
-    while (cursor_.next(line)) handle(line);
-    out_.addView(text_.substr(copied_));
-    return std::move(out_);
+    const std::vector<IdReference> geosetIds = findReferences(text_, kGeosetId);
+    int animation = 0;
+    if (const ModelBlock* const geoset = findGeoset()) {
+        drop(*geoset);
+        animation = dropAnimation(geosetIds);
+    }
+    renumber(geosetIds, kGeosetId, geosetId_);
+    if (animation > 0) {
+        renumber(findReferences(text_, kGeosetAnimId), kGeosetAnimId, animation - 1);
+    }
+
+    std::ranges::sort(changes_, {}, &Change::begin);
+    PiecedText out;
+    std::size_t copied = 0;
+    for (Change& change : changes_) {
+        out.addView(text_.substr(copied, change.begin - copied));
+        out.addText(std::move(change.replacement));
+        copied = change.end;
+    }
+    out.addView(text_.substr(copied));
+    return out;
 }
 
 }  // namespace

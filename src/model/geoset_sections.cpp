@@ -68,7 +68,8 @@ void appendVertexRow(std::string& out, SectionKind kind, const VertexRecord& ver
             break;
         case SectionKind::Faces:
         case SectionKind::Groups:
-            break;  // they have no row a vertex
+        case SectionKind::Rows:
+            break;  // not made from the records
     }
 }
 
@@ -115,6 +116,12 @@ void appendGroups(std::string& out, const Geoset& geoset, bool singleGeoset,
     out += " {";
     out += lineBreak;
     for (const MatrixGroup& group : geoset.matrixGroups) {
+        if (std::ranges::count(group, kNoMatrix) == std::ssize(group)) {
+            // A group of none, as some models have it.
+            out += "\t\tMatrices { },";
+            out += lineBreak;
+            continue;
+        }
         out += "\t\tMatrices { ";
         appendInteger(out, group[0]);
         for (std::size_t row = 1; row < group.size() && group[row] != kNoMatrix; ++row) {
@@ -139,6 +146,31 @@ KeptVertices::KeptVertices(const Geoset& geoset) {
 int countKeptFaces(const Geoset& geoset) {
     return static_cast<int>(std::ranges::count_if(
         geoset.Faces, [&](const FaceRecord& face) { return hasKeptCorners(geoset, face); }));
+}
+
+bool hasDataFor(SectionKind kind, const Geoset& geoset) {
+    const auto anyKept = [&](auto hasData) {
+        return std::ranges::any_of(geoset.Vertices, [&](const VertexRecord& vertex) {
+            return !vertex.deleted && hasData(vertex);
+        });
+    };
+    switch (kind) {
+        case SectionKind::Normals:
+            return anyKept([](const VertexRecord& vertex) { return vertex.normal != Triple{}; });
+        case SectionKind::TVertices:
+            return anyKept(
+                [](const VertexRecord& vertex) { return vertex.tu != 0 || vertex.tv != 0; });
+        case SectionKind::VertexGroup:
+            return anyKept([](const VertexRecord& vertex) { return vertex.group != 0; });
+        case SectionKind::Faces:
+            return countKeptFaces(geoset) > 0;
+        case SectionKind::Groups:
+            return !geoset.matrixGroups.empty();
+        case SectionKind::Vertices:
+        case SectionKind::Rows:
+            break;
+    }
+    return false;
 }
 
 void appendSection(std::string& out, SectionKind kind, const Geoset& geoset,

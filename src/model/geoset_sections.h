@@ -34,6 +34,10 @@ private:
 /// The faces whose three corners are all kept. Does not look at the faces' own deleted flags.
 int countKeptFaces(const Geoset& geoset);
 
+/// Whether the vertices, faces or groups that a save keeps hold anything for a section that the
+/// file may lack: then it must be written. Never for Vertices, which no geoset lacks.
+bool hasDataFor(SectionKind kind, const Geoset& geoset);
+
 /// Appends a section from its header on, up to but without its closing line. `lineBreak` ends
 /// every line. In `singleGeoset` mode every vertex belongs to the one group there is.
 void appendSection(std::string& out, SectionKind kind, const Geoset& geoset,

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "model/row_sections.h"
+
 namespace corvane {
 
 /// An axis of the editor, which is also the slot of a coordinate triple. The file orders its
@@ -47,6 +49,9 @@ struct VertexRecord {
     std::int16_t group = 0;  ///< 0-based matrix group; may exceed the groups there are
     bool selected = false;
     bool deleted = false;
+    /// The 0-based row of the geoset's rowSections that belongs to it, kNoRow for none. Copies of a
+    /// vertex have its row.
+    std::int16_t fileRow = kNoRow;
 
     bool operator==(const VertexRecord&) const = default;
 };
@@ -70,6 +75,10 @@ struct Geoset {
     std::vector<FaceRecord> Faces;
     std::vector<MatrixGroup> matrixGroups;
 
+    /// What the file keeps for its vertices besides, as it was read. Never changes until another
+    /// geoset is read, so that what undo brings back finds its rows even after a save.
+    std::vector<RowSection> rowSections;
+
     /// The number of matrix groups.
     std::size_t matrixGroupCount() const { return matrixGroups.size(); }
 
@@ -78,7 +87,11 @@ struct Geoset {
         return Vertices[static_cast<std::size_t>(corner)];
     }
 
-    bool operator==(const Geoset&) const = default;
+    /// Whether the edited data is the same.
+    bool operator==(const Geoset& other) const {
+        return Vertices == other.Vertices && Faces == other.Faces &&
+               matrixGroups == other.matrixGroups;
+    }
 };
 
 /// The edited geoset and where it came from. Paths are UTF-8; empty until a model is open.
@@ -88,7 +101,8 @@ struct GeosetStore : Geoset {
     std::string savePath;   ///< the path of the latest save
     int geosetNumber = 0;   ///< 1-based number of the edited geoset in the working copy
     bool modelLoaded = false;
-    bool modified = false;  ///< an edit was made that no save has written yet
+    bool modified = false;         ///< an edit was made that no save has written yet
+    bool neutralRowsSaid = false;  ///< the user was told that a save filled in rows
 };
 
 }  // namespace corvane

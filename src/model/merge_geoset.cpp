@@ -43,6 +43,7 @@ void mergeGeoset(Editor& editor) {
     store.Vertices.insert(store.Vertices.end(), merged.Vertices.begin(), merged.Vertices.end());
     for (std::size_t i = oldVertices; i < store.Vertices.size(); ++i) {
         store.Vertices[i].selected = true;
+        store.Vertices[i].fileRow = kNoRow;  // its row is in another file
     }
     store.Faces.reserve(store.Faces.size() + merged.Faces.size());
     for (FaceRecord face : merged.Faces) {

@@ -5,89 +5,278 @@
 #include <optional>
 #include <string>
 
+#include "model/lexer.h"
+
 namespace corvane {
 
 namespace {
 
-constexpr std::string_view kGeosetHeader = "Geoset {";
-constexpr std::string_view kSectionEnd = "\t}";
+constexpr std::string_view kGeoset = "Geoset";
 
 struct SectionName {
     SectionKind kind;
-    std::string_view header;  // with the tab that stands before it
+    std::string_view keyword;
 };
 
 constexpr std::array<SectionName, 6> kSectionNames = {{
-    {SectionKind::Vertices, "\tVertices"},
-    {SectionKind::Normals, "\tNormals"},
-    {SectionKind::TVertices, "\tTVertices"},
-    {SectionKind::VertexGroup, "\tVertexGroup"},
-    {SectionKind::Faces, "\tFaces"},
-    {SectionKind::Groups, "\tGroups"},
+    {SectionKind::Vertices, "Vertices"},
+    {SectionKind::Normals, "Normals"},
+    {SectionKind::TVertices, "TVertices"},
+    {SectionKind::VertexGroup, "VertexGroup"},
+    {SectionKind::Faces, "Faces"},
+    {SectionKind::Groups, "Groups"},
 }};
 
-std::optional<SectionKind> sectionOpenedBy(std::string_view line) {
-    for (const SectionName& name : kSectionNames) {
-        if (startsWith(line, name.header)) return name.kind;
+constexpr std::array<std::string_view, 2> kRowSectionNames = {"Tangents", "SkinWeights"};
+
+std::optional<SectionKind> kindOf(std::string_view keyword) {
+    const auto* const found = std::ranges::find(kSectionNames, keyword, &SectionName::keyword);
+    if (found != kSectionNames.end()) return found->kind;
+    if (std::ranges::find(kRowSectionNames, keyword) != kRowSectionNames.end()) {
+        return SectionKind::Rows;
     }
     return std::nullopt;
+}
+
+// Where a thing that begins at `offset` begins with its indentation, if nothing else stands before
+// it on its line and the line does not begin before `least`. A byte order mark stays outside.
+std::size_t withIndentation(std::string_view text, std::size_t offset, std::size_t least) {
+    std::size_t begin = offset;
+    while (begin > least && (text[begin - 1] == ' ' || text[begin - 1] == '\t')) --begin;
+    const bool first = begin == 0 || text[begin - 1] == '\n' ||
+                       (begin == kByteOrderMark.size() && text.starts_with(kByteOrderMark));
+    return first ? begin : offset;
+}
+
+// Where the content of a block begins whose opening brace is the byte before `afterBrace`.
+std::size_t contentBegin(std::string_view text, std::size_t afterBrace) {
+    return isRestOfLineBlank(text, afterBrace) ? lineEndOf(text, afterBrace) : afterBrace;
+}
+
+// A block's keyword, and the place of the brace that opens it. Skips anything else on the way.
+struct Opening {
+    std::string_view keyword;
+    std::size_t keywordAt = 0;
+    std::size_t brace = 0;
+};
+
+// The next opening of a block, the lexer after its brace; nothing at the end. What has no block,
+// such as "MaterialID 0,", is passed over, after `onBare` had a look at it.
+template <typename OnBare>
+std::optional<Opening> nextOpening(Lexer& lexer, std::string_view text, OnBare onBare) {
+    Opening opening;
+    bool inHeader = false;
+    std::size_t headerEnd = 0;
+    const auto leaveHeader = [&] {
+        if (inHeader) onBare(opening);
+        inHeader = false;
+    };
+    while (lexer.skipBlanks()) {
+        const char ch = lexer.peek();
+        if (ch == '{') {
+            opening.brace = lexer.offset();
+            if (!inHeader) {
+                opening.keyword = {};
+                opening.keywordAt = opening.brace;
+            }
+            lexer.skip('{');
+            return opening;
+        }
+        if (ch == '}' || ch == ',') {
+            lexer.skip(ch);
+            leaveHeader();
+            continue;
+        }
+        // A header may have its brace on the next line, but not more of its words.
+        if (inHeader) {
+            const std::string_view between = text.substr(headerEnd, lexer.offset() - headerEnd);
+            if (between.find('\n') != std::string_view::npos) leaveHeader();
+        }
+        const std::size_t wordAt = lexer.offset();
+        const std::string_view word = lexer.word();
+        if (!inHeader) {
+            opening.keyword = word;
+            opening.keywordAt = wordAt;
+            inHeader = true;
+        }
+        headerEnd = lexer.offset();
+    }
+    leaveHeader();
+    return std::nullopt;
+}
+
+constexpr auto kIgnoreBare = [](const Opening&) {};
+
+// The end of a block at the top whose header is not indented and whose content is, as far as its
+// lines tell: the first line that begins with a brace. Nothing where any other line is not
+// indented.
+std::optional<Line> closingLine(std::string_view text, std::size_t from) {
+    LineCursor cursor(text, from);
+    Line line;
+    while (cursor.next(line)) {
+        if (line.text.empty() || line.text[0] == '\t' || line.text[0] == ' ') continue;
+        if (line.text[0] == '}') return line;
+        if (!startsWith(line.text, "//")) break;
+    }
+    return std::nullopt;
+}
+
+// The end of a section in the tools' shape: its header one tab deep, a line that is a tab and a
+// brace, and all between them deeper.
+std::optional<Line> closingSectionLine(std::string_view text, std::size_t from) {
+    LineCursor cursor(text, from);
+    Line line;
+    while (cursor.next(line)) {
+        if (startsWith(line.text, "\t\t")) continue;
+        if (line.text == "\t}") return line;
+        break;
+    }
+    return std::nullopt;
+}
+
+void endAfterBrace(ModelBlock& block, std::string_view text, std::size_t brace) {
+    block.bodyEnd = withIndentation(text, brace, block.bodyBegin);
+    // More of the line goes with the block unless it is another block.
+    const std::size_t lineEnd = lineEndOf(text, brace);
+    Lexer rest(text, brace + 1, lineEnd);
+    const bool another = nextOpening(rest, text, kIgnoreBare).has_value();
+    block.end = another ? brace + 1 : lineEnd;
+}
+
+ModelBlock blockAt(std::string_view text, const Opening& opening, std::size_t least) {
+    ModelBlock block;
+    block.keyword = opening.keyword;
+    block.begin = withIndentation(text, opening.keywordAt, least);
+    const std::size_t afterBrace = opening.brace + 1;
+    block.bodyBegin = contentBegin(text, afterBrace);
+    const bool indented = block.begin != opening.keywordAt;
+    if (!indented && block.bodyBegin != afterBrace) {
+        if (const std::optional<Line> last = closingLine(text, block.bodyBegin)) {
+            endAfterBrace(block, text, last->begin);
+            return block;
+        }
+    }
+    std::size_t unclosedAt = 0;
+    if (const auto brace = findTopLevelBlockEnd(text, afterBrace, text.size(), unclosedAt)) {
+        endAfterBrace(block, text, *brace);
+    } else {
+        block.bodyBegin = std::min(block.bodyBegin, unclosedAt);
+        block.bodyEnd = block.end = unclosedAt;
+        block.closed = false;
+    }
+    return block;
+}
+
+// The parts of a geoset that have one of the known keywords, in file order.
+std::vector<Section> scanKnownParts(const ModelText& model, const GeosetBlock& geoset) {
+    const std::string_view text = model.view().substr(0, geoset.bodyEnd);
+    std::vector<Section> sections;
+    Lexer lexer(text, geoset.bodyBegin, geoset.bodyEnd);
+    std::size_t least = geoset.bodyBegin;
+    // Passing over a section as if it were a property would lose what it holds.
+    const auto refuseBare = [&](const Opening& bare) {
+        if (!kindOf(bare.keyword)) return;
+        throw ModelTextError(model, bare.keywordAt,
+                             "the header of the section " + std::string(bare.keyword) +
+                                 " has no opening brace \"{\".");
+    };
+    while (const std::optional<Opening> opening = nextOpening(lexer, text, refuseBare)) {
+        const std::size_t afterBrace = opening->brace + 1;
+        const std::optional<SectionKind> kind = kindOf(opening->keyword);
+        Section section;
+        section.begin = withIndentation(text, opening->keywordAt, least);
+        section.header = text.substr(section.begin, afterBrace - section.begin);
+        section.bodyBegin = contentBegin(text, afterBrace);
+        std::optional<Line> last;
+        if (section.header.starts_with('\t') && section.bodyBegin != afterBrace) {
+            last = closingSectionLine(text, section.bodyBegin);
+        }
+        if (last) {
+            section.bodyEnd = last->begin;
+            section.end = last->begin + last->text.size();
+        } else if (const auto brace = findBlockEnd(text, afterBrace, geoset.bodyEnd)) {
+            section.bodyEnd = withIndentation(text, *brace, section.bodyBegin);
+            section.end = *brace + 1;
+        } else {
+            throw ModelTextError(model, opening->keywordAt,
+                                 "the section " + std::string(opening->keyword) +
+                                     " that starts here does not end (a closing brace \"}\" is "
+                                     "missing in its geoset).");
+        }
+        lexer.moveTo(text.data() + section.end);
+        least = section.end;
+        if (!kind) continue;
+        section.kind = *kind;
+        LineCursor header(model.view(), section.begin);
+        Line headerLine;
+        header.next(headerLine);
+        section.lineBreak =
+            headerLine.lineBreak.empty() ? lineBreakOf(model.view()) : headerLine.lineBreak;
+        sections.push_back(section);
+    }
+    return sections;
+}
+
+// The further sections of a kind after the first: texture coordinates of other layers are rows like
+// any other, and of anything else there may not be a second section.
+void sortOutRepeated(const ModelText& model, std::vector<Section>& sections) {
+    for (auto section = sections.begin(); section != sections.end(); ++section) {
+        if (section->kind == SectionKind::Rows ||
+            std::find_if(sections.begin(), section, [&](const Section& earlier) {
+                return earlier.kind == section->kind;
+            }) == section) {
+            continue;
+        }
+        if (section->kind != SectionKind::TVertices) {
+            throw ModelTextError(
+                model, section->begin,
+                "a second section " + std::string(keywordOf(section->kind)) + " in a geoset.");
+        }
+        section->kind = SectionKind::Rows;
+    }
 }
 
 }  // namespace
 
 std::string_view keywordOf(SectionKind kind) {
     const auto* const found = std::ranges::find(kSectionNames, kind, &SectionName::kind);
-    return found->header.substr(1);
+    return found == kSectionNames.end() ? std::string_view() : found->keyword;
+}
+
+std::vector<ModelBlock> scanBlocks(std::string_view text) {
+    std::vector<ModelBlock> blocks;
+    Lexer lexer(text, 0, text.size());
+    std::size_t least = 0;
+    while (const std::optional<Opening> opening = nextOpening(lexer, text, kIgnoreBare)) {
+        blocks.push_back(blockAt(text, *opening, least));
+        least = blocks.back().end;
+        lexer.moveTo(text.data() + least);
+    }
+    return blocks;
 }
 
 std::vector<GeosetBlock> scanGeosets(std::string_view text) {
-    std::vector<GeosetBlock> geosets;
-    bool inside = false;
-    LineCursor cursor(text);
-    Line line;
-    while (cursor.next(line)) {
-        if (line.text == kGeosetHeader) {
-            // A geoset that was never closed ends where the next one starts.
-            if (inside) geosets.back().bodyEnd = geosets.back().end = line.begin;
-            geosets.push_back({line.begin, line.end, text.size(), text.size()});
-            inside = true;
-        } else if (inside && startsWith(line.text, "}")) {
-            geosets.back().bodyEnd = line.begin;
-            geosets.back().end = line.end;
-            inside = false;
-        }
-    }
-    return geosets;
+    std::vector<GeosetBlock> blocks = scanBlocks(text);
+    std::erase_if(blocks, [](const ModelBlock& block) { return block.keyword != kGeoset; });
+    return blocks;
+}
+
+std::vector<Section> scanParts(const ModelText& text, const GeosetBlock& geoset) {
+    std::vector<Section> sections = scanKnownParts(text, geoset);
+    sortOutRepeated(text, sections);
+    return sections;
 }
 
 std::vector<Section> scanSections(const ModelText& text, const GeosetBlock& geoset) {
-    std::vector<Section> sections;
-    const std::string_view body = text.view().substr(0, geoset.bodyEnd);
-    LineCursor cursor(body, geoset.bodyBegin);
-    Line line;
-    while (cursor.next(line)) {
-        const std::optional<SectionKind> kind = sectionOpenedBy(line.text);
-        if (!kind) continue;
-        Section section{*kind, line.begin, line.text, line.lineBreak, line.end, line.end};
-        const std::string name(keywordOf(*kind));
-        bool closed = false;
-        while (!closed && cursor.next(line)) {
-            closed = line.text == kSectionEnd;
-            section.bodyEnd = line.begin;
-        }
-        if (!closed) {
-            throw ModelTextError(text, section.begin,
-                                 "the section " + name + " that starts here does not end (no " +
-                                     "line that is a tab and \"}\" follows in its geoset).");
-        }
-        const bool seen = std::ranges::find(sections, *kind, &Section::kind) != sections.end();
-        if (seen && *kind == SectionKind::TVertices) continue;
-        if (seen) {
-            throw ModelTextError(text, section.begin, "a second section " + name + " in a geoset.");
-        }
-        sections.push_back(section);
-    }
+    std::vector<Section> sections = scanParts(text, geoset);
+    std::erase_if(sections,
+                  [](const Section& section) { return section.kind == SectionKind::Rows; });
     return sections;
+}
+
+std::string_view keywordIn(const Section& section) {
+    Lexer lexer(section.header, 0, section.header.size());
+    return lexer.skipBlanks() ? lexer.word() : std::string_view();
 }
 
 }  // namespace corvane

@@ -1,5 +1,8 @@
-// Finds where the geosets of a model, and the sections of one geoset, begin and end. Counting,
+// Finds where the blocks of a model, and the sections of one geoset, begin and end. Counting,
 // reading, writing and removing all use what it finds, so they cannot disagree.
+//
+// What the tools write, one tab a level and one thing a line, is found by its lines, which is fast
+// and forgives much inside them. Everything else is found by its braces.
 #pragma once
 
 #include <cstddef>
@@ -10,37 +13,61 @@
 
 namespace corvane {
 
-/// A top-level geoset block. Offsets are bytes from the start of the text.
-struct GeosetBlock {
-    std::size_t begin = 0;      ///< first byte of the line "Geoset {"
-    std::size_t bodyBegin = 0;  ///< first byte of the line after it
-    std::size_t bodyEnd = 0;    ///< first byte of the closing line, or the end of the block
-    std::size_t end = 0;        ///< first byte after the closing line
+/// A block at the top of a model. Offsets are bytes from the start of the text.
+struct ModelBlock {
+    std::string_view keyword;   ///< its first word, such as "Geoset"
+    std::size_t begin = 0;      ///< first byte of its first line; of its keyword where something
+                                ///< else stands before it on that line
+    std::size_t bodyBegin = 0;  ///< first byte after the opening brace; the next line's where the
+                                ///< rest of that line is blank
+    std::size_t bodyEnd = 0;    ///< first byte of the closing line; the closing brace where
+                                ///< something else stands before it on its line
+    std::size_t end = 0;        ///< first byte after the closing line; after the brace where
+                                ///< another block begins on that line
+    bool closed = true;         ///< false where its closing brace is missing
 };
+
+/// A geoset's block.
+using GeosetBlock = ModelBlock;
+
+/// All blocks at the top of a model in file order. A block that is not closed ends where a line
+/// without indentation opens the next one.
+std::vector<ModelBlock> scanBlocks(std::string_view text);
 
 /// The geosets of a model in file order; geoset n of the file is entry n - 1.
 std::vector<GeosetBlock> scanGeosets(std::string_view text);
 
-/// The sections of a geoset that are read and written anew.
-enum class SectionKind { Vertices, Normals, TVertices, VertexGroup, Faces, Groups };
+/// What a part of a geoset is. The first six are read and written anew; Rows stands for any other
+/// that holds one row for each vertex.
+enum class SectionKind { Vertices, Normals, TVertices, VertexGroup, Faces, Groups, Rows };
 
-/// The keyword that opens a section.
+/// The keyword that opens one of the six sections.
 std::string_view keywordOf(SectionKind kind);
 
 /// One section of a geoset. Offsets are bytes from the start of the text.
 struct Section {
     SectionKind kind{};
-    std::size_t begin = 0;       ///< first byte of the header line
-    std::string_view header;     ///< the header line, without its line break
-    std::string_view lineBreak;  ///< the header's line break
-    std::size_t bodyBegin = 0;   ///< first byte of the line after the header
-    std::size_t bodyEnd = 0;     ///< first byte of the closing line
+    std::size_t begin = 0;       ///< first byte of the header line; of its keyword where something
+                                 ///< else stands before it on that line
+    std::string_view header;     ///< from there up to the opening brace
+    std::string_view lineBreak;  ///< the header's line break, or the text's where it has none
+    std::size_t bodyBegin = 0;   ///< first byte after the opening brace; the next line's where the
+                                 ///< rest of that line is blank
+    std::size_t bodyEnd = 0;     ///< first byte of the closing line; the closing brace where
+                                 ///< something else stands before it on its line
+    std::size_t end = 0;         ///< first byte after the closing brace
 };
 
-/// The sections of one geoset in file order. Of several TVertices sections only the first is
-/// listed: the others belong to further texture layers and stay as they are.
-/// Throws ModelTextError for a section that is not closed before its geoset ends, and for a
-/// second section of any other kind.
+/// The parts of one geoset that hold the edited data, or further rows for its vertices: Tangents,
+/// SkinWeights, and TVertices after the first, whose kind is Rows. In file order.
+/// Throws ModelTextError for a part that is not closed before its geoset ends, and for a second
+/// one of a kind that may not be repeated.
+std::vector<Section> scanParts(const ModelText& text, const GeosetBlock& geoset);
+
+/// The six sections alone. Of several TVertices sections only the first is among them.
 std::vector<Section> scanSections(const ModelText& text, const GeosetBlock& geoset);
+
+/// The keyword of a section: the first word of its header.
+std::string_view keywordIn(const Section& section);
 
 }  // namespace corvane

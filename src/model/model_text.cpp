@@ -5,10 +5,6 @@
 
 namespace corvane {
 
-namespace {
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-}
-
 ModelText::ModelText(std::string path, std::string_view text)
     : path_(std::move(path)),
       bytes_(std::make_unique_for_overwrite<char[]>(text.size())),

@@ -10,6 +10,9 @@
 
 namespace corvane {
 
+/// The byte order mark with which some editors begin a file.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 /// A model file's bytes in memory, and the path (UTF-8) that messages name.
 class ModelText {
 public:

@@ -1,6 +1,10 @@
 #include "model/model_writer.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "model/geoset_sections.h"
+#include "model/row_sections.h"
 
 namespace corvane {
 
@@ -16,43 +20,172 @@ std::string withLineBreaks(std::initializer_list<std::string_view> lines,
     return text;
 }
 
-// Adds the text from `from` to `to`, which lie around the whole geoset, with its sections anew.
-void addWithSections(PiecedText& out, const ModelText& base, const GeosetBlock& block,
-                     const Geoset& geoset, bool singleGeoset, std::size_t from, std::size_t to) {
-    const KeptVertices kept(geoset);
-    for (const Section& section : scanSections(base, block)) {
-        out.addView(base.view().substr(from, section.begin - from));
-        std::string text;
-        appendSection(text, section.kind, geoset, kept, singleGeoset, section.lineBreak);
-        out.addText(std::move(text));
-        from = section.bodyEnd;
+// Whether a line begins at an offset.
+bool isLineBegin(std::string_view text, std::size_t offset) {
+    return offset == 0 || text[offset - 1] == '\n' || text.substr(0, offset) == kByteOrderMark;
+}
+
+// Writes one geoset's parts anew in their places, and adds those that it lacks.
+class GeosetWriter {
+public:
+    GeosetWriter(PiecedText& out, const ModelText& base, const GeosetBlock& block,
+                 const Geoset& geoset, bool singleGeoset, NeutralRows* neutral)
+        : out_(out),
+          base_(base),
+          block_(block),
+          geoset_(geoset),
+          singleGeoset_(singleGeoset),
+          neutral_(neutral),
+          kept_(geoset) {
+        for (const VertexRecord& vertex : geoset.Vertices) {
+            if (!vertex.deleted) fileRows_.push_back(vertex.fileRow);
+        }
     }
-    out.addView(base.view().substr(from, to - from));
+
+    // Adds the base's text from `from` to `to`, which lie around the whole geoset.
+    void write(std::size_t from, std::size_t to);
+
+private:
+    std::string sectionText(SectionKind kind, std::string_view lineBreak) const;
+    std::string rowsText(const RowSection& rows);
+    const RowSection* find(std::string_view keyword, int ordinal) const;
+    std::string replacement(const Section& part);
+    std::string missingParts();
+
+    PiecedText& out_;
+    const ModelText& base_;
+    const GeosetBlock& block_;
+    const Geoset& geoset_;
+    bool singleGeoset_;
+    NeutralRows* neutral_;
+    KeptVertices kept_;
+    std::vector<std::int16_t> fileRows_;  // of the kept vertices
+    std::vector<SectionKind> written_;
+    std::vector<std::pair<std::string, int>> writtenRows_;  // keywords and ordinals
+};
+
+std::string GeosetWriter::sectionText(SectionKind kind, std::string_view lineBreak) const {
+    std::string text;
+    appendSection(text, kind, geoset_, kept_, singleGeoset_, lineBreak);
+    text += "\t}";
+    return text;
+}
+
+std::string GeosetWriter::rowsText(const RowSection& rows) {
+    std::size_t neutralRows = 0;
+    std::string text = composeRowSection(rows, fileRows_, neutralRows);
+    if (neutral_ != nullptr && neutralRows > 0) {
+        neutral_->rows += neutralRows;
+        neutral_->sectionNames.push_back(rows.keyword);
+    }
+    return text;
+}
+
+const RowSection* GeosetWriter::find(std::string_view keyword, int ordinal) const {
+    const auto found = std::ranges::find_if(geoset_.rowSections, [&](const RowSection& rows) {
+        return rows.keyword == keyword && rows.ordinal == ordinal;
+    });
+    return found == geoset_.rowSections.end() ? nullptr : &*found;
+}
+
+// What takes the place of a part of the file's geoset, from its begin to its end.
+std::string GeosetWriter::replacement(const Section& part) {
+    if (part.kind != SectionKind::Rows) {
+        written_.push_back(part.kind);
+        return sectionText(part.kind, part.lineBreak);
+    }
+    const std::string keyword(keywordIn(part));
+    const auto ordinal = static_cast<int>(
+        std::ranges::count(writtenRows_, keyword, &std::pair<std::string, int>::first));
+    writtenRows_.emplace_back(keyword, ordinal);
+    if (const RowSection* const rows = find(keyword, ordinal)) return rowsText(*rows);
+    // The geoset in memory is another one, which has no rows for it.
+    return rowsText(readRowSection(base_, part, ordinal, kMaxVertices + 1));
+}
+
+// The parts that the file's geoset lacks and the one in memory has, each on lines of its own.
+std::string GeosetWriter::missingParts() {
+    const std::string_view lineBreak = lineBreakOf(base_.view());
+    const auto isMissing = [&](SectionKind kind) {
+        return std::ranges::find(written_, kind) == written_.end();
+    };
+    const bool addsGroups =
+        isMissing(SectionKind::Groups) && hasDataFor(SectionKind::Groups, geoset_);
+    std::string text;
+    for (const SectionKind kind :
+         {SectionKind::Normals, SectionKind::TVertices, SectionKind::VertexGroup,
+          SectionKind::Faces, SectionKind::Groups}) {
+        // Groups are of no use without the vertices' numbers, even where all of these are 0.
+        const bool neededByGroups = kind == SectionKind::VertexGroup && addsGroups;
+        if (!isMissing(kind) || (!hasDataFor(kind, geoset_) && !neededByGroups)) continue;
+        text += sectionText(kind, lineBreak);
+        text += lineBreak;
+    }
+    for (const RowSection& rows : geoset_.rowSections) {
+        if (std::ranges::find(writtenRows_, std::pair(rows.keyword, rows.ordinal)) !=
+            writtenRows_.end()) {
+            continue;
+        }
+        text += rowsText(rows);
+        text += lineBreak;
+    }
+    return text;
+}
+
+void GeosetWriter::write(std::size_t from, std::size_t to) {
+    const std::string_view text = base_.view();
+    const std::string_view lineBreak = lineBreakOf(text);
+    for (const Section& part : scanParts(base_, block_)) {
+        out_.addView(text.substr(from, part.begin - from));
+        std::string anew = replacement(part);
+        const bool ownShape = part.kind == SectionKind::Rows;
+        if (!ownShape && !isLineBegin(text, part.begin)) anew.insert(0, part.lineBreak);
+        out_.addText(std::move(anew));
+        from = part.end;
+    }
+
+    std::string missing = missingParts();
+    // Alone, the geoset is followed by blocks that must not become part of it.
+    const bool close = !block_.closed && (singleGeoset_ || !missing.empty());
+    if (!missing.empty() || close) {
+        std::size_t place = block_.bodyEnd;
+        if (!block_.closed) {
+            // Before the empty lines at its end.
+            const std::size_t last = text.substr(0, place).find_last_not_of(" \t\r\n");
+            place = std::max(from, last == std::string_view::npos ? 0 : last + 1);
+        }
+        if (close) missing.append("}");
+        if (!isLineBegin(text, place)) missing.insert(0, lineBreak);
+        // What follows a brace that was added begins a line already, or is the end of the file.
+        out_.addView(text.substr(from, place - from));
+        out_.addText(std::move(missing));
+        from = place;
+    }
+    out_.addView(text.substr(from, to - from));
 }
 
 // Adds what stands before the first geoset, with its sequences replaced by a single one.
 void addSingleGeosetHead(PiecedText& out, const ModelText& base, std::size_t end) {
-    const std::string_view head = base.view().substr(0, end);
-    LineCursor cursor(head);
-    Line line;
+    const std::string_view text = base.view();
     std::size_t copied = 0;
-    while (cursor.next(line)) {
-        if (!startsWith(line.text, "Sequences")) continue;
-        // A byte order mark before the header is not part of the line that is replaced.
-        const auto header = static_cast<std::size_t>(line.text.data() - head.data());
-        out.addView(head.substr(copied, header - copied));
+    for (const ModelBlock& block : scanBlocks(text.substr(0, end))) {
+        if (block.keyword != "Sequences") continue;
+        if (!block.closed) {
+            throw ModelTextError(base, block.begin,
+                                 "the block Sequences that starts here does not end.");
+        }
+        LineCursor cursor(text, block.begin);
+        Line header;
+        cursor.next(header);
+        const std::string_view lineBreak =
+            header.lineBreak.empty() ? lineBreakOf(text) : header.lineBreak;
+        out.addView(text.substr(copied, block.begin - copied));
         out.addText(withLineBreaks(
             {"Sequences 1 {", "\tAnim \"Stand\" {", "\t\tInterval { 0, 3333 },", "\t}"},
-            line.lineBreak));
-        do {
-            if (!cursor.next(line)) {
-                throw ModelTextError(base, header,
-                                     "the block Sequences that starts here does not end.");
-            }
-        } while (line.text != "}");
-        copied = line.begin;
+            lineBreak));
+        copied = block.bodyEnd;
     }
-    out.addView(head.substr(copied));
+    out.addView(text.substr(copied, end - copied));
 }
 
 }  // namespace
@@ -71,21 +204,21 @@ std::string PiecedText::joined() const {
 }
 
 PiecedText composeModel(const ModelText& base, const std::vector<GeosetBlock>& geosets,
-                        int geosetNumber, const Geoset& geoset) {
+                        int geosetNumber, const Geoset& geoset, NeutralRows* neutral) {
+    const GeosetBlock& block = geosets.at(static_cast<std::size_t>(geosetNumber) - 1);
     PiecedText out;
-    addWithSections(out, base, geosets.at(static_cast<std::size_t>(geosetNumber) - 1), geoset,
-                    false, 0, base.view().size());
+    GeosetWriter(out, base, block, geoset, false, neutral).write(0, base.view().size());
     return out;
 }
 
 PiecedText composeSingleGeoset(const ModelText& base, const std::vector<GeosetBlock>& geosets,
-                               int geosetNumber, const Geoset& geoset) {
+                               int geosetNumber, const Geoset& geoset, NeutralRows* neutral) {
     const GeosetBlock& block = geosets.at(static_cast<std::size_t>(geosetNumber) - 1);
     const std::string_view lineBreak = lineBreakOf(base.view());
     PiecedText out;
     addSingleGeosetHead(out, base, geosets.front().begin);
-    addWithSections(out, base, block, geoset, true, block.begin, block.end);
-    if (block.end > 0 && base.view()[block.end - 1] != '\n') out.addView(lineBreak);
+    GeosetWriter(out, base, block, geoset, true, neutral).write(block.begin, block.end);
+    if (!out.pieces().back().ends_with('\n')) out.addView(lineBreak);
     out.addText(withLineBreaks({"Bone \"Bone0\" {", "\tObjectId 0,", "\tGeosetAnimId None,", "}",
                                 "PivotPoints 1 {", "\t{ 0, 0, 0 },", "}"},
                                lineBreak));

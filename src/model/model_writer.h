@@ -41,14 +41,24 @@ private:
     std::deque<std::string> kept_;  // a deque: views into its strings stay valid
 };
 
-/// The whole model with geoset `geosetNumber` (1-based, must exist) written from `geoset`.
-/// Throws ModelTextError where the sections of that geoset cannot be found.
+/// What a save filled in.
+struct NeutralRows {
+    std::size_t rows = 0;                   ///< rows for vertices that had none, in all sections
+    std::vector<std::string> sectionNames;  ///< the sections that got some, in file order
+};
+
+/// The whole model with geoset `geosetNumber` (1-based, must exist) written from `geoset`. Sections
+/// that the file's geoset lacks are added at its end where there is data for them; then its closing
+/// brace is added too, if it lacks one.
+/// Throws std::runtime_error (ModelTextError where a line is to blame) where the sections of that
+/// geoset cannot be found, or rows cannot follow their vertices.
 PiecedText composeModel(const ModelText& base, const std::vector<GeosetBlock>& geosets,
-                        int geosetNumber, const Geoset& geoset);
+                        int geosetNumber, const Geoset& geoset, NeutralRows* neutral = nullptr);
 
 /// That geoset alone as an unanimated model: one sequence, one bone, one pivot point.
 /// Parameters and errors as for composeModel; also where a Sequences block does not end.
 PiecedText composeSingleGeoset(const ModelText& base, const std::vector<GeosetBlock>& geosets,
-                               int geosetNumber, const Geoset& geoset);
+                               int geosetNumber, const Geoset& geoset,
+                               NeutralRows* neutral = nullptr);
 
 }  // namespace corvane

@@ -19,6 +19,22 @@ void showReadError(Editor& editor, const std::string& what, const std::string& a
     editor.dialogs.messageBox(kErrorCaption, what + "\n\n" + advice);
 }
 
+void showNotFinite(Editor& editor, const ModelText& text, const ReadNotes& notes) {
+    const std::string numbers = notes.notFinite == 1
+                                    ? "1 number of its normals and texture coordinates is"
+                                    : std::to_string(notes.notFinite) +
+                                          " numbers of its normals and texture coordinates are";
+    editor.dialogs.messageBox(
+        kWarningCaption,
+        text.path() + ", line " + std::to_string(lineNumberAt(text.view(), notes.firstNotFinite)) +
+            ": " + numbers +
+            (notes.notFinite == 1
+                 ? " not finite and was read as 0."
+                 : " not finite and were read as 0; the first one is in this line.") +
+            " Recalculate Normals or "
+            "the texture coordinate editor give them values; a save writes what is shown then.");
+}
+
 // Makes a file and one of its geosets current, with a working copy of its own.
 std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
                                         const ModelText& text) {
@@ -103,7 +119,9 @@ std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelText& text,
     picked.geosetCount = geosets.size();
     picked.geosetNumber = chooseGeoset(editor, geosets.size());
     try {
-        picked.geoset = parseGeoset(text, geosets, picked.geosetNumber);
+        ReadNotes notes;
+        picked.geoset = parseGeoset(text, geosets, picked.geosetNumber, &notes);
+        if (notes.notFinite > 0) showNotFinite(editor, text, notes);
         return picked;
     } catch (const ModelTextError& error) {
         showReadError(
@@ -163,6 +181,7 @@ void takeIntoStore(Editor& editor, Geoset geoset, int geosetNumber) {
     editor.store.geosetNumber = geosetNumber;
     editor.store.modelLoaded = true;
     editor.store.modified = false;
+    editor.store.neutralRowsSaid = false;
     editor.workingCopy.geosetRemoved = false;
     // The copies in the history belong to another mesh.
     editor.undo = {};

@@ -160,6 +160,22 @@ std::size_t firstUnwritable(const Geoset& geoset) {
     return 0;
 }
 
+// Says, once for a geoset, that a save made rows up.
+void sayNeutralRows(Editor& editor, const NeutralRows& neutral) {
+    GeosetStore& store = editor.store;
+    if (neutral.rows == 0 || store.neutralRowsSaid) return;
+    store.neutralRowsSaid = true;
+    std::string names;
+    for (const std::string& name : neutral.sectionNames)
+        names += (names.empty() ? "" : ", ") + name;
+    editor.dialogs.messageBox(
+        kWarningCaption,
+        "The file also keeps " + names +
+            " for every vertex. Merged vertices have none, so they were saved with "
+            "neutral values there (" +
+            std::to_string(neutral.rows) + " rows).");
+}
+
 // Writes the geoset in memory in its place in the model, or alone.
 void writeGeoset(Editor& editor, const Base& base, bool singleGeoset) {
     GeosetStore& store = editor.store;
@@ -171,15 +187,19 @@ void writeGeoset(Editor& editor, const Base& base, bool singleGeoset) {
         return;
     }
     std::optional<PiecedText> saved;
+    NeutralRows neutral;
     try {
-        saved = singleGeoset
-                    ? composeSingleGeoset(base.text, base.geosets, store.geosetNumber, store)
-                    : composeModel(base.text, base.geosets, store.geosetNumber, store);
-    } catch (const ModelTextError& error) {
-        showSaveError(editor, error.what());
+        const auto compose = singleGeoset ? composeSingleGeoset : composeModel;
+        saved = compose(base.text, base.geosets, store.geosetNumber, store, &neutral);
+    } catch (const std::runtime_error& error) {
+        showSaveError(editor, error.what(),
+                      "Your edits are still here, but the rows of that section cannot follow the "
+                      "vertices that were added or deleted. Undo these edits, or mend the model in "
+                      "a text editor and open it anew.");
         return;
     }
     if (!replaceModel(editor, saved->pieces())) return;
+    sayNeutralRows(editor, neutral);
     store.modified = false;
     editor.workingCopy.geosetRemoved = false;
     if (singleGeoset) store.geosetNumber = 1;

@@ -68,6 +68,11 @@ TEST(RemoveGeoset, WritesTheSameWithCarriageReturns) {
                        bone("D", "Multiple", "None") + kTail));
 }
 
+TEST(RemoveGeoset, KeepsAByteOrderMarkBeforeTheGeosetItself) {
+    EXPECT_EQ(without("\xEF\xBB\xBF" + geoset("10") + geoset("20"), 1),
+              "\xEF\xBB\xBF" + geoset("20"));
+}
+
 TEST(RemoveGeoset, KeepsAByteOrderMark) {
     EXPECT_EQ(without("\xEF\xBB\xBF" + kHead + geoset("10") + geoset("20"), 1),
               "\xEF\xBB\xBF" + kHead + geoset("20"));
@@ -176,24 +181,43 @@ TEST(RemoveGeoset, TakesBlocksAtTheEndOfTheFile) {
 
 TEST(RemoveGeoset, LeavesIdsAloneThatAreUnsetOrUnreadable) {
     const std::string odd =
-        "Bone \"A\" {\n"
+        "Bone \"GeosetId 5,\" {\n"
         "\tGeosetId Multiple,\n"
         "\tGeosetId 5, // was Multiple\n"
         "\tGeosetId x,\n"
-        "\tGeosetId 5\n"
         "\tGeosetId ,\n"
         "\tGeosetId 1.5,\n"
         "\tGeosetIds 5,\n"
-        "\t\tGeosetId 5,\n"
-        "GeosetId 5,\n"
+        "\tGeosetId 5 6,\n"
+        "\t// GeosetId 5,\n"
         "\tGeosetAnimId None,\n"
         "\tGeosetAnimId 5, // was None\n"
         "\tGeosetAnimId x,\n"
-        "\tGeosetAnimId 5\n"
         "\tGeosetAnimId ,\n"
-        "\t\tGeosetAnimId 5,\n"
         "}\n";
     EXPECT_EQ(without(kHead + geoset("10") + animation("0") + odd, 1), kHead + odd);
+}
+
+TEST(RemoveGeoset, RenumbersIdsInAnyLayoutAndNothingBesideThem) {
+    const auto odd = [](const std::string& geosetId, const std::string& animId) {
+        return "Bone \"A\" { ObjectId 0, GeosetId " + geosetId + ", GeosetAnimId " + animId +
+               " }\n"
+               "Helper \"B\" {\n"
+               "  GeosetId   " +
+               geosetId +
+               " ,  // was 7\n"
+               "GeosetAnimId " +
+               animId +
+               "\n"
+               "\t\tGeosetId\t" +
+               geosetId +
+               ",\r\n"
+               "}\n";
+    };
+    const std::string text = geoset("10") + geoset("20") + animation("0") + animation("1");
+    EXPECT_EQ(without(text + odd("1", "1"), 1), geoset("20") + animation("0") + odd("0", "0"));
+    EXPECT_EQ(without(text + odd("1", "1"), 2),
+              geoset("10") + animation("0") + odd("Multiple", "None"));
 }
 
 TEST(RemoveGeoset, LeavesIdsBeforeTheRemovedOneByteForByte) {
@@ -231,20 +255,30 @@ TEST(RemoveGeoset, EndsChangedLinesAsTheyEnded) {
 }
 
 // An animation that opens and closes on one line does not reach into the blocks after it.
-TEST(RemoveGeoset, LeavesBlocksAfterAnAnimationOnOneLineAlone) {
+TEST(RemoveGeoset, TakesAnAnimationOnOneLineForABlock) {
     const std::string text = geoset("10") + geoset("20") +
                              "GeosetAnim { static Alpha 1, GeosetId 1, }\n" +
                              bone("A", "0", "None") + bone("B", "1", "None");
-    EXPECT_EQ(without(text, 1), geoset("20") + "GeosetAnim { static Alpha 1, GeosetId 1, }\n" +
+    EXPECT_EQ(without(text, 1), geoset("20") + "GeosetAnim { static Alpha 1, GeosetId 0, }\n" +
                                     bone("A", "Multiple", "None") + bone("B", "0", "None"));
+    EXPECT_EQ(without(text, 2),
+              geoset("10") + bone("A", "0", "None") + bone("B", "Multiple", "None"));
 }
 
-// The line that is dropped after the geoset counts no more when its animation is looked for.
-TEST(RemoveGeoset, FindsTheAnimationBehindADroppedOneOnOneLine) {
+// Not even where its line ends in another brace than the one that opens it.
+TEST(RemoveGeoset, KeepsABlockOnOneLineAfterTheRemovedOne) {
+    const std::string light = "Light \"L\" { ObjectId 0, }\n";
+    EXPECT_EQ(without(geoset("10") + light, 1), light);
+    EXPECT_EQ(without(geoset("10") + "Light \"L\"\n{\n}\n", 1), "Light \"L\"\n{\n}\n");
+    EXPECT_EQ(without("Geoset { MaterialID 0, } " + light, 1), " " + light);
+}
+
+TEST(RemoveGeoset, CountsAnimationsOnOneLine) {
     EXPECT_EQ(without(geoset("10") + "GeosetAnim { static Alpha 1, }\n" + animation("1") +
-                          animation("0") + geoset("20"),
+                          animation("0") + geoset("20") + bone("A", "1", "2"),
                       1),
-              animation("0") + geoset("20"));
+              "GeosetAnim { static Alpha 1, }\n" + animation("0") + geoset("20") +
+                  bone("A", "0", "None"));
 }
 
 TEST(RemoveGeoset, LeavesAModelThatHoldsOneGeosetLess) {

@@ -45,14 +45,51 @@ TEST(ScanGeosets, IgnoresTheLineBreak) {
     EXPECT_EQ(body(text, geosets[0]), "\tMaterialID 0,\r\n");
 }
 
-TEST(ScanGeosets, TakesOnlyTheExactHeader) {
+TEST(ScanGeosets, TakesOnlyThatKeyword) {
     EXPECT_TRUE(scanGeosets("").empty());
     EXPECT_TRUE(scanGeosets("Version {\n}\n").empty());
-    EXPECT_TRUE(scanGeosets("Geoset{\n}\n").empty());
-    EXPECT_TRUE(scanGeosets("Geoset { \n}\n").empty());
-    EXPECT_TRUE(scanGeosets("\tGeoset {\n\t}\n").empty());
     EXPECT_TRUE(scanGeosets("GeosetAnim {\n}\n").empty());
     EXPECT_TRUE(scanGeosets("geoset {\n}\n").empty());
+    EXPECT_TRUE(scanGeosets("// Geoset {\n").empty());
+    EXPECT_TRUE(scanGeosets("Bone \"Geoset {\" {\n}\n").empty());
+    EXPECT_TRUE(scanGeosets("Layer {\n\tGeoset {\n\t}\n}\n").empty());
+}
+
+TEST(ScanGeosets, TakesTheKeywordInAnyLayout) {
+    for (const std::string_view text :
+         {"Geoset{\n}\n", "Geoset { \t\n}\n", "\tGeoset {\n\t}\n", "  Geoset  {\n  }\n",
+          "Geoset\n{\n}\n", "Geoset { MaterialID 0, }", "Geoset { // the hero's {\n}\n",
+          "Version { } Geoset { }\n"}) {
+        const auto geosets = scanGeosets(text);
+        ASSERT_EQ(geosets.size(), 1U) << text;
+        EXPECT_TRUE(geosets[0].closed) << text;
+        EXPECT_EQ(geosets[0].end, text.size()) << text;
+    }
+}
+
+TEST(ScanGeosets, FindsTheEndByItsBracesWhereLinesAreNotIndented) {
+    const std::string_view text =
+        "Geoset {\n"
+        "Vertices 1 {\n"
+        "{ 0, 0, 0 },\n"
+        "}\n"
+        "// }\n"
+        "Name \"}\",\n"
+        "}\n"
+        "Bone \"A\" {\n"
+        "}\n";
+    const auto geosets = scanGeosets(text);
+    ASSERT_EQ(geosets.size(), 1U);
+    EXPECT_EQ(text.substr(geosets[0].end), "Bone \"A\" {\n}\n");
+    EXPECT_TRUE(geosets[0].closed);
+}
+
+TEST(ScanGeosets, EndsAnUnclosedGeosetWhereAnotherBlockStarts) {
+    const std::string_view text = "Geoset {\n\tVertices 1 {\n\t}\nBone \"A\" {\n\tObjectId 0,\n}\n";
+    const auto geosets = scanGeosets(text);
+    ASSERT_EQ(geosets.size(), 1U);
+    EXPECT_EQ(whole(text, geosets[0]), "Geoset {\n\tVertices 1 {\n\t}\n");
+    EXPECT_FALSE(geosets[0].closed);
 }
 
 TEST(ScanGeosets, SeesTheHeaderBehindAByteOrderMark) {
@@ -166,14 +203,17 @@ TEST(ScanSections, KeepsTheHeadersOwnLineBreak) {
     EXPECT_EQ(sections[1].header, "\tVertexGroup  {");
 }
 
-TEST(ScanSections, LooksOnlyBehindOneTab) {
+TEST(ScanSections, LooksOnlyAtTheGeosetsOwnLevel) {
     const ModelText model("hero.mdl",
                           "Geoset {\n"
-                          "Vertices 1 {\n"
-                          "}\n"
-                          "  Vertices 1 {\n"
+                          "\tLayer {\n"
                           "\t\tVertices 1 {\n"
+                          "\t\t}\n"
+                          "\t\tNormals 1 { }\n"
+                          "\t}\n"
                           "\tMinimumExtent { 0, 0, 0 },\n"
+                          "\t// Faces 1 3 {\n"
+                          "\tName \"Groups 1 1 {\",\n"
                           "}\n");
     EXPECT_TRUE(sectionsOf(model).empty());
 }
@@ -226,15 +266,17 @@ TEST(ScanSections, RefusesASectionThatDoesNotEndInItsGeoset) {
         ADD_FAILURE() << "was accepted";
     } catch (const ModelTextError& error) {
         EXPECT_STREQ(error.what(),
-                     "hero.mdl, line 4: the section Normals that starts here does not end (no "
-                     "line that is a tab and \"}\" follows in its geoset).");
+                     "hero.mdl, line 4: the section Normals that starts here does not end (a "
+                     "closing brace \"}\" is missing in its geoset).");
     }
 }
 
-TEST(ScanSections, TakesOnlyTheExactEnd) {
-    for (const std::string line : {"\t} ", "\t},", "\t} }", " \t}", "\t\t}", "    }"}) {
+TEST(ScanSections, TakesTheClosingBraceInAnyLayout) {
+    for (const std::string line : {"\t} ", "\t},", " \t}", "\t\t}", "    }", "\t} // of { them"}) {
         const ModelText model("hero.mdl", "Geoset {\n\tNormals 1 {\n" + line + "\n}\n");
-        EXPECT_THROW(sectionsOf(model), ModelTextError) << '"' << line << '"';
+        const auto sections = sectionsOf(model);
+        ASSERT_EQ(sections.size(), 1U) << '"' << line << '"';
+        EXPECT_EQ(model.view()[sections[0].end - 1], '}') << '"' << line << '"';
     }
 }
 
@@ -249,8 +291,8 @@ TEST(ScanSections, SaysWhichSectionTheFileEndsIn) {
         ADD_FAILURE() << "was accepted";
     } catch (const ModelTextError& error) {
         EXPECT_STREQ(error.what(),
-                     "hero.mdl, line 2: the section Vertices that starts here does not end (no "
-                     "line that is a tab and \"}\" follows in its geoset).");
+                     "hero.mdl, line 2: the section Vertices that starts here does not end (a "
+                     "closing brace \"}\" is missing in its geoset).");
     }
 }
 

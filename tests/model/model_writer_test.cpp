@@ -321,11 +321,7 @@ TEST(ComposeModel, DoesNotChangeTheGeoset) {
 TEST(ComposeModel, WritesOnlyTheSectionsThatTheFileHas) {
     const std::string text =
         "Geoset {\n\tVertices 1 {\n\t\t{ 1, 2, 3 },\n\t}\n\tMaterialID 0,\n}\n";
-    EXPECT_EQ(saved(text, 1,
-                    [](Geoset& geoset) {
-                        geoset.matrixGroups.push_back({0, -1, -1, -1, -1, -1, -1});
-                    }),
-              text);
+    EXPECT_EQ(saved(text, 1, [](Geoset& geoset) { geoset.Vertices[0].pos = {2, 3, 1}; }), text);
 }
 
 TEST(ComposeModel, TakesSectionsInTheOrderOfTheFile) {

@@ -107,18 +107,16 @@ TEST_F(OpenFailuresTest, TheOtherGeosetsOfThatModelOpen) {
     EXPECT_EQ(vertex(1).pos, (Triple{0, 0, 3}));
 }
 
-TEST_F(OpenFailuresTest, AGeosetWithoutTabIndentedVerticesIsRefused) {
+TEST_F(OpenFailuresTest, AGeosetWithoutVerticesIsRefused) {
     const std::string text =
-        replacedOnce(modelOf({.geosets = {squareAt("5")}}), "\tVertices 4 {", "  Vertices 4 {");
-    const std::string path = folder.write("spaces.mdl", text);
+        replacedOnce(modelOf({.geosets = {squareAt("5")}}), "\tVertices 4 {", "\tCorners 4 {");
+    const std::string path = folder.write("corners.mdl", text);
     expectNothingChanges([&] {
         open(path);
         ASSERT_EQ(askedKinds(), "open message");
         expectLast("message", "Error",
                    "Geoset 1 cannot be read.\n" + path + ", line " + lineOf(text, "Geoset {") +
-                       ": the geoset that starts here has no section \"Vertices\" that can be "
-                       "read (its header is expected after one tab)." +
-                       kOpenAdvice);
+                       ": the geoset that starts here has no section \"Vertices\"." + kOpenAdvice);
     });
 }
 
@@ -131,8 +129,8 @@ TEST_F(OpenFailuresTest, AFileThatEndsInsideASectionIsRefused) {
         ASSERT_EQ(askedKinds(), "open message");
         expectLast("message", "Error",
                    "Geoset 1 cannot be read.\n" + path + ", line " + lineOf(text, "\tTVertices") +
-                       ": the section TVertices that starts here does not end (no line that is a "
-                       "tab and \"}\" follows in its geoset)." +
+                       ": the section TVertices that starts here does not end (a closing brace "
+                       "\"}\" is missing in its geoset)." +
                        kOpenAdvice);
     });
 }

@@ -1,0 +1,87 @@
+// The smallest things in a model's text: blanks, comments, words, quoted strings and braces. The
+// scanner and the readers of sections all walk over the text with it.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "model/model_text.h"
+
+namespace corvane {
+
+/// Walks over a stretch of a text. Comments ("//" to the end of the line) and a byte order mark at
+/// the beginning of the text count as blanks.
+class Lexer {
+public:
+    /// Walks from offset `from` up to offset `to` of `text`.
+    Lexer(std::string_view text, std::size_t from, std::size_t to)
+        : begin_(text.data()), at_(text.data() + from), end_(text.data() + to) {}
+
+    bool atEnd() const { return at_ == end_; }
+    /// The byte here; not at the end.
+    char peek() const { return *at_; }
+    std::size_t offset() const { return static_cast<std::size_t>(at_ - begin_); }
+    const char* at() const { return at_; }
+    const char* end() const { return end_; }
+    /// Goes on from a place in this stretch.
+    void moveTo(const char* place) { at_ = place; }
+
+    /// Skips blanks, line breaks and comments; false at the end.
+    bool skipBlanks() {
+        while (at_ != end_ && isBlank(*at_)) ++at_;
+        return at_ == end_ || isRare(*at_) ? skipRareBlanks() : true;
+    }
+
+    /// Skips one byte if it is `ch`.
+    bool skip(char ch) {
+        if (at_ == end_ || *at_ != ch) return false;
+        ++at_;
+        return true;
+    }
+
+    /// Skips a word, or a quoted string, and returns it. Not at the end, a brace or a comma. A
+    /// string ends with its line at the latest.
+    std::string_view word();
+
+    static constexpr bool isBlank(char ch) {
+        return ch == ' ' || ch == '\t' || ch == '\n' || ch == '\r' || ch == '\v' || ch == '\f';
+    }
+
+private:
+    // What may begin a comment or a byte order mark.
+    static constexpr bool isRare(char ch) { return ch == '/' || ch == kByteOrderMark[0]; }
+    bool skipRareBlanks();
+
+    const char* begin_;
+    const char* at_;
+    const char* end_;
+};
+
+/// The offset of the brace that closes the block whose content begins at `from`; nothing where none
+/// does before `to`. Braces in strings and comments do not count.
+std::optional<std::size_t> findBlockEnd(std::string_view text, std::size_t from, std::size_t to);
+
+/// The same for a block at the top of a model, which also ends, unclosed, where a line without
+/// indentation begins another such block (see opensTopLevelBlock): then `unclosedAt` is the
+/// beginning of that line, or `to` where the text ends, and nothing is returned.
+std::optional<std::size_t> findTopLevelBlockEnd(std::string_view text, std::size_t from,
+                                                std::size_t to, std::size_t& unclosedAt);
+
+/// Whether the line that begins at `lineBegin`, which is not indented, begins a block that models
+/// have at the top only, such as "Geoset {" or "Bone \"Head\" {".
+bool opensTopLevelBlock(std::string_view text, std::size_t lineBegin);
+
+/// The offset at which the line with the byte at `offset` begins.
+std::size_t lineBeginOf(std::string_view text, std::size_t offset);
+
+/// The offset after the line break of the line with the byte at `offset`, or the end of the text.
+std::size_t lineEndOf(std::string_view text, std::size_t offset);
+
+/// The line with the byte at `offset`, without its line break and byte order mark.
+std::string_view lineAt(std::string_view text, std::size_t offset);
+
+/// Whether nothing but blanks and a comment is left of the line from `offset` on.
+bool isRestOfLineBlank(std::string_view text, std::size_t offset);
+
+}  // namespace corvane

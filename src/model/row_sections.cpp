@@ -1,0 +1,225 @@
+#include "model/row_sections.h"
+
+#include <algorithm>
+#include <optional>
+#include <stdexcept>
+
+#include "model/lexer.h"
+#include "model/model_scanner.h"
+#include "model/model_text.h"
+#include "model/numbers.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::string_view kSkinWeights = "SkinWeights";
+constexpr std::string_view kTangents = "Tangents";
+constexpr std::size_t kSkinColumns = 8;     // four bones, then their four weights
+constexpr std::size_t kTangentColumns = 4;  // a direction and the side of the binormal
+constexpr std::size_t kTextureColumns = 2;
+
+std::size_t columnsOf(const RowSection& section) {
+    if (section.keyword == kSkinWeights) return kSkinColumns;
+    if (section.keyword == kTangents) return kTangentColumns;
+    return kTextureColumns;
+}
+
+// Reads the rows of a section's text into it.
+class RowReader {
+public:
+    RowReader(RowSection& section, std::size_t bodyEnd)
+        : section_(section), lexer_(section.text, section.rowsBegin, bodyEnd), bodyEnd_(bodyEnd) {}
+
+    // The offset of what is wrong, and the reason in `reason_`; nothing where all is well.
+    std::optional<std::size_t> read();
+    const std::string& reason() const { return reason_; }
+
+private:
+    std::optional<std::size_t> readBraced();
+    std::optional<std::size_t> readNumbers();
+    void addRow(std::size_t dataBegin, std::size_t dataEnd);
+
+    RowSection& section_;
+    Lexer lexer_;
+    std::size_t bodyEnd_;
+    std::string reason_;
+};
+
+// Adds a row whose data the lexer has just passed; takes the comma after it, and the rest of the
+// line where that is blank.
+void RowReader::addRow(std::size_t dataBegin, std::size_t dataEnd) {
+    SectionRow row;
+    row.begin = static_cast<std::uint32_t>(section_.rows.empty() ? section_.rowsBegin
+                                                                 : section_.rows.back().end);
+    row.dataBegin = static_cast<std::uint32_t>(dataBegin);
+    row.dataEnd = static_cast<std::uint32_t>(dataEnd);
+    Lexer after = lexer_;
+    if (after.skipBlanks() && after.skip(',')) {
+        row.hasComma = true;
+        lexer_ = after;
+    } else {
+        lexer_.moveTo(section_.text.data() + dataEnd);
+    }
+    std::size_t end = lexer_.offset();
+    if (isRestOfLineBlank(section_.text, end)) {
+        end = std::min(lineEndOf(section_.text, end), bodyEnd_);
+        lexer_.moveTo(section_.text.data() + end);
+    }
+    row.end = static_cast<std::uint32_t>(end);
+    section_.rows.push_back(row);
+}
+
+std::optional<std::size_t> RowReader::readBraced() {
+    while (lexer_.skipBlanks()) {
+        const std::size_t begin = lexer_.offset();
+        if (!lexer_.skip('{')) {
+            reason_ = "a row in braces was expected here.";
+            return begin;
+        }
+        const auto brace = findBlockEnd(section_.text, begin + 1, bodyEnd_);
+        if (!brace) {
+            reason_ = "the row that starts here does not end.";
+            return begin;
+        }
+        lexer_.moveTo(section_.text.data() + *brace + 1);
+        addRow(begin, *brace + 1);
+    }
+    return std::nullopt;
+}
+
+std::optional<std::size_t> RowReader::readNumbers() {
+    const std::size_t columns = columnsOf(section_);
+    while (lexer_.skipBlanks()) {
+        const std::size_t begin = lexer_.offset();
+        std::size_t end = begin;
+        for (std::size_t column = 0; column < columns; ++column) {
+            const bool separated = column == 0 || (lexer_.skipBlanks() && lexer_.skip(','));
+            const std::string_view word =
+                separated && lexer_.skipBlanks() ? lexer_.word() : std::string_view();
+            if (!parseNumber(word)) {
+                reason_ = "the row that starts here does not hold " + std::to_string(columns) +
+                          " numbers.";
+                return begin;
+            }
+            end = lexer_.offset();
+        }
+        addRow(begin, end);
+    }
+    return std::nullopt;
+}
+
+std::optional<std::size_t> RowReader::read() {
+    Lexer first = lexer_;
+    if (!first.skipBlanks()) return std::nullopt;
+    return first.peek() == '{' ? readBraced() : readNumbers();
+}
+
+// What a vertex gets that no row belongs to: a direction of length 1, the first bone, no place on
+// the texture.
+std::string neutralData(const RowSection& section) {
+    std::size_t columns = columnsOf(section);
+    bool braced = section.keyword != kSkinWeights;
+    if (!section.rows.empty()) {
+        const SectionRow& row = section.rows.front();
+        const std::string_view data =
+            std::string_view(section.text).substr(row.dataBegin, row.dataEnd - row.dataBegin);
+        columns = countChar(data, ',') + 1;
+        braced = data.starts_with('{');
+    }
+    std::string text;
+    for (std::size_t column = 0; column < columns; ++column) {
+        std::string_view value = "0";
+        if (section.keyword == kSkinWeights && column == columns / 2) value = "255";
+        if (section.keyword == kTangents && (column == 0 || column + 1 == columns)) value = "1";
+        if (column > 0) text += ", ";
+        text += value;
+    }
+    return braced ? "{ " + text + " }" : text;
+}
+
+// The neutral row as the section's first row is laid out, but always with a comma.
+std::string neutralRow(const RowSection& section) {
+    const std::string data = neutralData(section);
+    if (section.rows.empty()) return "\t\t" + data + "," + section.lineBreak;
+    const SectionRow& row = section.rows.front();
+    const std::string_view text = section.text;
+    const std::size_t indent = text.substr(0, row.dataBegin).find_last_not_of(" \t") + 1;
+    const std::size_t begin = std::max<std::size_t>(indent, row.begin);
+    std::string result(text.substr(begin, row.dataBegin - begin));
+    result += data;
+    result += ',';
+    if (text.substr(row.begin, row.end - row.begin).ends_with('\n')) result += section.lineBreak;
+    return result;
+}
+
+bool isUnchanged(const RowSection& section, const std::vector<std::int16_t>& fileRows) {
+    if (fileRows.size() != section.vertexCount) return false;
+    for (std::size_t i = 0; i < fileRows.size(); ++i) {
+        if (fileRows[i] != static_cast<std::int16_t>(i)) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+RowSection readRowSection(const ModelText& text, const Section& section, int ordinal,
+                          std::size_t vertexCount) {
+    RowSection result;
+    result.keyword = keywordIn(section);
+    result.ordinal = ordinal;
+    result.text = text.view().substr(section.begin, section.end - section.begin);
+    result.lineBreak = section.lineBreak;
+    result.rowsBegin = section.bodyBegin - section.begin;
+    result.vertexCount = vertexCount;
+
+    Lexer header(result.text, 0, section.header.size());
+    header.skipBlanks();
+    header.word();  // the keyword
+    header.skipBlanks();
+    result.countBegin = result.countEnd = header.offset();
+    if (header.peek() != '{') {
+        header.word();
+        result.countEnd = header.offset();
+    }
+
+    RowReader reader(result, section.bodyEnd - section.begin);
+    if (const std::optional<std::size_t> wrong = reader.read()) {
+        result.problem = ModelTextError(text, section.begin + *wrong,
+                                        "in the section " + result.keyword + ", " + reader.reason())
+                             .what();
+    }
+    return result;
+}
+
+std::string composeRowSection(const RowSection& section, const std::vector<std::int16_t>& fileRows,
+                              std::size_t& neutralRows) {
+    if (isUnchanged(section, fileRows)) return section.text;
+    if (!section.problem.empty()) throw std::runtime_error(section.problem);
+
+    const std::string_view text = section.text;
+    std::string out(text.substr(0, section.countBegin));
+    if (section.countEnd > section.countBegin) {
+        appendInteger(out, static_cast<std::int64_t>(fileRows.size()));
+    }
+    out += text.substr(section.countEnd, section.rowsBegin - section.countEnd);
+    const std::string neutral = neutralRow(section);
+    for (std::size_t i = 0; i < fileRows.size(); ++i) {
+        const auto fileRow = static_cast<std::size_t>(fileRows[i]);
+        if (fileRows[i] == kNoRow || fileRow >= section.rows.size()) {
+            out += neutral;
+            ++neutralRows;
+            continue;
+        }
+        const SectionRow& row = section.rows[fileRow];
+        out += text.substr(row.begin, row.dataEnd - row.begin);
+        // The last row of a file may go without the comma that it needs before another one.
+        if (!row.hasComma && i + 1 < fileRows.size()) out += ',';
+        out += text.substr(row.dataEnd, row.end - row.dataEnd);
+    }
+    const std::size_t tail = section.rows.empty() ? section.rowsBegin : section.rows.back().end;
+    out += text.substr(tail);
+    return out;
+}
+
+}  // namespace corvane
