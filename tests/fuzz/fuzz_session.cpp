@@ -35,8 +35,8 @@ namespace {
 
 constexpr std::size_t kMostEdits = 40;
 // Beyond these a session takes too long for what it shows; the limits themselves have tests.
-constexpr std::size_t kMostVertices = 2048;
-constexpr std::size_t kMostToGrow = 512;
+constexpr std::size_t kMostVertices = 1024;
+constexpr std::size_t kMostToGrow = 256;
 
 // An editor that nobody watches, with one model open.
 struct Session {
