@@ -184,6 +184,7 @@ TEST_F(ByteRanges, AroundNumbersOfGeosetsStayWhenOneIsRemoved) {
                      "Bone \"Right\" {\n  GeosetAnimId   1, GeosetId 1 , // GeosetId 1,\n}");
     const std::string path = openNew("hero.mdl", text, "1");
     deleteGeoset();
+    dialogs.yesNos.push_back(false);  // not over the other geoset
     save();
     const std::string saved = readFile(path);
     EXPECT_NE(saved.find("Bone \"Left\" { ObjectId 0, GeosetId  Multiple , GeosetAnimId None, }"
