@@ -167,6 +167,7 @@ bool hasDataFor(SectionKind kind, const Geoset& geoset) {
         case SectionKind::Groups:
             return !geoset.matrixGroups.empty();
         case SectionKind::Vertices:
+            return anyKept([](const VertexRecord&) { return true; });
         case SectionKind::Rows:
             break;
     }

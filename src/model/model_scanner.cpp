@@ -188,7 +188,8 @@ std::vector<Section> scanKnownParts(const ModelText& model, const GeosetBlock& g
         section.header = text.substr(section.begin, afterBrace - section.begin);
         section.bodyBegin = contentBegin(text, afterBrace);
         std::optional<Line> last;
-        if (section.header.starts_with('\t') && section.bodyBegin != afterBrace) {
+        const bool oneTab = section.begin + 1 == opening->keywordAt && section.header[0] == '\t';
+        if (oneTab && section.bodyBegin != afterBrace) {
             last = closingSectionLine(text, section.bodyBegin);
         }
         if (last) {

@@ -113,8 +113,8 @@ std::string GeosetWriter::missingParts() {
         isMissing(SectionKind::Groups) && hasDataFor(SectionKind::Groups, geoset_);
     std::string text;
     for (const SectionKind kind :
-         {SectionKind::Normals, SectionKind::TVertices, SectionKind::VertexGroup,
-          SectionKind::Faces, SectionKind::Groups}) {
+         {SectionKind::Vertices, SectionKind::Normals, SectionKind::TVertices,
+          SectionKind::VertexGroup, SectionKind::Faces, SectionKind::Groups}) {
         // Groups are of no use without the vertices' numbers, even where all of these are 0.
         const bool neededByGroups = kind == SectionKind::VertexGroup && addsGroups;
         if (!isMissing(kind) || (!hasDataFor(kind, geoset_) && !neededByGroups)) continue;

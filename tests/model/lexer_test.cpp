@@ -1,0 +1,128 @@
+#include "model/lexer.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace corvane {
+namespace {
+
+// All words and marks of a text.
+std::vector<std::string> piecesOf(std::string_view text) {
+    std::vector<std::string> pieces;
+    Lexer lexer(text, 0, text.size());
+    while (lexer.skipBlanks()) {
+        const char ch = lexer.peek();
+        if (ch == '{' || ch == '}' || ch == ',') {
+            lexer.skip(ch);
+            pieces.emplace_back(1, ch);
+        } else {
+            pieces.emplace_back(lexer.word());
+        }
+    }
+    return pieces;
+}
+
+using Pieces = std::vector<std::string>;
+
+TEST(LexerType, TellsWordsFromMarks) {
+    EXPECT_EQ(piecesOf("Faces 1\t36{ { 0,1 } ,\r\n}"),
+              (Pieces{"Faces", "1", "36", "{", "{", "0", ",", "1", "}", ",", "}"}));
+    EXPECT_EQ(piecesOf(""), Pieces{});
+    EXPECT_EQ(piecesOf(" \t\r\n\v\f"), Pieces{});
+}
+
+TEST(LexerType, PassesOverComments) {
+    EXPECT_EQ(piecesOf("a // b { c\nd//e\r\n//"), (Pieces{"a", "d"}));
+    EXPECT_EQ(piecesOf("a/b / c"), (Pieces{"a/b", "/", "c"}));
+}
+
+TEST(LexerType, KeepsStringsWhole) {
+    EXPECT_EQ(piecesOf("Bone \"a { // , }\" {"), (Pieces{"Bone", "\"a { // , }\"", "{"}));
+    EXPECT_EQ(piecesOf("\"\"x\"y\""), (Pieces{"\"\"", "x", "\"y\""}));
+}
+
+TEST(LexerType, EndsAStringWithItsLine) {
+    EXPECT_EQ(piecesOf("\"a {\n}"), (Pieces{"\"a {", "}"}));
+    EXPECT_EQ(piecesOf("\"a"), (Pieces{"\"a"}));
+}
+
+TEST(LexerType, PassesOverAByteOrderMarkAtTheBeginningOnly) {
+    EXPECT_EQ(piecesOf("\xEF\xBB\xBFVersion"), (Pieces{"Version"}));
+    EXPECT_EQ(piecesOf("a \xEF\xBB\xBF"), (Pieces{"a", "\xEF\xBB\xBF"}));
+    EXPECT_EQ(piecesOf("\xEF\xBB"), (Pieces{"\xEF\xBB"}));
+}
+
+std::optional<std::size_t> endOf(std::string_view text) {
+    return findBlockEnd(text, 0, text.size());
+}
+
+TEST(FindBlockEnd, CountsBraces) {
+    EXPECT_EQ(endOf("}"), 0U);
+    EXPECT_EQ(endOf("{ { } } } }"), 8U);
+    EXPECT_EQ(endOf("{ }"), std::nullopt);
+    EXPECT_EQ(endOf(""), std::nullopt);
+    EXPECT_EQ(findBlockEnd("a } }", 3, 5), 4U);
+    EXPECT_EQ(findBlockEnd("a } }", 3, 4), std::nullopt);
+}
+
+TEST(FindBlockEnd, LooksIntoNoStringAndNoComment) {
+    EXPECT_EQ(endOf("\"}\" }"), 4U);
+    EXPECT_EQ(endOf("// }\n}"), 5U);
+    EXPECT_EQ(endOf("/ }"), 2U);
+    EXPECT_EQ(endOf("// }"), std::nullopt);
+    EXPECT_EQ(endOf("\"}\n}"), 3U);
+    EXPECT_EQ(endOf("\"}"), std::nullopt);
+    EXPECT_EQ(endOf("\"\"}"), 2U);
+    EXPECT_EQ(endOf("/"), std::nullopt);
+}
+
+TEST(FindTopLevelBlockEnd, StopsWhereAnotherBlockBegins) {
+    const std::string_view text = "{ 1, }\nBone \"A\" {\n}\n";
+    std::size_t unclosedAt = 0;
+    EXPECT_EQ(findTopLevelBlockEnd(text, 0, text.size(), unclosedAt), std::nullopt);
+    EXPECT_EQ(unclosedAt, 7U);
+    EXPECT_EQ(findTopLevelBlockEnd("{ 1, }\n", 0, 7, unclosedAt), std::nullopt);
+    EXPECT_EQ(unclosedAt, 7U);
+    // Blocks of these names may stand in others, or their lines are indented.
+    EXPECT_EQ(findTopLevelBlockEnd("\nVertices {\n}\n}", 0, 15, unclosedAt), 14U);
+    EXPECT_EQ(findTopLevelBlockEnd("\n\tBone {\n}\n}", 0, 12, unclosedAt), 11U);
+}
+
+TEST(OpensTopLevelBlock, WantsAKnownKeywordAndABraceOnItsLine) {
+    EXPECT_TRUE(opensTopLevelBlock("Geoset {", 0));
+    EXPECT_TRUE(opensTopLevelBlock("x\nBone \"A {\"{\n", 2));
+    EXPECT_FALSE(opensTopLevelBlock("Geoset\n{", 0));
+    EXPECT_FALSE(opensTopLevelBlock("GeosetId 0, {", 0));
+    EXPECT_FALSE(opensTopLevelBlock("Geoset 0, {", 0));
+    EXPECT_FALSE(opensTopLevelBlock("Bone \"A {\"", 0));
+    EXPECT_FALSE(opensTopLevelBlock("Geoset // {", 0));
+    EXPECT_FALSE(opensTopLevelBlock("Anim {", 0));
+    EXPECT_FALSE(opensTopLevelBlock("\tGeoset {", 0));
+    EXPECT_FALSE(opensTopLevelBlock("", 0));
+}
+
+TEST(LinesOfAText, AreFoundByAnyByteInThem) {
+    const std::string_view text =
+        "\xEF\xBB\xBF"
+        "ab\r\n\ncd";
+    EXPECT_EQ(lineAt(text, 4), "ab");
+    EXPECT_EQ(lineAt(text, 7), "");
+    EXPECT_EQ(lineAt(text, 8), "cd");
+    EXPECT_EQ(lineBeginOf(text, 6), 0U);
+    EXPECT_EQ(lineBeginOf(text, 9), 8U);
+    EXPECT_EQ(lineEndOf(text, 0), 7U);
+    EXPECT_EQ(lineEndOf(text, 7), 8U);
+    EXPECT_EQ(lineEndOf(text, 8), 10U);
+    EXPECT_EQ(lineEndOf(text, 10), 10U);
+}
+
+TEST(RestOfALine, IsBlankUpToItsBreakOrAComment) {
+    EXPECT_TRUE(isRestOfLineBlank("{ \t\r\nx", 1));
+    EXPECT_TRUE(isRestOfLineBlank("{ // x\ny", 1));
+    EXPECT_TRUE(isRestOfLineBlank("{", 1));
+    EXPECT_FALSE(isRestOfLineBlank("{ x\n", 1));
+}
+
+}  // namespace
+}  // namespace corvane
