@@ -245,6 +245,7 @@ void frmCorvane::buildMenus() {
                     current = menu;
                     break;
                 case MenuEntry::Kind::Item:
+                case MenuEntry::Kind::Help:
                     items_.emplace_back(addEntry(*current, entry), &entry);
                     break;
             }
@@ -258,7 +259,10 @@ QAction* frmCorvane::addEntry(QMenu& menu, const MenuEntry& entry) {
     action->setShortcut(QKeySequence(QString(entry.shortcut)));
     action->setCheckable(entry.checked != nullptr);
     const QString press(entry.press);
-    if (!press.isEmpty()) {
+    if (entry.kind == MenuEntry::Kind::Help) {
+        connect(action, &QAction::triggered, this,
+                [this, name = entry.name] { showHelp(editor_, name); });
+    } else if (!press.isEmpty()) {
         connect(action, &QAction::triggered, button(entry.press), &QPushButton::click);
     } else if (entry.run != nullptr) {
         connect(action, &QAction::triggered, this, [this, run = entry.run] { run(editor_); });

@@ -75,7 +75,7 @@ TEST_F(PerspectiveViewTest, DrawsFacesThenVerticesDeletedOnesIncluded) {
     EXPECT_EQ(drawnText(perspective),
               (Texts{"line 100 400 100 300 border", "line 100 300 100 800 border",
                      "line 100 800 100 400 border", "box 90 390 110 410 black",
-                     "box 90 290 110 310 red", "box 90 790 110 810 black"}));
+                     "box 90 290 110 310 red", "box 90 290 110 310 black"}));
 }
 
 TEST_F(PerspectiveViewTest, DrawsWithTheSizeOfItsOwnPicture) {
@@ -147,6 +147,27 @@ TEST_F(PerspectiveViewTest, AVertexAtTheEyeIsLeftOutWithItsEdges) {
     EXPECT_EQ(drawnText(perspective),
               (Texts{"line 100 700 100 900 border", "box 90 690 110 710 black",
                      "box 90 890 110 910 black"}));
+}
+
+TEST_F(PerspectiveViewTest, AVertexBeyondAllNumbersIsLeftOutWithItsEdges) {
+    loadVertices({{0, 1, 0}, {0, 1.7e308, 0}, {0, 2, 0}});
+    addFace(0, 1, 2);
+    drawPerspective(editor);
+    EXPECT_EQ(drawnText(perspective),
+              (Texts{"line 100 300 100 400 border", "box 90 390 110 410 black",
+                     "box 90 290 110 310 black"}));
+}
+
+TEST_F(PerspectiveViewTest, DrawingKeepsHowFarAcrossEachVertexLies) {
+    loadVertices({{3, 7, 4}, {-5, 0, 0}, {0, 2, 0}});
+    drawPerspective(editor);
+    ASSERT_EQ(editor.perspective.across.size(), 3U);
+    EXPECT_NEAR(editor.perspective.across[0], 3, 1e-9);
+    EXPECT_NEAR(editor.perspective.across[1], -5, 1e-9);
+    EXPECT_EQ(editor.perspective.across[2], 0);
+    for (int press = 1; press <= 9; ++press) turnPerspective(editor, 10);
+    EXPECT_NEAR(editor.perspective.across[0], -4, 1e-9);
+    EXPECT_NEAR(editor.perspective.across[1], 0, 1e-9);
 }
 
 TEST_F(PerspectiveViewTest, RedrawingTheOtherViewsLeavesItAlone) {
