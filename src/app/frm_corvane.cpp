@@ -115,9 +115,8 @@ void frmCorvane::buildPictures() {
     connectPicture(*pbxTop_, View::Top);
     connectPicture(*pbxLeft_, View::Left);
     pbxPersp_->onMove = [this](double, double) { showTip(""); };
-    pbxPersp_->onResize = [this] {
-        if (editor_.store.modelLoaded) drawPerspective(editor_);
-    };
+    // Only its own buttons draw it: another size must not show edits either.
+    pbxPersp_->keepDrawingCentred();
 }
 
 void frmCorvane::connectPicture(PictureBox& picture, View view) {
@@ -302,9 +301,9 @@ void frmCorvane::fitMinimumSize() {
     const QSize panel = toolPanel_->sizeHint();
     const int picturesWidth = kPictureOrigin.x() + 2 * kColumnStep;
     const int picturesHeight = kPictureOrigin.y() + kRowStep + kPictureSize.height();
+    const int leftHeight = picturesHeight + kMargin + txtTips_->sizeHint().height();
     central_->setMinimumSize(picturesWidth + panel.width() + kMargin,
-                             std::max(picturesHeight, kMargin + panel.height()) +
-                                 txtTips_->sizeHint().height() + 2 * kMargin);
+                             std::max(leftHeight, kMargin + panel.height()) + kMargin);
 }
 
 // All pictures grow alike; what stands beside them keeps its size.
@@ -324,9 +323,10 @@ void frmCorvane::layOut() {
     const int tipsHeight = txtTips_->sizeHint().height();
     const int tipsTop = central_->height() - kMargin - tipsHeight;
     const int panelLeft = kPictureOrigin.x() + 2 * (kColumnStep + grown.width());
-    txtTips_->setGeometry(kMargin, tipsTop, central_->width() - 2 * kMargin, tipsHeight);
+    // Under the pictures only: beside it the panel may be as high as the window.
+    txtTips_->setGeometry(kMargin, tipsTop, panelLeft - 2 * kMargin, tipsHeight);
     toolPanel_->setGeometry(panelLeft, kMargin, toolPanel_->sizeHint().width(),
-                            tipsTop - 2 * kMargin);
+                            central_->height() - 2 * kMargin);
 }
 
 bool frmCorvane::isMet(Needs needs) const {
