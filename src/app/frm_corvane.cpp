@@ -31,6 +31,7 @@ constexpr int kRowStep = 224;
 constexpr int kMargin = 8;
 constexpr int kViewColumnGap = 3;  // between a picture and the buttons beside it
 constexpr int kViewButtonSize = 24;
+constexpr int kTipFrame = 16;      // what the tip's box needs besides its text
 constexpr int kSelectDelay = 100;  // milliseconds from opening a model until a box selects
 
 QString fileName(const std::string& path) {
@@ -296,14 +297,26 @@ void frmCorvane::finishControls() {
     }
 }
 
+// The width of the longest tip, in pixels.
+int frmCorvane::longestTip() const {
+    int longest = 0;
+    for (const QString& tip : tips_) {
+        longest = std::max(longest, txtTips_->fontMetrics().horizontalAdvance(tip));
+    }
+    return longest;
+}
+
 // The pictures at their first size and all that stands round them.
 void frmCorvane::fitMinimumSize() {
     const QSize panel = toolPanel_->sizeHint();
     const int picturesWidth = kPictureOrigin.x() + 2 * kColumnStep;
     const int picturesHeight = kPictureOrigin.y() + kRowStep + kPictureSize.height();
-    const int leftHeight = picturesHeight + kMargin + txtTips_->sizeHint().height();
-    central_->setMinimumSize(picturesWidth + panel.width() + kMargin,
-                             std::max(leftHeight, kMargin + panel.height()) + kMargin);
+    const int tipsHeight = txtTips_->sizeHint().height() + kMargin;
+    tipsBesidePanel_ = longestTip() + kTipFrame <= picturesWidth - 2 * kMargin;
+    const int height = tipsBesidePanel_
+                           ? std::max(picturesHeight + tipsHeight, kMargin + panel.height())
+                           : std::max(picturesHeight, kMargin + panel.height()) + tipsHeight;
+    central_->setMinimumSize(picturesWidth + panel.width() + kMargin, height + kMargin);
 }
 
 // All pictures grow alike; what stands beside them keeps its size.
@@ -323,10 +336,12 @@ void frmCorvane::layOut() {
     const int tipsHeight = txtTips_->sizeHint().height();
     const int tipsTop = central_->height() - kMargin - tipsHeight;
     const int panelLeft = kPictureOrigin.x() + 2 * (kColumnStep + grown.width());
-    // Under the pictures only: beside it the panel may be as high as the window.
-    txtTips_->setGeometry(kMargin, tipsTop, panelLeft - 2 * kMargin, tipsHeight);
+    // Where every tip fits under the pictures the panel beside it may be as high as the window.
+    const int tipsRight = tipsBesidePanel_ ? panelLeft : central_->width();
+    const int panelBottom = tipsBesidePanel_ ? central_->height() : tipsTop;
+    txtTips_->setGeometry(kMargin, tipsTop, tipsRight - 2 * kMargin, tipsHeight);
     toolPanel_->setGeometry(panelLeft, kMargin, toolPanel_->sizeHint().width(),
-                            central_->height() - 2 * kMargin);
+                            panelBottom - 2 * kMargin);
 }
 
 bool frmCorvane::isMet(Needs needs) const {

@@ -199,7 +199,12 @@ TEST_F(WindowLayoutTest, AnEnlargedPerspectiveViewStaysCentredAndShowsNoEditYet)
     EXPECT_EQ(picture("pbxPersp").drawn().back().colour, kRed);
 }
 
-TEST_F(WindowLayoutTest, TheTipEndsWhereTheToolPanelBegins) {
+TEST_F(WindowLayoutTest, WithASmallFontTheTipEndsWhereTheToolPanelBegins) {
+    const QFont before = QApplication::font();
+    QFont small = before;
+    small.setPixelSize(11);
+    QApplication::setFont(small);
+    showWindow();
     for (const QSize extra : {QSize(0, 0), QSize(333, 201)}) {
         resizeTo(window->size() + extra);
         const QRect tip = place("txtTips");
@@ -210,6 +215,8 @@ TEST_F(WindowLayoutTest, TheTipEndsWhereTheToolPanelBegins) {
         // No more than a button's height stands empty above it.
         EXPECT_LT(tip.top() - place("pbxLeft").bottom(), 40);
     }
+    window.reset();
+    QApplication::setFont(before);
 }
 
 TEST_F(WindowLayoutTest, NoCaptionIsCutOffWithALargerFont) {
