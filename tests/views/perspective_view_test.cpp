@@ -75,7 +75,7 @@ TEST_F(PerspectiveViewTest, DrawsFacesThenVerticesDeletedOnesIncluded) {
     EXPECT_EQ(drawnText(perspective),
               (Texts{"line 100 400 100 300 border", "line 100 300 100 800 border",
                      "line 100 800 100 400 border", "box 90 390 110 410 black",
-                     "box 90 290 110 310 red", "box 90 290 110 310 black"}));
+                     "box 90 290 110 310 red", "box 90 790 110 810 black"}));
 }
 
 TEST_F(PerspectiveViewTest, DrawsWithTheSizeOfItsOwnPicture) {
@@ -150,12 +150,14 @@ TEST_F(PerspectiveViewTest, AVertexAtTheEyeIsLeftOutWithItsEdges) {
 }
 
 TEST_F(PerspectiveViewTest, AVertexBeyondAllNumbersIsLeftOutWithItsEdges) {
-    loadVertices({{0, 1, 0}, {0, 1.7e308, 0}, {0, 2, 0}});
-    addFace(0, 1, 2);
+    // The height of the second is no number any more; that of the third is, but not once drawn.
+    loadVertices({{0, 1, 0}, {0, 1.7e308, 0}, {0, 1e307, 0}, {0, 2, 0}});
+    addFace(0, 1, 3);
+    addFace(0, 2, 3);
     drawPerspective(editor);
     EXPECT_EQ(drawnText(perspective),
-              (Texts{"line 100 300 100 400 border", "box 90 390 110 410 black",
-                     "box 90 290 110 310 black"}));
+              (Texts{"line 100 300 100 400 border", "line 100 300 100 400 border",
+                     "box 90 390 110 410 black", "box 90 290 110 310 black"}));
 }
 
 TEST_F(PerspectiveViewTest, DrawingKeepsHowFarAcrossEachVertexLies) {
