@@ -15,6 +15,10 @@ namespace {
 
 constexpr int kDecimals = 5;
 
+constexpr const char* kHeader =
+    "Version {\n\tFormatVersion 800,\n}\nModel \"Large\" {\n\tBlendTime 150,\n}\n"
+    "Sequences 1 {\n\tAnim \"Stand\" {\n\t\tInterval { 0, 16500 },\n\t}\n}\n";
+
 // The sphere's bands lie between two caps. A band has its own two rings of vertices, whose first
 // and last vertex share a place: 127 * 2 * 129 vertices and 127 * 128 * 2 faces. With one pole
 // and the faces of the caps (128 and 127) the sphere is exactly at both limits.
@@ -132,10 +136,14 @@ Geoset sphereAtLimit(double radius) {
     return geoset;
 }
 
+void writeModelOf(std::ostream& out, const Geoset& geoset) {
+    std::string text = kHeader;
+    appendGeoset(text, geoset);
+    out << text;
+}
+
 void writeLargeModel(std::ostream& out) {
-    std::string piece =
-        "Version {\n\tFormatVersion 800,\n}\nModel \"Large\" {\n\tBlendTime 150,\n}\n"
-        "Sequences 1 {\n\tAnim \"Stand\" {\n\t\tInterval { 0, 16500 },\n\t}\n}\n";
+    std::string piece = kHeader;
     std::size_t size = 0;
     const auto flush = [&] {
         out << piece;

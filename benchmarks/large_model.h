@@ -22,6 +22,9 @@ inline constexpr double kFittingRadius = 60;
 /// vertices, as where a texture has seams. Numbers have five decimals, as tools write them.
 Geoset sphereAtLimit(double radius);
 
+/// Writes a model of one geoset and nothing else that matters.
+void writeModelOf(std::ostream& out, const Geoset& geoset);
+
 /// Writes a model of kLargeModelSize: geosets for nearly half of it, tracks of bones for the rest.
 void writeLargeModel(std::ostream& out);
 

@@ -31,6 +31,7 @@ constexpr int kRowStep = 224;
 constexpr int kMargin = 8;
 constexpr int kViewColumnGap = 3;  // between a picture and the buttons beside it
 constexpr int kViewButtonSize = 24;
+constexpr int kTipFrame = 16;      // what the tip's box needs besides its text
 constexpr int kSelectDelay = 100;  // milliseconds from opening a model until a box selects
 
 QString fileName(const std::string& path) {
@@ -115,9 +116,8 @@ void frmCorvane::buildPictures() {
     connectPicture(*pbxTop_, View::Top);
     connectPicture(*pbxLeft_, View::Left);
     pbxPersp_->onMove = [this](double, double) { showTip(""); };
-    pbxPersp_->onResize = [this] {
-        if (editor_.store.modelLoaded) drawPerspective(editor_);
-    };
+    // Only its own buttons draw it: another size must not show edits either.
+    pbxPersp_->keepDrawingCentred();
 }
 
 void frmCorvane::connectPicture(PictureBox& picture, View view) {
@@ -245,6 +245,7 @@ void frmCorvane::buildMenus() {
                     current = menu;
                     break;
                 case MenuEntry::Kind::Item:
+                case MenuEntry::Kind::Help:
                     items_.emplace_back(addEntry(*current, entry), &entry);
                     break;
             }
@@ -258,7 +259,10 @@ QAction* frmCorvane::addEntry(QMenu& menu, const MenuEntry& entry) {
     action->setShortcut(QKeySequence(QString(entry.shortcut)));
     action->setCheckable(entry.checked != nullptr);
     const QString press(entry.press);
-    if (!press.isEmpty()) {
+    if (entry.kind == MenuEntry::Kind::Help) {
+        connect(action, &QAction::triggered, this,
+                [this, name = entry.name] { showHelp(editor_, name); });
+    } else if (!press.isEmpty()) {
         connect(action, &QAction::triggered, button(entry.press), &QPushButton::click);
     } else if (entry.run != nullptr) {
         connect(action, &QAction::triggered, this, [this, run = entry.run] { run(editor_); });
@@ -293,14 +297,26 @@ void frmCorvane::finishControls() {
     }
 }
 
+// The width of the longest tip, in pixels.
+int frmCorvane::longestTip() const {
+    int longest = 0;
+    for (const QString& tip : tips_) {
+        longest = std::max(longest, txtTips_->fontMetrics().horizontalAdvance(tip));
+    }
+    return longest;
+}
+
 // The pictures at their first size and all that stands round them.
 void frmCorvane::fitMinimumSize() {
     const QSize panel = toolPanel_->sizeHint();
     const int picturesWidth = kPictureOrigin.x() + 2 * kColumnStep;
     const int picturesHeight = kPictureOrigin.y() + kRowStep + kPictureSize.height();
-    central_->setMinimumSize(picturesWidth + panel.width() + kMargin,
-                             std::max(picturesHeight, kMargin + panel.height()) +
-                                 txtTips_->sizeHint().height() + 2 * kMargin);
+    const int tipsHeight = txtTips_->sizeHint().height() + kMargin;
+    tipsBesidePanel_ = longestTip() + kTipFrame <= picturesWidth - 2 * kMargin;
+    const int height = tipsBesidePanel_
+                           ? std::max(picturesHeight + tipsHeight, kMargin + panel.height())
+                           : std::max(picturesHeight, kMargin + panel.height()) + tipsHeight;
+    central_->setMinimumSize(picturesWidth + panel.width() + kMargin, height + kMargin);
 }
 
 // All pictures grow alike; what stands beside them keeps its size.
@@ -320,9 +336,12 @@ void frmCorvane::layOut() {
     const int tipsHeight = txtTips_->sizeHint().height();
     const int tipsTop = central_->height() - kMargin - tipsHeight;
     const int panelLeft = kPictureOrigin.x() + 2 * (kColumnStep + grown.width());
-    txtTips_->setGeometry(kMargin, tipsTop, central_->width() - 2 * kMargin, tipsHeight);
+    // Where every tip fits under the pictures the panel beside it may be as high as the window.
+    const int tipsRight = tipsBesidePanel_ ? panelLeft : central_->width();
+    const int panelBottom = tipsBesidePanel_ ? central_->height() : tipsTop;
+    txtTips_->setGeometry(kMargin, tipsTop, tipsRight - 2 * kMargin, tipsHeight);
     toolPanel_->setGeometry(panelLeft, kMargin, toolPanel_->sizeHint().width(),
-                            tipsTop - 2 * kMargin);
+                            panelBottom - 2 * kMargin);
 }
 
 bool frmCorvane::isMet(Needs needs) const {

@@ -57,6 +57,7 @@ private:
     void buildReadouts(QWidget& panel);
     void connectPicture(PictureBox& picture, View view);
     void finishControls();
+    int longestTip() const;
     void fitMinimumSize();
     void layOut();
     void updateTitle();
@@ -74,6 +75,7 @@ private:
     QLineEdit* txtY_;
     QLineEdit* txtZ_;
     QLineEdit* txtTips_;
+    bool tipsBesidePanel_ = true;  // whether the tip's box ends where the tool panel begins
     QTimer tmrTime_;
     QHash<QString, ToolButton*> buttons_;
     QHash<QString, QString> tips_;  // by control name

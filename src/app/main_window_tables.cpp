@@ -43,11 +43,9 @@ constexpr MenuEntry pressing(const char* name, const char* caption, const char* 
     return {.name = name, .caption = caption, .shortcut = shortcut, .press = button};
 }
 
-template <std::size_t Index>
+// An item that shows the help box of the same name.
 constexpr MenuEntry helpItem(const char* name, const char* caption) {
-    return {.name = name, .caption = caption, .run = [](Editor& editor) {
-                showHelp(editor, helpBoxes()[Index].menuItem);
-            }};
+    return {.kind = Kind::Help, .name = name, .caption = caption};
 }
 
 constexpr std::array kFileMenu = {
@@ -192,12 +190,12 @@ constexpr std::array kViewMenu = {
 };
 
 constexpr std::array kHelpMenu = {
-    helpItem<0>("mnuSummary", "&Summary"),
-    helpItem<1>("mnuNavigation", "&Navigation"),
-    helpItem<2>("mnuSelection", "S&election"),
-    helpItem<3>("mnuTransformations", "&Transformations"),
-    helpItem<4>("mnuMarkers", "&Markers"),
-    helpItem<5>("mnuCloning", "&Cloning"),
+    helpItem("mnuSummary", "&Summary"),
+    helpItem("mnuNavigation", "&Navigation"),
+    helpItem("mnuSelection", "S&election"),
+    helpItem("mnuTransformations", "&Transformations"),
+    helpItem("mnuMarkers", "&Markers"),
+    helpItem("mnuCloning", "&Cloning"),
     kSeparator,
     MenuEntry{.name = "mnuEnableTips",
               .caption = "Enable T&ips",
@@ -208,7 +206,7 @@ constexpr std::array kHelpMenu = {
                   },
               .checked = [](const Editor& editor) { return editor.modes.tipsEnabled; }},
     kSeparator,
-    helpItem<6>("mnuAbout", "&About"),
+    helpItem("mnuAbout", "&About"),
 };
 
 constexpr std::array<MenuTable, 5> kMenus = {{

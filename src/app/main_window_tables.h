@@ -12,9 +12,10 @@ namespace corvane {
 /// What an item needs before it can be used.
 enum class Needs { Nothing, Model, UndoStep };
 
-/// One entry of a menu. A name that starts with "cmd" in `press` is the button that it presses.
+/// One entry of a menu. An item runs `run` or presses the button that `press` names; with neither
+/// it closes the window. A Help entry is an item that shows the help box of its own name.
 struct MenuEntry {
-    enum class Kind { Item, Separator, Submenu, SubmenuEnd };
+    enum class Kind { Item, Help, Separator, Submenu, SubmenuEnd };
     Kind kind = Kind::Item;
     const char* name = "";
     const char* caption = "";   ///< with the mnemonic's "&"

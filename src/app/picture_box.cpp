@@ -72,7 +72,12 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void PictureBox::resizeEvent(QResizeEvent* /*event*/) {
+    const double oldWidth = surface_.width();
+    const double oldHeight = surface_.height();
     surface_.resize(width() * unitsPerPixel_, height() * unitsPerPixel_);
+    if (keepsDrawingCentred_) {
+        surface_.shift((surface_.width() - oldWidth) / 2, (surface_.height() - oldHeight) / 2);
+    }
     if (onResize) onResize();
 }
 

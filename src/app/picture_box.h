@@ -31,6 +31,10 @@ public:
     /// What to do, shown while the core has drawn nothing yet.
     void setHint(const QString& hint);
 
+    /// For a picture that is not drawn anew when it gets another size: what was drawn keeps its
+    /// place about the middle.
+    void keepDrawingCentred() { keepsDrawingCentred_ = true; }
+
     /// The image that the surface draws, at its own size.
     void setImage(const QImage& image);
 
@@ -74,6 +78,7 @@ private:
     QImage image_;
     QString caption_;
     QString hint_;
+    bool keepsDrawingCentred_ = false;
 };
 
 }  // namespace corvane

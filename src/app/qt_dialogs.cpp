@@ -4,12 +4,16 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
 
 namespace corvane {
 
 namespace {
+
+constexpr int kWidestField = 600;  // pixels
 
 QWidget* parentWindow() { return QApplication::activeWindow(); }
 
@@ -70,6 +74,13 @@ std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const 
     dialog.setWindowTitle(QString::fromStdString(title));
     dialog.setLabelText(QString::fromStdString(prompt));
     dialog.setTextValue(QString::fromStdString(defaultAnswer));
+    // All of a text that is there to be read and copied is seen.
+    auto* const field = dialog.findChild<QLineEdit*>();
+    if (field != nullptr) {
+        const int margin = field->fontMetrics().horizontalAdvance("MM");
+        const int wanted = field->fontMetrics().horizontalAdvance(field->text()) + margin;
+        field->setMinimumWidth(std::min(wanted, kWidestField));
+    }
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return dialog.textValue().toStdString();
 }

@@ -7,7 +7,6 @@
 #include "edit/positions.h"
 #include "edit/selection.h"
 #include "edit/transforms.h"
-#include "views/ortho_view.h"
 
 namespace corvane {
 
@@ -71,8 +70,7 @@ void extrudeSelection(Editor& editor, const Triple& delta) {
     for (const ExtrudeEdge& edge : edges) {
         addSideQuad(store, edge, {onCap(edge.start), onCap(edge.end)});
     }
-    moveSelection(editor, delta, false);
-    redrawAll(editor);
+    moveSelection(editor, delta, false);  // redraws
 }
 
 }  // namespace corvane

@@ -116,10 +116,13 @@ void snapNormals(Editor& editor) {
     }
     const double length = lengthOf(sum);
     if (length == 0 || !std::isfinite(length)) {
+        const char* const reason = length == 0
+                                       ? "cancel each other out, so they have no common direction"
+                                       : "are too large to be added up";
         editor.dialogs.messageBox(kErrorCaption,
-                                  "The normals of the selected vertices cancel each other out, so "
-                                  "they have no common direction. Nothing was changed; select "
-                                  "fewer vertices, or recalculate the normals first.");
+                                  std::string("The normals of the selected vertices ") + reason +
+                                      ". Nothing was changed; select fewer vertices, or "
+                                      "recalculate the normals first.");
         return;
     }
     pushUndo(editor, {.keepVertices = true}, {}, "Snap Normals");

@@ -15,7 +15,7 @@ Triple normalise(const Triple& vector);
 void recalculateNormals(Editor& editor);
 
 /// The command Snap Normals: gives all selected vertices the normalised sum of their normals. A
-/// message, and nothing else, where they cancel each other out.
+/// message, and nothing else, where they cancel each other out or are too large to be added up.
 void snapNormals(Editor& editor);
 
 }  // namespace corvane

@@ -20,7 +20,8 @@ std::string lineOf(std::size_t index, const MatrixGroup& group) {
     return line + "\r\n";
 }
 
-// The number of a bone; nothing for an empty answer. Asks again until it is one of the two.
+// The number of a bone; nothing for an empty answer. Asks again until it is one of the two. The
+// number that stands for an unused row is none: that bone, and those after it, would be lost.
 std::optional<std::int16_t> askForBone(Editor& editor, std::size_t k) {
     while (true) {
         const std::optional<std::string> answer = editor.dialogs.inputBox(
@@ -28,7 +29,7 @@ std::optional<std::int16_t> askForBone(Editor& editor, std::size_t k) {
             "New Matrix", "");
         if (!answer || answer->empty()) return std::nullopt;
         const std::optional<std::int16_t> bone = toInt16(*answer, editor.userNumbers);
-        if (bone) return bone;
+        if (bone && *bone != kNoMatrix) return bone;
     }
 }
 
@@ -49,6 +50,7 @@ void viewMatrices(Editor& editor) {
 
 void addMatrix(Editor& editor) {
     GeosetStore& store = editor.store;
+    if (!store.modelLoaded) return;
     for (std::size_t k = 1; k <= kAskedBones; ++k) {
         const std::optional<std::int16_t> bone = askForBone(editor, k);
         if (!bone) break;

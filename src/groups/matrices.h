@@ -9,7 +9,8 @@ namespace corvane {
 void viewMatrices(Editor& editor);
 
 /// Asks for control bones one by one and appends a matrix group with the first four. An empty
-/// answer or Cancel ends the asking; at the first question it adds nothing.
+/// answer or Cancel ends the asking; at the first question it adds nothing. Nothing before a model
+/// is loaded.
 void addMatrix(Editor& editor);
 
 }  // namespace corvane

@@ -39,15 +39,19 @@ Turned turn(const PerspectiveState& state, const VertexRecord& vertex) {
     return {r * std::cos(theta), r * std::sin(theta)};
 }
 
-}  // namespace
-
-std::optional<double> perspVertical(const PerspectiveState& state, const VertexRecord& vertex) {
-    const Turned turned = turn(state, vertex);
+std::optional<double> heightAt(const PerspectiveState& state, const VertexRecord& vertex,
+                               const Turned& turned) {
     const double depth = state.distance + turned.depth;
     const double height =
         (state.offset + vertex.pos[slotOf(Axis::Y)]) * kEyeDistance / (depth + kEyeDistance);
     if (depth + kEyeDistance == 0 || !std::isfinite(height)) return std::nullopt;
     return height;
+}
+
+}  // namespace
+
+std::optional<double> perspVertical(const PerspectiveState& state, const VertexRecord& vertex) {
+    return heightAt(state, vertex, turn(state, vertex));
 }
 
 double perspHorizontal(const VertexRecord& /*vertex*/) { return 0; }
@@ -61,17 +65,17 @@ void drawPerspective(Editor& editor) {
         bool visible = false;
     };
     std::vector<Point> points(store.Vertices.size());
-    std::ranges::transform(store.Vertices, points.begin(), [&](const VertexRecord& vertex) {
-        const std::optional<double> height = perspVertical(editor.perspective, vertex);
-        if (!height) return Point{};
-        return Point{picture.width() / 2 + kScale * perspHorizontal(vertex),
-                     picture.height() / 2 - kScale * *height, true};
-    });
-
     editor.perspective.across.resize(store.Vertices.size());
-    std::ranges::transform(
-        store.Vertices, editor.perspective.across.begin(),
-        [&](const VertexRecord& vertex) { return turn(editor.perspective, vertex).across; });
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const VertexRecord& vertex = store.Vertices[i];
+        const Turned turned = turn(editor.perspective, vertex);
+        editor.perspective.across[i] = turned.across;
+        const std::optional<double> height = heightAt(editor.perspective, vertex, turned);
+        if (!height) continue;
+        const double y = picture.height() / 2 - kScale * *height;
+        if (!std::isfinite(y)) continue;  // beyond all numbers
+        points[i] = {picture.width() / 2 + kScale * perspHorizontal(vertex), y, true};
+    }
 
     picture.clear();
     for (const FaceRecord& face : store.Faces) {

@@ -50,6 +50,17 @@ public:
         height_ = height;
     }
 
+    /// Moves all that was drawn.
+    void shift(double dx, double dy) {
+        for (Primitive& item : primitives_) {
+            item.x1 += dx;
+            item.y1 += dy;
+            if (item.kind != Primitive::Kind::Line && item.kind != Primitive::Kind::Box) continue;
+            item.x2 += dx;
+            item.y2 += dy;
+        }
+    }
+
 private:
     double width_;
     double height_;

@@ -176,6 +176,22 @@ TEST_F(QtDialogsTest, AnInputBoxShowsItsTitlePromptAndDefaultAnswer) {
     EXPECT_EQ(dialogs.inputBox("Geoset to import(1 - 3):", "Geoset to open", "1"), "1");
 }
 
+TEST_F(QtDialogsTest, AnInputBoxShowsAllOfALongDefaultAnswerButStaysOnTheScreen) {
+    const std::string centre = "{ -12345.678901, 12345.678901, -12345.678901 }";
+    answers.add<QInputDialog>([](QInputDialog& box) {
+        const auto* const field = box.findChild<QLineEdit*>();
+        ASSERT_NE(field, nullptr);
+        EXPECT_GT(field->width() - 10, field->fontMetrics().horizontalAdvance(field->text()));
+        clickOk(box);
+    });
+    EXPECT_EQ(dialogs.inputBox("Center of mass:", "Center of mass", centre), centre);
+    answers.add<QInputDialog>([](QInputDialog& box) {
+        EXPECT_LT(box.width(), 800);
+        clickOk(box);
+    });
+    dialogs.inputBox("Center of mass:", "Center of mass", std::string(1000, '9'));
+}
+
 TEST_F(QtDialogsTest, TypingInAnInputBoxReplacesTheDefaultAnswer) {
     answers.add<QInputDialog>([](QInputDialog& box) {
         QTest::keyClicks(box.focusWidget(), "27");

@@ -130,6 +130,23 @@ TEST_F(TipsTest, EveryTipFitsIntoItsBoxInTheSmallestWindow) {
     }
 }
 
+TEST_F(TipsTest, EveryTipFitsIntoItsBoxWithALargerFontToo) {
+    const QFont before = QApplication::font();
+    QFont larger = before;
+    larger.setPointSizeF(before.pointSizeF() * 1.5);
+    QApplication::setFont(larger);
+    showWindow();
+    auto& box = find<QLineEdit>("txtTips");
+    ASSERT_EQ(box.font().pointSizeF(), larger.pointSizeF());
+    for (QWidget* const control : controls()) {
+        hover(*control);
+        EXPECT_LT(box.fontMetrics().horizontalAdvance(tip()), box.width() - 10)
+            << tip().toStdString();
+    }
+    window.reset();
+    QApplication::setFont(before);
+}
+
 TEST_F(TipsTest, TheReadoutShowsTheModelPointUnderTheMouse) {
     const auto readout = [&] {
         return std::vector<QString>{find<QLineEdit>("txtX").text(), find<QLineEdit>("txtY").text(),

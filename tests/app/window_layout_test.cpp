@@ -181,6 +181,44 @@ TEST_F(WindowLayoutTest, AnEnlargedViewIsDrawnAnew) {
     EXPECT_EQ(picture("pbxPersp").drawn().front().x1, 1942.5);
 }
 
+TEST_F(WindowLayoutTest, AnEnlargedPerspectiveViewStaysCentredAndShowsNoEditYet) {
+    openModel("hero.mdl");
+    const std::vector<Primitive> before = picture("pbxPersp").drawn();
+    ASSERT_FALSE(before.empty());
+    choose("mnuSelectAll");
+    resizeTo(window->size() + QSize(100, 40));
+    std::vector<Primitive> expected = before;
+    for (Primitive& item : expected) {  // lines and boxes; half of 50 and of 20 pixels
+        item.x1 += 375;
+        item.x2 += 375;
+        item.y1 += 150;
+        item.y2 += 150;
+    }
+    EXPECT_EQ(picture("pbxPersp").drawn(), expected);
+    click(widget("Command1"));
+    EXPECT_EQ(picture("pbxPersp").drawn().back().colour, kRed);
+}
+
+TEST_F(WindowLayoutTest, WithASmallFontTheTipEndsWhereTheToolPanelBegins) {
+    const QFont before = QApplication::font();
+    QFont small = before;
+    small.setPixelSize(11);
+    QApplication::setFont(small);
+    showWindow();
+    for (const QSize extra : {QSize(0, 0), QSize(333, 201)}) {
+        resizeTo(window->size() + extra);
+        const QRect tip = place("txtTips");
+        EXPECT_EQ(tip.left(), place("pbxLeft").left());
+        EXPECT_GT(tip.top(), place("pbxLeft").bottom());
+        EXPECT_LT(tip.right(), place("cmdSelect").left());
+        EXPECT_GT(tip.right(), place("Command1").left());
+        // No more than a button's height stands empty above it.
+        EXPECT_LT(tip.top() - place("pbxLeft").bottom(), 40);
+    }
+    window.reset();
+    QApplication::setFont(before);
+}
+
 TEST_F(WindowLayoutTest, NoCaptionIsCutOffWithALargerFont) {
     const QFont before = QApplication::font();
     QFont larger = before;

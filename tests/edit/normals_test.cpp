@@ -281,6 +281,21 @@ TEST_F(SnapNormalsTest, ASumThatNoNumberCanHoldChangesNothing) {
     select({1, 2});
     const Geoset before = geoset();
     snapNormals(editor);
+    ASSERT_EQ(dialogs.asked.size(), 1U);
+    EXPECT_EQ(dialogs.last().title, "Error");
+    EXPECT_EQ(dialogs.last().text,
+              "The normals of the selected vertices are too large to be added up. Nothing was "
+              "changed; select fewer vertices, or recalculate the normals first.");
+    expectGeoset(before);
+    expectNoStep();
+    EXPECT_FALSE(store().modified);
+}
+
+TEST_F(SnapNormalsTest, ASumWhoseLengthNoNumberCanHoldChangesNothing) {
+    vertex(1).normal = {1e200, 0, 1e200};
+    select({1});
+    const Geoset before = geoset();
+    snapNormals(editor);
     EXPECT_EQ(dialogs.asked.size(), 1U);
     expectGeoset(before);
     expectNoStep();

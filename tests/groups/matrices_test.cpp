@@ -193,6 +193,13 @@ TEST_F(AddMatrixTest, AnAnswerThatIsNoNumberOrOutOfRangeIsAskedAgain) {
     EXPECT_EQ(askedBones(), (Bones{"1", "1", "1", "2", "2", "3", "3", "4"}));
 }
 
+TEST_F(AddMatrixTest, TheNumberOfAnUnusedRowIsAskedAgain) {
+    const Geoset expected = withGroup({3, -2, 5});
+    add({"-1", "3", "-1", "-0.6", "-2", "5", ""});
+    expectGeoset(expected);
+    EXPECT_EQ(askedBones(), (Bones{"1", "1", "2", "2", "2", "3", "4"}));
+}
+
 TEST_F(AddMatrixTest, AFifthAnswerThatIsNoNumberIsAskedAgainToo) {
     const Geoset expected = withGroup({1, 2, 3, 4});
     add({"1", "2", "3", "4", "x", "99999", "5"});
@@ -218,15 +225,13 @@ TEST_F(AddMatrixTest, NoStepIsRecordedAndNothingIsRedrawn) {
     expectNotDrawn();
 }
 
-TEST_F(AddMatrixTest, WhatIsAddedBeforeAModelIsLoadedIsGoneOnceOneIs) {
+TEST_F(AddMatrixTest, BeforeAModelIsLoadedNothingIsAskedOrAdded) {
     store() = {};
-    add({"1", ""});
+    addMatrix(editor);
+    EXPECT_TRUE(dialogs.asked.empty());
+    expectGeoset({});
     expectNoStep();
     expectNotDrawn();
-    Geoset opened;
-    opened.matrixGroups = {groupOf({5})};
-    takeIntoStore(editor, opened, 1);
-    expectGeoset(opened);
     EXPECT_FALSE(store().modified);
 }
 

@@ -1,7 +1,5 @@
 #include "answering_dialogs.h"
 
-#include <QJsonObject>
-
 #include "output.h"
 #include "script.h"
 
@@ -15,25 +13,34 @@ QJsonObject dialogEvent(const char* kind) { return {{"event", "dialog"}, {"kind"
 
 }  // namespace
 
-void AnsweringDialogs::queue(const QStringList& words) {
-    if (words.size() != 2) throw ScenarioError("answer needs a kind of dialog and one answer");
-    const QString& kind = words[0];
-    const QString& text = words[1];
-    if (kind == "message" && !QStringList{"ok", "yes", "no"}.contains(text)) {
-        throw ScenarioError("a message box is answered by ok, yes or no");
-    }
+void AnsweringDialogs::queue(const QString& kind, const QString& answer, bool quoted) {
     if (!QStringList{"file", "input", "message"}.contains(kind)) {
         throw ScenarioError("there is no kind of dialog \"" + kind.toStdString() + "\"");
     }
-    answers_.push_back({kind, text});
+    if (kind == "message" && !QStringList{"ok", "yes", "no"}.contains(answer)) {
+        throw ScenarioError("a message box is answered by ok, yes or no");
+    }
+    Action action = Action::Text;
+    if (!quoted && answer == "cancel") action = Action::Cancel;
+    if (!quoted && answer == "default" && kind == "input") action = Action::Default;
+    answers_.push_back({kind, answer, action});
 }
 
-AnsweringDialogs::Answer AnsweringDialogs::take(const QString& kind, const QString& question) {
+AnsweringDialogs::Answer AnsweringDialogs::take(QJsonObject dialog, const QString& question,
+                                                const QStringList& allowed) {
+    const QString kind = dialog["kind"].toString();
+    QString why;
     if (answers_.empty() || answers_.front().kind != kind) {
         const QString next =
             answers_.empty() ? "none is left" : "the next one is for a " + answers_.front().kind;
-        stop_("no answer for a " + kind + " dialog (" + question + "): " + next);
+        why = "no answer for a " + kind + " dialog (" + question + "): " + next;
+    } else if (!allowed.isEmpty() && !allowed.contains(answers_.front().text)) {
+        why = "the message box (" + question + ") has no button " + answers_.front().text;
     }
+    // The dialog was shown, answered or not.
+    dialog["answer"] = why.isEmpty() ? QJsonValue(answers_.front().text) : QJsonValue::Null;
+    print(dialog);
+    if (!why.isEmpty()) stop_(why);
     Answer answer = answers_.front();
     answers_.pop_front();
     return answer;
@@ -43,10 +50,8 @@ std::optional<std::string> AnsweringDialogs::pickFile(const char* mode, const st
     QJsonObject event = dialogEvent("file");
     event["mode"] = mode;
     event["filter"] = qt(filter);
-    const Answer answer = take("file", mode);
-    event["answer"] = answer.text;
-    print(event);
-    if (answer.text == "cancel") return std::nullopt;
+    const Answer answer = take(event, mode);
+    if (answer.action == Action::Cancel) return std::nullopt;
     return answer.text.toStdString();
 }
 
@@ -67,11 +72,9 @@ std::optional<std::string> AnsweringDialogs::inputBox(const std::string& prompt,
     event["prompt"] = qt(prompt);
     event["title"] = qt(title);
     event["default"] = qt(defaultAnswer);
-    const Answer answer = take("input", qt(prompt));
-    event["answer"] = answer.text;
-    print(event);
-    if (answer.text == "cancel") return std::nullopt;
-    if (answer.text == "default") return defaultAnswer;
+    const Answer answer = take(event, qt(prompt));
+    if (answer.action == Action::Cancel) return std::nullopt;
+    if (answer.action == Action::Default) return defaultAnswer;
     return answer.text.toStdString();
 }
 
@@ -81,14 +84,7 @@ QString AnsweringDialogs::pressed(const std::string& caption, const std::string&
     event["caption"] = qt(caption);
     event["text"] = qt(text);
     event["buttons"] = buttons;
-    const Answer answer = take("message", qt(caption) + ": " + qt(text));
-    if (!allowed.contains(answer.text)) {
-        stop_("the message box (" + qt(caption) + ": " + qt(text) + ") has no button " +
-              answer.text);
-    }
-    event["answer"] = answer.text;
-    print(event);
-    return answer.text;
+    return take(event, qt(caption) + ": " + qt(text), allowed).text;
 }
 
 void AnsweringDialogs::messageBox(const std::string& caption, const std::string& text) {

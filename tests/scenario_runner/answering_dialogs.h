@@ -1,6 +1,7 @@
 // Dialogs that answer from the script and print what they were asked.
 #pragma once
 
+#include <QJsonObject>
 #include <QStringList>
 #include <deque>
 #include <functional>
@@ -15,9 +16,10 @@ public:
     /// the dialog was opened somewhere deep inside the program.
     explicit AnsweringDialogs(std::function<void(const QString&)> stop) : stop_(std::move(stop)) {}
 
-    /// Queues an answer from the words after "answer": file, input or message, and what to answer.
-    /// Throws ScenarioError for words that are no answer.
-    void queue(const QStringList& words);
+    /// Queues an answer for a kind of dialog: file, input or message. `cancel` and `default` mean
+    /// what they say only where they are not quoted; any other word, and a quoted one, is the text
+    /// to answer. Throws ScenarioError for what is no answer.
+    void queue(const QString& kind, const QString& answer, bool quoted);
 
     /// The answers that no dialog has used.
     std::size_t left() const { return answers_.size(); }
@@ -33,12 +35,16 @@ public:
     bool yesNo(const std::string& caption, const std::string& text) override;
 
 private:
+    enum class Action { Text, Cancel, Default };
     struct Answer {
         QString kind;
         QString text;
+        Action action = Action::Text;
     };
 
-    Answer take(const QString& kind, const QString& question);
+    /// Prints the dialog with the next answer, or without one where that does not fit, and then
+    /// stops.
+    Answer take(QJsonObject dialog, const QString& question, const QStringList& allowed = {});
     std::optional<std::string> pickFile(const char* mode, const std::string& filter);
     QString pressed(const std::string& caption, const std::string& text, const char* buttons,
                     const QStringList& allowed);

@@ -7,6 +7,7 @@
 #include <QMenu>
 
 #include "app/theme.h"
+#include "output.h"
 #include "widgets.h"
 
 namespace corvane::scenario {
@@ -17,7 +18,9 @@ QString qt(const std::string& text) { return QString::fromStdString(text); }
 
 QString letter(char c) { return {QChar::fromLatin1(c)}; }
 
-QJsonArray triple(const Triple& values) { return {values[0], values[1], values[2]}; }
+QJsonArray triple(const Triple& values) {
+    return {number(values[0]), number(values[1]), number(values[2])};
+}
 
 template <class Range, class ToJson>
 QJsonArray arrayOf(const Range& range, ToJson toJson) {
@@ -36,13 +39,10 @@ void addGeoset(QJsonObject& dump, const GeosetStore& store) {
     dump["workPath"] = qt(store.workPath);
     dump["geosetNumber"] = store.geosetNumber;
     dump["vertices"] = arrayOf(store.Vertices, [](const VertexRecord& vertex) {
-        return QJsonObject{{"pos", triple(vertex.pos)},
-                           {"normal", triple(vertex.normal)},
-                           {"selected", vertex.selected},
-                           {"deleted", vertex.deleted},
-                           {"group", int{vertex.group}},
-                           {"tu", vertex.tu},
-                           {"tv", vertex.tv}};
+        return QJsonObject{{"pos", triple(vertex.pos)},   {"normal", triple(vertex.normal)},
+                           {"selected", vertex.selected}, {"deleted", vertex.deleted},
+                           {"group", int{vertex.group}},  {"tu", number(vertex.tu)},
+                           {"tv", number(vertex.tv)}};
     });
     dump["faces"] = arrayOf(store.Faces, [](const FaceRecord& face) {
         return QJsonObject{{"corner", corners(face.corner)}, {"deleted", face.deleted}};
@@ -62,9 +62,9 @@ QJsonArray markers(const MarkerTable& table) {
     for (std::size_t i = 0; i < table.size(); ++i) {
         if (!table[i].used) continue;
         used.append(QJsonObject{{"slot", static_cast<int>(i) + 1},
-                                {"x", table[i].pos[0]},
-                                {"y", table[i].pos[1]},
-                                {"z", table[i].pos[2]}});
+                                {"x", number(table[i].pos[0])},
+                                {"y", number(table[i].pos[1])},
+                                {"z", number(table[i].pos[2])}});
     }
     return used;
 }
@@ -82,7 +82,7 @@ QJsonObject modes(const ToolModes& modes) {
 }
 
 QJsonObject view(const ViewState& state, const DrawingSurface& picture) {
-    return {{"zoom", state.zoom},
+    return {{"zoom", number(state.zoom)},
             {"panX", state.panX},
             {"panY", state.panY},
             {"width", picture.width()},
@@ -93,25 +93,24 @@ QJsonArray undo(const UndoHistory& history) {
     return arrayOf(history.slots, [](const UndoRecord& step) {
         return QJsonObject{{"valid", step.valid},
                            {"name", qt(step.name)},
-                           {"a", step.numbers[0]},
-                           {"b", step.numbers[1]},
-                           {"c", step.numbers[2]}};
+                           {"a", number(step.numbers[0])},
+                           {"b", number(step.numbers[1])},
+                           {"c", number(step.numbers[2])}};
     });
 }
 
 QJsonValue uv(const frmUVEditor* window) {
     if (window == nullptr) return QJsonValue::Null;
     const UVEditor& uv = window->uv();
-    const auto number = [](double value) { return QJsonValue(value); };
     const auto flag = [](bool value) { return QJsonValue(value); };
     return QJsonObject{{"u", arrayOf(uv.data.u, number)},
                        {"v", arrayOf(uv.data.v, number)},
                        {"selected", arrayOf(uv.data.selected, flag)},
                        {"deleted", arrayOf(uv.data.deleted, flag)},
                        {"faces", arrayOf(uv.data.faces, corners)},
-                       {"zoom", uv.zoom},
-                       {"panX", uv.panX},
-                       {"panY", uv.panY},
+                       {"zoom", number(uv.zoom)},
+                       {"panX", number(uv.panX)},
+                       {"panY", number(uv.panY)},
                        {"width", uv.picture.width()},
                        {"height", uv.picture.height()},
                        {"selectMode", letter(static_cast<char>(uv.selectMode))},
@@ -200,25 +199,25 @@ QJsonObject drawnItems(const PictureBox& picture) {
             case Primitive::Kind::Box:
                 items.append(
                     QJsonObject{{"op", item.kind == Primitive::Kind::Line ? "line" : "box"},
-                                {"x1", item.x1},
-                                {"y1", item.y1},
-                                {"x2", item.x2},
-                                {"y2", item.y2},
+                                {"x1", number(item.x1)},
+                                {"y1", number(item.y1)},
+                                {"x2", number(item.x2)},
+                                {"y2", number(item.y2)},
                                 {"color", colour}});
                 break;
             case Primitive::Kind::Circle:
                 items.append(QJsonObject{{"op", "circle"},
-                                         {"x", item.x1},
-                                         {"y", item.y1},
-                                         {"radius", item.x2},
+                                         {"x", number(item.x1)},
+                                         {"y", number(item.y1)},
+                                         {"radius", number(item.x2)},
                                          {"color", colour}});
                 break;
             case Primitive::Kind::Image:
                 items.append(QJsonObject{{"op", "image"},
-                                         {"x", item.x1},
-                                         {"y", item.y1},
-                                         {"width", item.x2},
-                                         {"height", item.y2}});
+                                         {"x", number(item.x1)},
+                                         {"y", number(item.y1)},
+                                         {"width", number(item.x2)},
+                                         {"height", number(item.y2)}});
                 break;
         }
     }

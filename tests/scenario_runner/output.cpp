@@ -1,9 +1,16 @@
 #include "output.h"
 
 #include <QJsonDocument>
+#include <cmath>
 #include <cstdio>
 
 namespace corvane::scenario {
+
+QJsonValue number(double value) {
+    if (std::isfinite(value)) return value;
+    if (std::isnan(value)) return "NaN";
+    return value > 0 ? "Infinity" : "-Infinity";
+}
 
 void print(const QJsonObject& event) {
     const QByteArray line = QJsonDocument(event).toJson(QJsonDocument::Compact) + '\n';

@@ -90,7 +90,8 @@ void Player::perform(const Command& command) {
         std::function<void(const QStringList&)> run;
     };
     const std::map<QString, Entry> commands = {
-        {"answer", {2, [&](const QStringList& w) { dialogs_.queue(w.mid(1)); }}},
+        {"answer",
+         {2, [&](const QStringList& w) { dialogs_.queue(w[1], w[2], command.quoted[2]); }}},
         {"window", {1, [&](const QStringList& w) { chooseWindow(w[1]); }}},
         {"menu", {1, [&](const QStringList& w) { triggerMenu(currentWindow(), w[1]); }}},
         {"press", {1, [&](const QStringList& w) { pressButton(currentWindow(), w[1]); }}},
@@ -148,7 +149,7 @@ bool Player::play(const std::function<std::optional<QString>()>& nextLine) {
             ++line_;
             const QString trimmed = text->trimmed();
             if (trimmed.isEmpty() || trimmed.startsWith('#')) continue;
-            perform({line_, splitWords(trimmed)});
+            perform(splitWords(trimmed));
         }
         if (dialogs_.left() > 0) {
             throw ScenarioError(std::to_string(dialogs_.left()) + " answers were not used");

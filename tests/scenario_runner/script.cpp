@@ -25,21 +25,25 @@ QString quotedWord(const QString& line, qsizetype& at) {
 
 }  // namespace
 
-QStringList splitWords(const QString& line) {
-    QStringList words;
+Command splitWords(const QString& line) {
+    Command command;
+    const auto append = [&](const QString& word, bool quoted) {
+        command.words << word;
+        command.quoted.push_back(quoted);
+    };
     qsizetype at = 0;
     while (at < line.size()) {
         if (line[at].isSpace()) {
             ++at;
         } else if (line[at] == '"') {
-            words << quotedWord(line, at);
+            append(quotedWord(line, at), true);
         } else {
             const qsizetype begin = at;
             while (at < line.size() && !line[at].isSpace()) ++at;
-            words << line.mid(begin, at - begin);
+            append(line.mid(begin, at - begin), false);
         }
     }
-    return words;
+    return command;
 }
 
 int toInt(const QString& word) {

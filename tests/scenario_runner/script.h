@@ -16,13 +16,13 @@ public:
 
 /// One line of a script, split into words.
 struct Command {
-    int line = 0;  ///< 1-based
     QStringList words;
+    std::vector<bool> quoted;  ///< of each word whether it stood in double quotes
 };
 
 /// Splits a line into words. A word in double quotes may hold blanks, and \" \\ \n \t in it stand
 /// for what they usually do. Throws ScenarioError for a quote that does not end.
-QStringList splitWords(const QString& line);
+Command splitWords(const QString& line);
 
 /// A number of a command. Throws ScenarioError where the word is none.
 int toInt(const QString& word);

@@ -42,6 +42,44 @@ TEST_F(RunnerScenario, ErrorsEndTheScriptAndSayWhereAndWhy) {
     }
 }
 
+TEST_F(RunnerScenario, ADialogWithoutAFittingAnswerIsPrintedBeforeTheError) {
+    const std::vector<std::pair<const char*, const char*>> scripts = {
+        {"menu mnuOpen\n", "file"},
+        {"answer message ok\nmenu mnuAddMarker\n", "input"},
+        {"answer input cancel\nmenu mnuAbout\n", "message"},
+        {"answer message yes\nmenu mnuAbout\n", "message"},
+    };
+    for (const auto& [script, kind] : scripts) {
+        const Played played = play(script);
+        EXPECT_EQ(played.exitCode, 1) << script;
+        ASSERT_EQ(played.events.size(), 2U) << script;
+        EXPECT_EQ(played.events[0]["event"].toString(), "dialog") << script;
+        EXPECT_EQ(played.events[0]["kind"].toString(), kind) << script;
+        EXPECT_TRUE(played.events[0]["answer"].isNull()) << script;
+        EXPECT_EQ(played.events[1]["event"].toString(), "error") << script;
+    }
+}
+
+TEST_F(RunnerScenario, InDoubleQuotesCancelAndDefaultAreTexts) {
+    folder.write("cancel", squareModel());
+    // Neither text is a number, so the box comes back; the cancel that is none of them ends it.
+    const Played played = playAll(R"(
+answer file cancel
+menu mnuOpen
+answer file "$DIR/cancel"
+menu mnuOpen
+answer input "cancel"
+answer input "default"
+answer input cancel
+menu mnuAssignVertexGroup
+answer input default
+menu mnuAssignVertexGroup
+dump
+)");
+    EXPECT_EQ(at(played.dump(), "modelLoaded").toBool(), true);
+    EXPECT_EQ(undoNames(played.dump()), "Assign Vertex Group");
+}
+
 TEST_F(RunnerScenario, ScreenshotsAndQuotedWords) {
     folder.write("a model.mdl", squareModel());
     playAll(R"(

@@ -149,6 +149,29 @@ TEST_F(PerspectiveViewTest, AVertexAtTheEyeIsLeftOutWithItsEdges) {
                      "box 90 890 110 910 black"}));
 }
 
+TEST_F(PerspectiveViewTest, AVertexBeyondAllNumbersIsLeftOutWithItsEdges) {
+    // The height of the second is no number any more; that of the third is, but not once drawn.
+    loadVertices({{0, 1, 0}, {0, 1.7e308, 0}, {0, 1e307, 0}, {0, 2, 0}});
+    addFace(0, 1, 3);
+    addFace(0, 2, 3);
+    drawPerspective(editor);
+    EXPECT_EQ(drawnText(perspective),
+              (Texts{"line 100 300 100 400 border", "line 100 300 100 400 border",
+                     "box 90 390 110 410 black", "box 90 290 110 310 black"}));
+}
+
+TEST_F(PerspectiveViewTest, DrawingKeepsHowFarAcrossEachVertexLies) {
+    loadVertices({{3, 7, 4}, {-5, 0, 0}, {0, 2, 0}});
+    drawPerspective(editor);
+    ASSERT_EQ(editor.perspective.across.size(), 3U);
+    EXPECT_NEAR(editor.perspective.across[0], 3, 1e-9);
+    EXPECT_NEAR(editor.perspective.across[1], -5, 1e-9);
+    EXPECT_EQ(editor.perspective.across[2], 0);
+    for (int press = 1; press <= 9; ++press) turnPerspective(editor, 10);
+    EXPECT_NEAR(editor.perspective.across[0], -4, 1e-9);
+    EXPECT_NEAR(editor.perspective.across[1], 0, 1e-9);
+}
+
 TEST_F(PerspectiveViewTest, RedrawingTheOtherViewsLeavesItAlone) {
     loadVertices({{0, 5, 0}});
     drawPerspective(editor);
