@@ -3,12 +3,12 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHash>
-#include <QImageReader>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QVBoxLayout>
 
+#include "app/picture_file.h"
 #include "uveditor/exchange.h"
 #include "uveditor/uv_tools.h"
 #include "uveditor/uv_view.h"
@@ -20,8 +20,6 @@ namespace {
 constexpr int kSmallestView = 400;  // pixels, a square
 constexpr int kFirstView = 512;
 constexpr int kMargin = 8;
-// Of a picture: 8192 by 8192 pixels of 4 bytes, and room for the decoder.
-constexpr int kImageLimit = 1024;  // MiB
 
 }  // namespace
 
@@ -41,7 +39,6 @@ frmUVEditor::frmUVEditor(Editor& main)
           .imagePath = {}} {
     setObjectName("frmUVEditor");
     setWindowTitle(tr("Texture Coordinates[*] - Corvane"));
-    QImageReader::setAllocationLimit(kImageLimit);
 
     pbxUVView_->setObjectName("pbxUVView");
     pbxUVView_->setAccessibleName(tr("Texture view"));
@@ -273,14 +270,9 @@ void frmUVEditor::updateButtons() {
 }
 
 std::string frmUVEditor::loadPicture(const std::string& path) {
-    QImageReader reader(QString::fromStdString(path));
-    // By what it holds, not by its name; of an animation the first picture.
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const QImage image = reader.read();
-    if (image.isNull()) return reader.errorString().toStdString();
-    pbxUVView_->setImage(image.convertToFormat(QImage::Format_ARGB32_Premultiplied));
-    return {};
+    const PictureFile picture = readPicture(path);
+    if (picture.error.empty()) pbxUVView_->setImage(picture.image);
+    return picture.error;
 }
 
 }  // namespace corvane
