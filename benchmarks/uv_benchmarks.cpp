@@ -23,7 +23,7 @@ public:
 };
 
 // The view's side when the window first shows, pixels.
-constexpr int kViewSide = 688;
+constexpr int kViewSide = 592;
 
 // The sphere handed over to a texture editor that draws on a surface. All of it is selected. The
 // texture coordinates are all over the unit square.

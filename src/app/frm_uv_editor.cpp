@@ -153,16 +153,16 @@ void frmUVEditor::buildPanel() {
         return [this, mode] { uvSetSelectMode(uv_, mode); };
     };
     addTool(select, "cmdSelect", "&Select", 0, 0, selectMode(SelectMode::Select));
-    addTool(select, "cmdAdd", "&Add", 1, 0, selectMode(SelectMode::Add));
-    addTool(select, "cmdDeselect", "&Deselect", 2, 0, selectMode(SelectMode::Deselect));
+    addTool(select, "cmdAdd", "&Add", 0, 1, selectMode(SelectMode::Add));
+    addTool(select, "cmdDeselect", "&Deselect", 0, 2, selectMode(SelectMode::Deselect));
 
     QGridLayout& transform = *group(tr("Right drag transforms"));
     const auto transformMode = [this](TransformMode mode) {
         return [this, mode] { uvSetTransformMode(uv_, mode); };
     };
     addTool(transform, "cmdMove", "&Move", 0, 0, transformMode(TransformMode::Move));
-    addTool(transform, "cmdRotate", "&Rotate", 1, 0, transformMode(TransformMode::Rotate));
-    addTool(transform, "cmdScale", "S&cale", 2, 0, transformMode(TransformMode::Scale));
+    addTool(transform, "cmdRotate", "&Rotate", 0, 1, transformMode(TransformMode::Rotate));
+    addTool(transform, "cmdScale", "S&cale", 0, 2, transformMode(TransformMode::Scale));
 
     QGridLayout& axes = *group(tr("On the axes"));
     addTool(axes, "cmdUVX", "X", 0, 0, [this] { uvToggleX(uv_); });

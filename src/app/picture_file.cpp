@@ -79,6 +79,15 @@ bool isCutOff(QFile& file) {
     return bytes.lastIndexOf("\xFF\xD9") < bytes.lastIndexOf("\xFF\xDA");
 }
 
+// Invalid where it cannot be told without decoding.
+QSize sizeOf(QFile& file) {
+    QImageReader reader(&file);
+    reader.setDecideFormatFromContent(true);
+    const QSize size = reader.size();
+    file.seek(0);  // what this reader has read another one has to read again
+    return size;
+}
+
 QString sizeText(QSize size) {
     return QStringLiteral("%1 by %2 pixels").arg(size.width()).arg(size.height());
 }
@@ -95,16 +104,15 @@ PictureFile readPicture(const std::string& path) {
     if (!file.open(QIODevice::ReadOnly)) return refused(file.errorString());
 
     QImageReader::setAllocationLimit(kMemoryLimit);
-    QImageReader reader(&file);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
+    const QSize size = sizeOf(file);
     const qint64 bytes = qint64{4} * size.width() * size.height();
     if (size.isValid() && bytes > kMemoryLimit * kBytesPerMiB) {
         return refused(QFile::tr("has %1, too many").arg(sizeText(size)));
     }
-    file.seek(0);
     if (isCutOff(file)) return refused(QFile::tr("ends before its picture does"));
+    QImageReader reader(&file);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
     const QImage image = reader.read();
     if (image.isNull()) return refused(reader.errorString());
     return {image.convertToFormat(QImage::Format_ARGB32_Premultiplied), {}};
