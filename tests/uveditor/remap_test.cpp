@@ -51,17 +51,17 @@ TEST_F(RemapTest, FromTheTopSlotsNoughtAndTwoAreUsed) {
 }
 
 TEST_F(RemapTest, FromTheFrontSlotsNoughtAndOneAreUsed) {
-    editAt({{-1, 20, 900}, {0, 30, 901}, {3, 60, 902}});
+    editAt({{-1, 20, 900}, {0, 50, 901}, {3, 60, 902}});
     remapFrom("Front");
     EXPECT_EQ(uv.data.u, (Values{0, 0.25, 1}));
-    EXPECT_EQ(uv.data.v, (Values{1, 0.75, 0})) << "what is highest comes to the upper edge";
+    EXPECT_EQ(uv.data.v, (Values{1, 0.25, 0})) << "what is highest comes to the upper edge";
 }
 
 TEST_F(RemapTest, FromTheLeftSlotsTwoAndOneAreUsed) {
-    editAt({{900, 20, -1}, {901, 30, 0}, {902, 60, 3}});
+    editAt({{900, 20, -1}, {901, 50, 0}, {902, 60, 3}});
     remapFrom("Left");
     EXPECT_EQ(uv.data.u, (Values{0, 0.25, 1}));
-    EXPECT_EQ(uv.data.v, (Values{1, 0.75, 0}));
+    EXPECT_EQ(uv.data.v, (Values{1, 0.25, 0}));
 }
 
 TEST_F(RemapTest, TheGeosetGetsNothingUntilTheChangesAreSaved) {
