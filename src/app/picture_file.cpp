@@ -11,7 +11,7 @@ namespace {
 
 // Of a picture: 8192 by 8192 pixels, which take up to 8 bytes each before they are converted.
 constexpr int kMemoryLimit = 512;  // MiB
-constexpr qint64 kBytesPerMiB = 1024 * 1024;
+constexpr qint64 kBytesPerMiB = qint64{1024} * 1024;
 
 constexpr qsizetype kBmpHeadSize = 38;  // as far as it says how large the picture is
 
@@ -36,7 +36,10 @@ qint64 endOfBmp(const QByteArray& head) {
     const qint64 width = old ? numberAt<quint16>(head, 18) : qAbs(numberAt<qint32>(head, 18));
     const qint64 height = old ? numberAt<quint16>(head, 20) : qAbs(numberAt<qint32>(head, 22));
     const qint64 bits = numberAt<quint16>(head, old ? 24 : 28);
-    if (width == 0 || height == 0) return 0;
+    // Beyond these Qt's plugin refuses the file.
+    constexpr qint64 kMostPixels = qint64{16384} * 16384;
+    constexpr qint64 kMostBits = 32;
+    if (width == 0 || height == 0 || width * height > kMostPixels || bits > kMostBits) return 0;
     const qint64 row = (width * bits + 31) / 32 * 4;
     return start + row * (height - 1) + (width * bits + 7) / 8;  // the last row needs no padding
 }

@@ -90,6 +90,11 @@ std::string partlySavedMessage(bool otherGeoset, std::size_t vertices, std::size
 
 UVData uvDataOf(const Geoset& geoset) {
     UVData data;
+    data.u.reserve(geoset.Vertices.size());
+    data.v.reserve(geoset.Vertices.size());
+    data.deleted.reserve(geoset.Vertices.size());
+    data.selected.reserve(geoset.Vertices.size());
+    data.faces.reserve(geoset.Faces.size());
     for (const VertexRecord& vertex : geoset.Vertices) {
         data.u.push_back(vertex.tu);
         data.v.push_back(vertex.tv);

@@ -164,6 +164,9 @@ TEST_F(UVPictureTest, ABrokenFileOfEachFormatIsRefusedAndTheOldPictureStays) {
     const std::vector<std::pair<std::string, std::string>> broken = {
         {"head.bmp", bmp.substr(0, 20)},
         {"half.bmp", bmp.substr(0, bmp.size() / 2)},
+        {"wild.bmp", bmp.substr(0, 18) + std::string(40, '\xFF')},
+        {"least.bmp",
+         bmp.substr(0, 18) + std::string("\x00\x00\x00\x80\x00\x00\x00\x80", 8) + bmp.substr(26)},
         {"head.jpg", jpeg.substr(0, 20)},
         {"half.jpg", jpeg.substr(0, jpeg.size() / 2)},
         {"almost.jpg", jpeg.substr(0, jpeg.size() - 2)},

@@ -19,6 +19,20 @@ TEST_F(UVWindowTest, ItIsAWindowOfItsOwnBesideTheMainOne) {
     EXPECT_TRUE(uvWindow().isVisible());
 }
 
+TEST_F(UVWindowTest, TheMainWindowsOwnListsHaveNothingToDoWithIt) {
+    EXPECT_TRUE(window->TVertX().empty());
+    openTextureEditor();
+    // How far across the perspective view drew each vertex, and a list that nothing fills.
+    EXPECT_EQ(window->TVertX(), editor().perspective.across);
+    ASSERT_EQ(window->TVertX().size(), 3U);
+    EXPECT_NEAR(window->TVertX()[0], -30, 1e-9);
+    EXPECT_NEAR(window->TVertX()[1], 30, 1e-9);
+    EXPECT_TRUE(window->TVertY().empty());
+    std::vector<double> copy = window->TVertX();
+    copy[0] = 99;
+    EXPECT_NE(window->TVertX()[0], 99);
+}
+
 TEST_F(UVWindowTest, ClosingTheMainWindowClosesItToo) {
     openTextureEditor();
     window->close();
