@@ -20,8 +20,8 @@ class Dialogs {
 public:
     virtual ~Dialogs() = default;
 
-    /// Asks for a file to open. `filter` is "description|pattern", `current` the path to start
-    /// from (may be empty). Nothing when the user cancels.
+    /// Asks for a file to open. `filter` is "description|pattern", once or more with bars between,
+    /// `current` the path to start from (may be empty). Nothing when the user cancels.
     virtual std::optional<std::string> openFile(const std::string& filter,
                                                 const std::string& current) = 0;
 

@@ -2,11 +2,13 @@
 
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QImageReader>
+#include <QHash>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QVBoxLayout>
 
+#include "app/picture_file.h"
 #include "uveditor/exchange.h"
 #include "uveditor/uv_tools.h"
 #include "uveditor/uv_view.h"
@@ -18,8 +20,6 @@ namespace {
 constexpr int kSmallestView = 400;  // pixels, a square
 constexpr int kFirstView = 512;
 constexpr int kMargin = 8;
-// Of a picture: 8192 by 8192 pixels of 4 bytes, and room for the decoder.
-constexpr int kImageLimit = 1024;  // MiB
 
 }  // namespace
 
@@ -34,10 +34,11 @@ frmUVEditor::frmUVEditor(Editor& main)
           .window = *this,
           .dialogs = main.dialogs,
           .data = {},
+          .savedU = {},
+          .savedV = {},
           .imagePath = {}} {
     setObjectName("frmUVEditor");
-    setWindowTitle(tr("Texture Coordinates - Corvane"));
-    QImageReader::setAllocationLimit(kImageLimit);
+    setWindowTitle(tr("Texture Coordinates[*] - Corvane"));
 
     pbxUVView_->setObjectName("pbxUVView");
     pbxUVView_->setAccessibleName(tr("Texture view"));
@@ -51,6 +52,7 @@ frmUVEditor::frmUVEditor(Editor& main)
     layout->addWidget(pbxUVView_, 1);
     layout->addWidget(panel_);
     setCentralWidget(central);
+    setFocusOrder();
     updateButtons();
 
     // The view starts square, large enough for the panel beside it; later it follows the window.
@@ -62,10 +64,22 @@ frmUVEditor::frmUVEditor(Editor& main)
 }
 
 void frmUVEditor::showWith(UVData newData) {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();
-    getArray(uv_, std::move(newData));
+    takeHandOver(uv_, main_, std::move(newData));
+}
+
+// A text box that has the focus must not keep the window's shortcuts to itself, such as the one
+// that selects all. Nothing can be typed into these.
+bool frmUVEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        event->ignore();
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void frmUVEditor::connectView() {
@@ -81,6 +95,35 @@ void frmUVEditor::connectView() {
         uvMouseUp(uv_, button, x, y);
     };
     pbxUVView_->onResize = [this] { redraw(uv_); };
+    // While it has the focus its keys press the buttons of the group View.
+    const QHash<int, const char*> keys = {
+        {Qt::Key_Plus, "cmdUVZoomIn"}, {Qt::Key_Minus, "cmdUVZoomOut"},
+        {Qt::Key_Up, "cmdUVUp"},       {Qt::Key_Down, "cmdUVDown"},
+        {Qt::Key_Left, "cmdUVLeft"},   {Qt::Key_Right, "cmdUVRight"},
+    };
+    pbxUVView_->onKey = [this, keys](int key) {
+        const char* const name = keys.value(key);
+        if (name != nullptr) panel_->findChild<ToolButton*>(name)->click();
+        return name != nullptr;
+    };
+}
+
+// The tab order follows the eye: the view, then the panel from top to bottom.
+void frmUVEditor::setFocusOrder() {
+    const std::array<const char*, 19> names = {
+        "pbxUVView",    "cmdSelect", "cmdAdd",    "cmdDeselect", "cmdMove",
+        "cmdRotate",    "cmdScale",  "cmdUVX",    "cmdUVY",      "cmdUVZoomIn",
+        "cmdUVZoomOut", "cmdUVUp",   "cmdUVLeft", "cmdUVRight",  "cmdUVDown",
+        "cmdLoadImg",   "cboView",   "cmdRemap",  "txtUVX"};
+    auto* previous = findChild<QWidget*>(names.front());
+    for (const char* const name : names) {
+        auto* const next = findChild<QWidget*>(name);
+        if (next != previous) setTabOrder(previous, next);
+        previous = next;
+    }
+    setTabOrder(txtUVX_, txtUVY_);
+    setTabOrder(txtUVY_, findChild<QWidget*>("cmdSaveUVChanges"));
+    findChild<QWidget*>("cmdSelect")->setFocus();  // where a stray blank does no harm
 }
 
 void frmUVEditor::addTool(QGridLayout& grid, const char* name, const char* caption, int row,
@@ -110,20 +153,22 @@ void frmUVEditor::buildPanel() {
         return [this, mode] { uvSetSelectMode(uv_, mode); };
     };
     addTool(select, "cmdSelect", "&Select", 0, 0, selectMode(SelectMode::Select));
-    addTool(select, "cmdAdd", "&Add", 1, 0, selectMode(SelectMode::Add));
-    addTool(select, "cmdDeselect", "&Deselect", 2, 0, selectMode(SelectMode::Deselect));
+    addTool(select, "cmdAdd", "&Add", 0, 1, selectMode(SelectMode::Add));
+    addTool(select, "cmdDeselect", "&Deselect", 0, 2, selectMode(SelectMode::Deselect));
 
     QGridLayout& transform = *group(tr("Right drag transforms"));
     const auto transformMode = [this](TransformMode mode) {
         return [this, mode] { uvSetTransformMode(uv_, mode); };
     };
     addTool(transform, "cmdMove", "&Move", 0, 0, transformMode(TransformMode::Move));
-    addTool(transform, "cmdRotate", "&Rotate", 1, 0, transformMode(TransformMode::Rotate));
-    addTool(transform, "cmdScale", "S&cale", 2, 0, transformMode(TransformMode::Scale));
+    addTool(transform, "cmdRotate", "&Rotate", 0, 1, transformMode(TransformMode::Rotate));
+    addTool(transform, "cmdScale", "S&cale", 0, 2, transformMode(TransformMode::Scale));
 
     QGridLayout& axes = *group(tr("On the axes"));
     addTool(axes, "cmdUVX", "X", 0, 0, [this] { uvToggleX(uv_); });
     addTool(axes, "cmdUVY", "Y", 0, 1, [this] { uvToggleY(uv_); });
+    panel_->findChild<ToolButton*>("cmdUVX")->setAccessibleName(tr("X axis active"));
+    panel_->findChild<ToolButton*>("cmdUVY")->setAccessibleName(tr("Y axis active"));
 
     QGridLayout& view = *group(tr("View"));
     struct ViewTool {
@@ -174,6 +219,7 @@ void frmUVEditor::buildPanel() {
         text->setObjectName(QStringLiteral("txtUV") + letter);
         text->setAccessibleName(tr("%1 texture coordinate under the mouse").arg(letter));
         text->setReadOnly(true);
+        text->installEventFilter(this);
         text->setMinimumWidth(text->fontMetrics().horizontalAdvance("-00.000000 "));
         readout.addWidget(new QLabel(letter, panel_), row, 0);
         readout.addWidget(text, row, 1);
@@ -220,17 +266,13 @@ void frmUVEditor::updateButtons() {
     colour("cmdScale", mode(uv_.transformMode == TransformMode::Scale));
     colour("cmdUVX", axisColour(uv_.xEnabled));
     colour("cmdUVY", axisColour(uv_.yEnabled));
+    setWindowModified(uv_.unsaved);
 }
 
 std::string frmUVEditor::loadPicture(const std::string& path) {
-    QImageReader reader(QString::fromStdString(path));
-    // By what it holds, not by its name; of an animation the first picture.
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const QImage image = reader.read();
-    if (image.isNull()) return reader.errorString().toStdString();
-    pbxUVView_->setImage(image.convertToFormat(QImage::Format_ARGB32_Premultiplied));
-    return {};
+    const PictureFile picture = readPicture(path);
+    if (picture.error.empty()) pbxUVView_->setImage(picture.image);
+    return picture.error;
 }
 
 }  // namespace corvane

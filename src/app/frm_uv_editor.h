@@ -28,6 +28,9 @@ public:
     /// The state behind the window.
     const UVEditor& uv() const { return uv_; }
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     // UVWindow
     void updateButtons() override;
@@ -36,6 +39,7 @@ private:
     void buildMenus();
     void buildPanel();
     void connectView();
+    void setFocusOrder();
     void addTool(QGridLayout& grid, const char* name, const char* caption, int row, int column,
                  std::function<void()> run);
 

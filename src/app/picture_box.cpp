@@ -87,11 +87,15 @@ void PictureBox::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
+    pressed_ |= event->button();
     const QPointF at = inUnits(*event);
     if (onPress) onPress(at.x(), at.y());
 }
 
+// The release that ends a double click in a dialog may reach a picture below it. It ends no drag.
 void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
+    if (!pressed_.testFlag(event->button())) return;
+    pressed_.setFlag(event->button(), false);
     const QPointF at = inUnits(*event);
     const MouseButton button =
         event->button() == Qt::LeftButton ? MouseButton::Left : MouseButton::Other;

@@ -74,6 +74,7 @@ private:
     void paintImage(QPainter& painter, const Primitive& place) const;
 
     int unitsPerPixel_;
+    Qt::MouseButtons pressed_;  // here, and not released yet
     Surface surface_;
     QImage image_;
     QString caption_;

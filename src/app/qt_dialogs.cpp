@@ -20,7 +20,7 @@ QWidget* parentWindow() { return QApplication::activeWindow(); }
 // Shows a file dialog that stands where the current file is.
 std::optional<std::string> pick(QFileDialog& dialog, const std::string& filter,
                                 const std::string& current) {
-    dialog.setNameFilters({qtFilter(filter), QFileDialog::tr("All files (*)")});
+    dialog.setNameFilters(qtFilters(filter) << QFileDialog::tr("All files (*)"));
     if (!current.empty()) {
         const QFileInfo file(QString::fromStdString(current));
         dialog.setDirectory(file.absolutePath());
@@ -104,14 +104,18 @@ bool QtDialogs::yesNo(const std::string& caption, const std::string& text) {
     return box.exec() == QMessageBox::Yes;
 }
 
-QString qtFilter(const std::string& filter) {
+QStringList qtFilters(const std::string& filter) {
     const QStringList parts = QString::fromStdString(filter).split('|');
-    QStringList patterns;
-    for (const QString& pattern : parts.value(1).split(';', Qt::SkipEmptyParts)) {
-        patterns << pattern.toLower();
-        if (pattern.toUpper() != pattern.toLower()) patterns << pattern.toUpper();
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QStringList patterns;
+        for (const QString& pattern : parts[i + 1].split(';', Qt::SkipEmptyParts)) {
+            patterns << pattern.toLower();
+            if (pattern.toUpper() != pattern.toLower()) patterns << pattern.toUpper();
+        }
+        filters << parts[i] + QStringLiteral(" (") + patterns.join(' ') + ')';
     }
-    return parts.value(0) + QStringLiteral(" (") + patterns.join(' ') + ')';
+    return filters;
 }
 
 }  // namespace corvane

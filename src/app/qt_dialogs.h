@@ -20,8 +20,8 @@ public:
     bool yesNo(const std::string& caption, const std::string& text) override;
 };
 
-/// A filter "description|*.ext;*.ext2" as a file dialog of Qt takes it. Finds the extensions in
-/// upper and lower case.
-QString qtFilter(const std::string& filter);
+/// A filter "description|*.ext;*.ext2|description|*.ext3" as a file dialog of Qt takes it, one
+/// entry a description. Finds the extensions in upper and lower case.
+QStringList qtFilters(const std::string& filter);
 
 }  // namespace corvane

@@ -32,6 +32,10 @@ inline constexpr std::size_t kUndoPullSlots = 20;
 /// The slots, newest first.
 struct UndoHistory {
     std::array<UndoRecord, kUndoSlots> slots;
+
+    /// The texture editor was handed the mesh that the steps belong to. Goes with them when
+    /// another geoset is read.
+    bool inTextureEditor = false;
 };
 
 /// Which copies a step keeps.

@@ -1,8 +1,8 @@
 #include "uveditor/exchange.h"
 
 #include <algorithm>
-#include <optional>
 
+#include "uveditor/uv_tools.h"
 #include "uveditor/uv_view.h"
 
 namespace corvane {
@@ -53,10 +53,48 @@ std::string flatMessage(Axis axis) {
            " axis. Nothing was changed; select more vertices, or remap from another view.";
 }
 
+std::string countText(std::size_t vertices) {
+    return std::to_string(vertices) + (vertices == 1 ? " vertex" : " vertices");
+}
+
+// Whether the two agree as far as both reach.
+bool agree(const std::vector<double>& a, const std::vector<double>& b) {
+    const auto count = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
+    return std::equal(a.begin(), a.begin() + count, b.begin());
+}
+
+bool askWriteToOther(UVEditor& uv, const GeosetStore& store) {
+    return uv.dialogs.yesNo(
+        kWarningCaption, "A geoset was read since these texture coordinates were taken: geoset " +
+                             std::to_string(store.geosetNumber) + " of " + store.modelPath +
+                             ". It has " + countText(store.Vertices.size()) +
+                             " too, so saving writes them over its own. Write them?");
+}
+
+// Tells of a Save Changes that fits only in part.
+std::string partlySavedMessage(bool otherGeoset, std::size_t vertices, std::size_t taken,
+                               std::size_t written) {
+    const std::string firsts = "The first " + std::to_string(written);
+    if (!otherGeoset) {
+        return "The geoset has " + countText(vertices) + " now, but had " + std::to_string(taken) +
+               " when its texture coordinates were taken. " + firsts +
+               " were written back. Choose UV Mapping in the main window to take them anew.";
+    }
+    return "Another geoset was read since these texture coordinates were taken: it has " +
+           countText(vertices) + ", theirs had " + std::to_string(taken) + ". " + firsts +
+           " were written to it. If they do not belong there, Switch Geoset in the main window "
+           "reads it again as it was last saved. Choose UV Mapping to take its own coordinates.";
+}
+
 }  // namespace
 
 UVData uvDataOf(const Geoset& geoset) {
     UVData data;
+    data.u.reserve(geoset.Vertices.size());
+    data.v.reserve(geoset.Vertices.size());
+    data.deleted.reserve(geoset.Vertices.size());
+    data.selected.reserve(geoset.Vertices.size());
+    data.faces.reserve(geoset.Faces.size());
     for (const VertexRecord& vertex : geoset.Vertices) {
         data.u.push_back(vertex.tu);
         data.v.push_back(vertex.tv);
@@ -75,9 +113,27 @@ void openTextureEditor(Editor& editor) {
     editor.window.showTextureEditor(uvDataOf(editor.store));
 }
 
+void takeHandOver(UVEditor& uv, Editor& editor, UVData data) {
+    const bool undone =
+        editor.undo.inTextureEditor && !(agree(uv.savedU, data.u) && agree(uv.savedV, data.v));
+    if (undone &&
+        !uv.dialogs.yesNo(kConfirmationCaption,
+                          "Undo has put back texture coordinates from before Save Changes. Take "
+                          "these, and lose those in the texture editor? (No keeps them; Save "
+                          "Changes then writes them again.)")) {
+        return;
+    }
+    editor.undo.inTextureEditor = true;
+    getArray(uv, std::move(data));
+}
+
 void getArray(UVEditor& uv, UVData data) {
     uv.data = std::move(data);
     uv.dataReceived = true;
+    uv.unsaved = false;
+    uv.savedU.clear();
+    uv.savedV.clear();
+    uv.window.updateButtons();
     if (uv.imageLoaded) {
         const std::string reason = uv.window.loadPicture(uv.imagePath);
         if (!reason.empty()) showPictureError(uv, uv.imagePath, reason);
@@ -89,24 +145,29 @@ std::size_t saveUVChanges(Editor& editor, std::span<const double> tx, std::span<
     GeosetStore& store = editor.store;
     const std::size_t count = std::min({store.Vertices.size(), tx.size(), ty.size()});
     for (std::size_t i = 0; i < count; ++i) {
-        store.Vertices[i].tu = tx[i];
-        store.Vertices[i].tv = ty[i];
+        VertexRecord& vertex = store.Vertices[i];
+        if (vertex.tu == tx[i] && vertex.tv == ty[i]) continue;
+        vertex.tu = tx[i];
+        vertex.tv = ty[i];
+        store.modified = true;
     }
-    if (count > 0) store.modified = true;
     editor.window.updateButtons();
     return count;
 }
 
 void saveChanges(UVEditor& uv, Editor& editor) {
     const std::size_t vertices = editor.store.Vertices.size();
+    const std::size_t taken = uv.data.u.size();
+    const bool otherGeoset = !editor.undo.inTextureEditor;
+    if (otherGeoset && vertices == taken && !askWriteToOther(uv, editor.store)) return;
     const std::size_t written = saveUVChanges(editor, uv.data.u, uv.data.v);
-    if (vertices == uv.data.u.size()) return;
-    uv.dialogs.messageBox(
-        kWarningCaption,
-        "The geoset has " + std::to_string(vertices) + " vertices now, but had " +
-            std::to_string(uv.data.u.size()) +
-            " when its texture coordinates were taken. The first " + std::to_string(written) +
-            " were written back. Choose UV Mapping in the main window to take them anew.");
+    uv.unsaved = false;
+    uv.savedU = uv.data.u;
+    uv.savedV = uv.data.v;
+    uv.window.updateButtons();
+    if (vertices == taken) return;
+    uv.dialogs.messageBox(kWarningCaption,
+                          partlySavedMessage(otherGeoset, vertices, taken, written));
 }
 
 std::vector<double> remap(const Geoset& geoset, const std::vector<bool>& selected, Axis axis) {
@@ -128,6 +189,13 @@ void remapSelection(UVEditor& uv, const Editor& editor, const std::string& view)
     const auto* const plane = std::ranges::find_if(
         kPlanes, [&](const Plane& candidate) { return candidate.view == view; });
     if (plane == kPlanes.end()) return;
+    if (!editor.undo.inTextureEditor) {
+        uv.dialogs.messageBox(kErrorCaption,
+                              "Another geoset was read since these texture coordinates were taken. "
+                              "Its vertices lie elsewhere, so nothing was changed. Choose UV "
+                              "Mapping in the main window to take its own coordinates.");
+        return;
+    }
     for (const Axis axis : {plane->u, plane->v}) {
         if (hasRemapExtent(editor.store, uv.data.selected, axis)) continue;
         uv.dialogs.messageBox(kErrorCaption, flatMessage(axis));
@@ -138,9 +206,10 @@ void remapSelection(UVEditor& uv, const Editor& editor, const std::string& view)
     const std::size_t count = std::min(a.size(), uv.data.u.size());
     for (std::size_t i = 0; i < count; ++i) {
         if (!uv.data.selected[i]) continue;
-        uv.data.u[i] = a[i];
-        uv.data.v[i] = 1 - b[i];
+        assignCoordinate(uv, uv.data.u[i], a[i]);
+        assignCoordinate(uv, uv.data.v[i], 1 - b[i]);
     }
+    uv.window.updateButtons();
     redraw(uv);
 }
 

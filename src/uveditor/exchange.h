@@ -15,6 +15,10 @@ UVData uvDataOf(const Geoset& geoset);
 /// message where no model is loaded.
 void openTextureEditor(Editor& editor);
 
+/// What its window does with that: getArray(). Where Undo has put back coordinates from before
+/// Save Changes, the user is asked first, for nothing else holds the later ones any more.
+void takeHandOver(UVEditor& uv, Editor& editor, UVData data);
+
 /// Takes new data into the texture editor, in place of what it had, loads the background picture
 /// again if there is one, and redraws. Zoom, pan, picture and modes stay.
 void getArray(UVEditor& uv, UVData data);
@@ -23,8 +27,9 @@ void getArray(UVEditor& uv, UVData data);
 /// length only the common range is written. Returns the number of vertices written. No undo step.
 std::size_t saveUVChanges(Editor& editor, std::span<const double> tx, std::span<const double> ty);
 
-/// The command Save Changes of the texture editor: saveUVChanges(), and a message where the
-/// geoset has more or fewer vertices than when it was handed over.
+/// The command Save Changes of the texture editor: saveUVChanges(). Where the geoset has more or
+/// fewer vertices than when it was handed over a message says so; where another geoset was read
+/// since that has as many, the user is asked first.
 void saveChanges(UVEditor& uv, Editor& editor);
 
 /// The coordinates of the selected vertices on one axis, stretched so that the least becomes 0 and
@@ -37,7 +42,8 @@ std::vector<double> remap(const Geoset& geoset, const std::vector<bool>& selecte
 bool hasRemapExtent(const Geoset& geoset, const std::vector<bool>& selected, Axis axis);
 
 /// The command Remap: gives the selected texture vertices the coordinates of a projection from
-/// "Top", "Front" or "Left", and redraws. A message where the selection is flat on an axis.
+/// "Top", "Front" or "Left", and redraws. A message, and no change, where the selection is flat
+/// on an axis or the positions would be those of another geoset.
 void remapSelection(UVEditor& uv, const Editor& editor, const std::string& view);
 
 }  // namespace corvane

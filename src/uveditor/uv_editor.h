@@ -31,7 +31,7 @@ class UVWindow {
 public:
     virtual ~UVWindow() = default;
 
-    /// Brings the buttons in line with the editor's state.
+    /// Brings buttons and title in line with the editor's state.
     virtual void updateButtons() = 0;
 
     /// Loads a picture for the background. Nothing where it was loaded; else the reason why not,
@@ -47,6 +47,11 @@ struct UVEditor {
 
     UVData data;
     bool dataReceived = false;
+    bool unsaved = false;  ///< coordinates were changed that Save Changes has not written yet
+    /// The coordinates as Save Changes last wrote them to the geoset; empty after a hand-over.
+    std::vector<double> savedU;
+    std::vector<double> savedV;
+
     bool imageLoaded = false;
     std::string imagePath;
 

@@ -27,21 +27,17 @@ struct Mean {
 };
 
 // Of the selected vertices, deleted ones included; 0 where there are none.
-Mean meanOfSelection(UVData& data) {
+Mean meanOfSelection(const UVData& data) {
     Mean sum;
     int count = 0;
-    forEachSelected(data, [&](double u, double v) {
-        sum.u += u;
-        sum.v += v;
+    for (std::size_t i = 0; i < data.u.size(); ++i) {
+        if (!data.selected[i]) continue;
+        sum.u += data.u[i];
+        sum.v += data.v[i];
         ++count;
-    });
+    }
     if (count == 0) return {};
     return {sum.u / count, sum.v / count};
-}
-
-// A result that no number can hold would be written to the model as no number: keep the old.
-void assignFinite(double& coordinate, double value) {
-    if (std::isfinite(value)) coordinate = value;
 }
 
 void selectByBox(UVEditor& uv) {
@@ -129,14 +125,21 @@ void uvMouseUp(UVEditor& uv, MouseButton button, double x, double y) {
         selectByBox(uv);
     } else {
         transform(uv);
+        uv.window.updateButtons();
     }
     redraw(uv);
 }
 
+void assignCoordinate(UVEditor& uv, double& coordinate, double value) {
+    if (!std::isfinite(value) || value == coordinate) return;
+    coordinate = value;
+    uv.unsaved = true;
+}
+
 void uvMove(UVEditor& uv, double du, double dv) {
     forEachSelected(uv.data, [&](double& u, double& v) {
-        if (uv.xEnabled) assignFinite(u, u + du);
-        if (uv.yEnabled) assignFinite(v, v + dv);
+        if (uv.xEnabled) assignCoordinate(uv, u, u + du);
+        if (uv.yEnabled) assignCoordinate(uv, v, v + dv);
     });
 }
 
@@ -150,16 +153,16 @@ void uvRotate(UVEditor& uv, double angle) {
         double theta = a == 0 ? kPi / 2 : std::atan(b / a);
         if (a < 0) theta += kPi;
         theta += angle;
-        assignFinite(u, r * std::cos(theta) + centre.u);
-        assignFinite(v, r * std::sin(theta) + centre.v);
+        assignCoordinate(uv, u, r * std::cos(theta) + centre.u);
+        assignCoordinate(uv, v, r * std::sin(theta) + centre.v);
     });
 }
 
 void uvScale(UVEditor& uv, double factor) {
     const Mean centre = meanOfSelection(uv.data);
     forEachSelected(uv.data, [&](double& u, double& v) {
-        if (uv.xEnabled) assignFinite(u, (u - centre.u) * factor + centre.u);
-        if (uv.yEnabled) assignFinite(v, (v - centre.v) * factor + centre.v);
+        if (uv.xEnabled) assignCoordinate(uv, u, (u - centre.u) * factor + centre.u);
+        if (uv.yEnabled) assignCoordinate(uv, v, (v - centre.v) * factor + centre.v);
     });
 }
 

@@ -17,9 +17,14 @@ void uvSelectAll(UVEditor& uv);
 void uvInvertSelection(UVEditor& uv);
 
 /// A button was pressed, or released, at a position of the view (pixels, cut to whole ones).
-/// Releasing the left button selects by the box, any other one transforms the selection.
+/// Releasing the left button selects by the box, any other one transforms the selection. Either
+/// redraws.
 void uvMouseDown(UVEditor& uv, double x, double y);
 void uvMouseUp(UVEditor& uv, MouseButton button, double x, double y);
+
+/// Gives a texture coordinate another value, unless that is no finite number: it would be written
+/// to the model as none.
+void assignCoordinate(UVEditor& uv, double& coordinate, double value);
 
 /// Moves the selection along the enabled axes, texture units.
 void uvMove(UVEditor& uv, double du, double dv);

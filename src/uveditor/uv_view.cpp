@@ -42,11 +42,13 @@ double viewY(const UVEditor& uv, double v) {
 }
 
 double textureU(const UVEditor& uv, int x) {
-    return ((x - uv.panX) / uv.picture.width() - 0.5) / uv.zoom + 0.5;
+    const double width = std::max(uv.picture.width(), 1.0);
+    return ((static_cast<double>(x) - uv.panX) / width - 0.5) / uv.zoom + 0.5;
 }
 
 double textureV(const UVEditor& uv, int y) {
-    return ((y - uv.panY) / uv.picture.height() - 0.5) / uv.zoom + 0.5;
+    const double height = std::max(uv.picture.height(), 1.0);
+    return ((static_cast<double>(y) - uv.panY) / height - 0.5) / uv.zoom + 0.5;
 }
 
 void redraw(UVEditor& uv) {
@@ -64,11 +66,12 @@ void redraw(UVEditor& uv) {
     uv.picture.clear();
     paintBackground(uv);
     const auto rounded = [](double value) { return static_cast<double>(roundToInt32(value)); };
+    const auto isHidden = [&](std::int16_t corner) {
+        const auto i = static_cast<std::size_t>(corner);
+        return i >= points.size() || data.deleted[i];
+    };
     for (const auto& face : data.faces) {
-        const auto isDeleted = [&](std::int16_t corner) {
-            return data.deleted[static_cast<std::size_t>(corner)];
-        };
-        if (std::ranges::any_of(face, isDeleted)) continue;
+        if (std::ranges::any_of(face, isHidden)) continue;
         for (std::size_t k = 0; k < face.size(); ++k) {
             const Point& p = points[static_cast<std::size_t>(face[k])];
             const Point& q = points[static_cast<std::size_t>(face[(k + 1) % face.size()])];

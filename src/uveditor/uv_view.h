@@ -18,7 +18,8 @@ inline constexpr int kUVPanStep = 20;
 double viewX(const UVEditor& uv, double u);
 double viewY(const UVEditor& uv, double v);
 
-/// The texture coordinate at a whole pixel of the view.
+/// The texture coordinate at a whole pixel of the view. A view without any size counts as one
+/// pixel wide and high.
 double textureU(const UVEditor& uv, int x);
 double textureV(const UVEditor& uv, int y);
 

@@ -82,9 +82,15 @@ protected:
 };
 
 TEST_F(FileDialogsTest, AFilterFindsItsExtensionsInUpperAndLowerCase) {
-    EXPECT_EQ(qtFilter("Warcraft III MDL|*.mdl"), "Warcraft III MDL (*.mdl *.MDL)");
-    EXPECT_EQ(qtFilter("Images|*.jpg;*.GIF"), "Images (*.jpg *.JPG *.gif *.GIF)");
-    EXPECT_EQ(qtFilter("All files|*"), "All files (*)");
+    EXPECT_EQ(qtFilters("Warcraft III MDL|*.mdl"), QStringList{"Warcraft III MDL (*.mdl *.MDL)"});
+    EXPECT_EQ(qtFilters("Images|*.jpg;*.GIF"), QStringList{"Images (*.jpg *.JPG *.gif *.GIF)"});
+    EXPECT_EQ(qtFilters("All files|*"), QStringList{"All files (*)"});
+}
+
+TEST_F(FileDialogsTest, AFilterOfSeveralKindsOffersEachOfThem) {
+    EXPECT_EQ(qtFilters("JPEG Images|*.JPG|GIF Images|*.gif|BMP Images|*.bmp"),
+              (QStringList{"JPEG Images (*.jpg *.JPG)", "GIF Images (*.gif *.GIF)",
+                           "BMP Images (*.bmp *.BMP)"}));
 }
 
 TEST_F(FileDialogsTest, TheOpenDialogListsModelsWhateverTheCaseOfTheirExtension) {

@@ -207,6 +207,77 @@ press cmdSaveUVChanges
               "main window to take them anew.|ok");
 }
 
+TEST_F(TextureScenario, AnotherGeosetOfEqualSizeKeepsItsTextureCoordinatesUnlessTheUserSaysYes) {
+    folder.write("two.mdl", threeGeosets());
+    // Geosets 1 and 3 are triangles with texture coordinates (0, 0), (1, 0) and (0, 1).
+    const std::string start = R"(
+answer file "$DIR/two.mdl"
+answer input "1"
+menu mnuOpen
+wait 150
+menu mnuUVMapping
+window uv
+menu mnuSelectAll
+press cmdScale
+drag pbxUVView right 0 0 0 0
+press cmdMove
+press cmdUVY
+drag pbxUVView right 0 0 100 0
+window main
+answer input "3"
+menu mnuSwitchGeoset
+window uv
+)";
+    const Played kept = playAll(start + "answer message no\npress cmdSaveUVChanges\ndump\n");
+    EXPECT_EQ(kept.dialogs().back(),
+              "message|Warning|A geoset was read since these texture coordinates were taken: "
+              "geoset 3 of " +
+                  folder.path("two.mdl") +
+                  ". It has 3 vertices too, so saving writes them over its own. Write them?|no");
+    const auto tu = [](const Played& played) {
+        Values values;
+        for (const QJsonValue& vertex : played.dump()["vertices"].toArray()) {
+            values.push_back(vertex.toObject()["tu"].toDouble());
+        }
+        return values;
+    };
+    EXPECT_EQ(tu(kept), (Values{0, 1, 0}));
+    const Played written = playAll(start + "answer message yes\npress cmdSaveUVChanges\ndump\n");
+    const double step = 100.0 / sideOf(written.dump());
+    expectNear(tu(written), {step, 1 + step, step});
+}
+
+TEST_F(TextureScenario, CoordinatesThatUndoTookBackCanBeSavedAgain) {
+    folder.write("hero.mdl", squareModel());
+    const Played played = playAll(R"(
+answer file "$DIR/hero.mdl"
+menu mnuOpen
+wait 150
+menu mnuSelectAll
+press cmdExtrude
+drag pbxFront right 100 100 110 100
+menu mnuUVMapping
+window uv
+menu mnuSelectAll
+press cmdUVY
+drag pbxUVView right 0 0 100 0
+press cmdSaveUVChanges
+window main
+menu mnuUndo
+dump
+answer message no
+menu mnuUVMapping
+window uv
+answer message ok
+press cmdSaveUVChanges
+dump
+)");
+    EXPECT_EQ(played.dump(0)["vertices"].toArray()[0].toObject()["tu"].toDouble(), 0);
+    EXPECT_NEAR(played.dump()["vertices"].toArray()[0].toObject()["tu"].toDouble(),
+                100.0 / sideOf(played.dump()), 1e-12);
+    EXPECT_EQ(played.dump()["vertices"].toArray().size(), 4);
+}
+
 // Yellow on the left, blue on the right.
 TEST_F(TextureScenario, APictureLiesUnderTheUnitSquareAndComesBackWithTheWindow) {
     folder.write("hero.mdl", squareModel());
