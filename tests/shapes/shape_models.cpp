@@ -1,5 +1,7 @@
 #include "shape_models.h"
 
+#include <algorithm>
+
 #include "model_texts.h"
 #include "test_models.h"
 
@@ -438,11 +440,12 @@ std::string reshaped(const std::string& text, const LineChange& change) {
     std::string out;
     std::size_t begin = 0;
     while (begin < text.size()) {
-        const std::size_t end = text.find('\n', begin);
+        const std::size_t end = std::min(text.find('\n', begin), text.size());
         const std::string line = text.substr(begin, end - begin);
         std::size_t tabs = 0;
         while (tabs < line.size() && line[tabs] == '\t') ++tabs;
-        out += change(line.substr(0, tabs), line.substr(tabs)) + "\n";
+        out += change(line.substr(0, tabs), line.substr(tabs));
+        if (end < text.size()) out += "\n";
         begin = end + 1;
     }
     return out;
