@@ -49,8 +49,8 @@ TEST_P(SavedShape, IsUnchangedOutsideItsSections) {
     if (!GetParam().saved.empty()) {
         EXPECT_EQ(withPlainClosings(saved), withPlainClosings(GetParam().saved));
     }
-    EXPECT_TRUE(readGeoset(saved, 1) == readGeoset(GetParam().twin, 1)) << saved;
-    EXPECT_TRUE(readGeoset(saved, 2) == readGeoset(GetParam().twin, 2)) << saved;
+    EXPECT_EQ(shown(readGeoset(saved, 1)), shown(readGeoset(GetParam().twin, 1))) << saved;
+    EXPECT_EQ(shown(readGeoset(saved, 2)), shown(readGeoset(GetParam().twin, 2))) << saved;
 }
 
 TEST_P(SavedShape, ComesOutTheSameAtASecondSave) {
@@ -73,8 +73,8 @@ TEST_P(SavedShape, TakesAnEditAndKeepsTheOtherGeoset) {
     ASSERT_EQ(readingError(saved, 1), "was read");
     Geoset expected = readGeoset(GetParam().twin, 1);
     expected.Vertices[3].pos = {12, 3.5, 101};
-    EXPECT_TRUE(readGeoset(saved, 1) == expected) << saved;
-    EXPECT_TRUE(readGeoset(saved, 2) == readGeoset(GetParam().twin, 2)) << saved;
+    EXPECT_EQ(shown(readGeoset(saved, 1)), shown(expected)) << saved;
+    EXPECT_EQ(shown(readGeoset(saved, 2)), shown(readGeoset(GetParam().twin, 2))) << saved;
 }
 
 TEST_P(SavedShape, IsAModelOfItsOwnWhenSavedAlone) {
