@@ -8,6 +8,7 @@
 #include "edit/selection.h"
 #include "edit/transforms.h"
 #include "groups/vertex_groups.h"
+#include "model/geoset_removal.h"
 #include "model/merge_geoset.h"
 #include "model/new_model.h"
 #include "model_flow.h"
@@ -182,10 +183,7 @@ TEST_F(ByteRanges, AroundNumbersOfGeosetsStayWhenOneIsRemoved) {
     text =
         replacedOnce(text, "Bone \"Right\" {\n\tObjectId 1,\n\tGeosetId 1,\n\tGeosetAnimId 1,\n}",
                      "Bone \"Right\" {\n  GeosetAnimId   1, GeosetId 1 , // GeosetId 1,\n}");
-    const std::string path = openNew("hero.mdl", text, "1");
-    deleteGeoset();
-    save();
-    const std::string saved = readFile(path);
+    const std::string saved = removeGeoset(ModelText("hero.mdl", text), 1).joined();
     EXPECT_NE(saved.find("Bone \"Left\" { ObjectId 0, GeosetId  Multiple , GeosetAnimId None, }"
                          " // 0\n"),
               std::string::npos)
