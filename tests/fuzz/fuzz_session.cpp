@@ -369,7 +369,9 @@ void checkSave(Session& session, const std::string& folder) {
 
     const bool saved = session.save();
     if (!plain) return;  // the geoset is removed, or there is none; nothing may crash
-    promise(saved || !expected.finite, "the save fails: " + session.dialogs.error);
+    // Rows that nobody can read cannot follow their vertices.
+    const bool stuck = session.dialogs.error.find("cannot follow") != std::string::npos;
+    promise(saved || stuck || !expected.finite, "the save fails: " + session.dialogs.error);
     if (!saved) {
         promise(bytesOf(path) == before, "the save failed, but the file is another one");
         return;

@@ -445,10 +445,32 @@ std::string reshaped(const std::string& text, const LineChange& change) {
         std::size_t tabs = 0;
         while (tabs < line.size() && line[tabs] == '\t') ++tabs;
         out += change(line.substr(0, tabs), line.substr(tabs));
-        if (end < text.size()) out += '\n';
+        if (end < text.size()) out += "\n";
         begin = end + 1;
     }
     return out;
+}
+
+std::string shown(const Geoset& geoset) {
+    std::string text;
+    const auto add = [&](double value) { text += std::to_string(value) + " "; };
+    for (const VertexRecord& vertex : geoset.Vertices) {
+        for (const double value : vertex.pos) add(value);
+        text += "| ";
+        for (const double value : vertex.normal) add(value);
+        text += "| ";
+        add(vertex.tu);
+        add(vertex.tv);
+        text += "| " + std::to_string(vertex.group) + "\n";
+    }
+    for (const FaceRecord& face : geoset.Faces) {
+        for (const std::int16_t corner : face.corner) text += std::to_string(corner) + " ";
+    }
+    for (const MatrixGroup& group : geoset.matrixGroups) {
+        text += "\nmatrices";
+        for (const std::int16_t matrix : group) text += " " + std::to_string(matrix);
+    }
+    return text;
 }
 
 GeosetLines toolLines(const std::string& x) {
@@ -485,16 +507,16 @@ std::vector<Shape> readableShapes() {
                               .withoutFirst = tool.withoutFirst});
         }
     };
-    // The geoset's own first line is no section, and stays.
-    const auto asTool = [](const std::string& text) {
-        const std::size_t opening = std::string_view(kHead).size();
-        return modelWith([&](GeosetLines& lines) {
-            lines.opening = text.substr(opening, text.find('\n', opening) + 1 - opening);
-        });
-    };
+    const auto asTool = [&](const std::string&) { return tool.text(); };
     const auto asItIs = [](const std::string& text) { return text; };
     const auto notPinned = [](const std::string&) { return std::string(); };
-    addAll(kBlankShapes, asTool);
+    // The geoset's own header is outside its sections.
+    const auto withOpening = [&](const std::string& text) {
+        const std::size_t begin = text.find("Geoset", text.find("Materials"));
+        const std::string opening = text.substr(begin, text.find('\n', begin) + 1 - begin);
+        return modelWith([&](GeosetLines& lines) { lines.opening = opening; });
+    };
+    addAll(kBlankShapes, withOpening);
     addAll(kLineShapes, asTool);
     addAll(kFaceShapes, asTool);
     addAll(kOpenLineShapes, asItIs);

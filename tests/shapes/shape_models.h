@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "model/geoset_store.h"
+
 namespace corvane {
 
 /// The lines of one geoset, each section a text of its own with its header and its closing line.
@@ -52,6 +54,10 @@ using LineChange = std::function<std::string(const std::string& tabs, const std:
 
 /// The text with every line changed.
 std::string reshaped(const std::string& text, const LineChange& change);
+
+/// All of a geoset that its sections hold, to be compared and read. Not the rows that a vertex
+/// came from: those tell the twins apart.
+std::string shown(const Geoset& geoset);
 
 /// A model whose first geoset has these lines in place of those of toolLines().
 template <class Change>

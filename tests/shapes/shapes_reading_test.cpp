@@ -13,35 +13,11 @@ std::string nameOf(const testing::TestParamInfo<Shape>& info) { return info.para
 class ReadShape : public testing::TestWithParam<Shape> {};
 INSTANTIATE_TEST_SUITE_P(Shapes, ReadShape, testing::ValuesIn(readableShapes()), nameOf);
 
-// What a test that fails should show of a geoset.
-std::string shown(const Geoset& geoset) {
-    std::string text;
-    const auto add = [&](double value) { text += std::to_string(value) + " "; };
-    for (const VertexRecord& vertex : geoset.Vertices) {
-        for (const double value : vertex.pos) add(value);
-        text += "| ";
-        for (const double value : vertex.normal) add(value);
-        text += "| ";
-        add(vertex.tu);
-        add(vertex.tv);
-        text += "| " + std::to_string(vertex.group) + "\n";
-    }
-    for (const FaceRecord& face : geoset.Faces) {
-        for (const std::int16_t corner : face.corner) text += std::to_string(corner) + " ";
-    }
-    for (const MatrixGroup& group : geoset.matrixGroups) {
-        text += "\nmatrices";
-        for (const std::int16_t matrix : group) text += " " + std::to_string(matrix);
-    }
-    return text;
-}
-
 TEST_P(ReadShape, HasTheSameFirstGeoset) {
     const Geoset expected = readGeoset(GetParam().twin, 1);
     ASSERT_EQ(readingError(GetParam().text, 1), "was read");
     const Geoset geoset = readGeoset(GetParam().text, 1);
     EXPECT_EQ(shown(geoset), shown(expected));
-    EXPECT_TRUE(geoset == expected);
 }
 
 TEST_P(ReadShape, HasTheSameSecondGeoset) {
@@ -49,7 +25,6 @@ TEST_P(ReadShape, HasTheSameSecondGeoset) {
     ASSERT_EQ(readingError(GetParam().text, 2), "was read");
     const Geoset geoset = readGeoset(GetParam().text, 2);
     EXPECT_EQ(shown(geoset), shown(expected));
-    EXPECT_TRUE(geoset == expected);
 }
 
 TEST_P(ReadShape, HasTwoGeosets) { EXPECT_EQ(scanGeosets(GetParam().text).size(), 2U); }
