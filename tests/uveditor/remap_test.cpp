@@ -112,9 +112,9 @@ TEST_F(RemapTest, BelowMinusSixtyFourHundredTheUpperEndStaysThere) {
 }
 
 TEST_F(RemapTest, OneVertexBeyondTheStartingExtremesHasAnExtent) {
-    EXPECT_EQ(remap({.Vertices = {{.pos = {7000, 0, 0}}}, .Faces = {}, .matrixGroups = {}}, {true},
-                    Axis::X),
-              Values{1});
+    Geoset geoset;
+    geoset.Vertices.push_back({.pos = {7000, 0, 0}});
+    EXPECT_EQ(remap(geoset, {true}, Axis::X), Values{1});
 }
 
 TEST_F(RemapTest, TheProjectionIsNoughtForWhatIsNotSelected) {
