@@ -164,7 +164,7 @@ menu mnuSave
     EXPECT_EQ(
         played.dialogs().back(),
         "message|Error|Geoset 1 cannot be read.\n" + brokenPath +
-            ", line 21: \" 3O\" is not a number.\n\nThe file was not opened and is unchanged. "
+            ", line 21: \"3O\" is not a number.\n\nThe file was not opened and is unchanged. "
             "Mend the line in a text editor, or choose another geoset or model.|ok");
     for (const char* const member :
          {"modelPath", "workPath", "geosetNumber", "vertices", "faces", "undo", "menus"}) {
