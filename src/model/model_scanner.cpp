@@ -156,6 +156,7 @@ ModelBlock blockAt(std::string_view text, const Opening& opening, std::size_t le
             return block;
         }
     }
+    block.byBraces = true;
     std::size_t unclosedAt = 0;
     if (const auto brace = findTopLevelBlockEnd(text, afterBrace, text.size(), unclosedAt)) {
         endAfterBrace(block, text, *brace);

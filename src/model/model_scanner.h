@@ -25,6 +25,7 @@ struct ModelBlock {
     std::size_t end = 0;        ///< first byte after the closing line; after the brace where
                                 ///< another block begins on that line
     bool closed = true;         ///< false where its closing brace is missing
+    bool byBraces = false;      ///< its end was found by its braces, not by its lines
 };
 
 /// A geoset's block.

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "model/geoset_reader.h"
+#include "model/model_writer.h"
 #include "version.h"
 #include "views/ortho_view.h"
 #include "views/perspective_view.h"
@@ -17,6 +18,25 @@ constexpr const char* kDecimalSeparatorPage = "docs/decimal-separator.md";
 
 void showReadError(Editor& editor, const std::string& what, const std::string& advice) {
     editor.dialogs.messageBox(kErrorCaption, what + "\n\n" + advice);
+}
+
+// Whether a geoset that its braces delimit is still the same one after a save. Where they do not
+// balance, the tools' layout of the sections that a save writes may let it end elsewhere.
+bool staysWhole(const ModelText& text, const std::vector<GeosetBlock>& geosets,
+                const PickedGeoset& picked) {
+    const ModelText saved(text.path(),
+                          composeModel(text, geosets, picked.geosetNumber, picked.geoset).joined());
+    const std::vector<GeosetBlock> savedGeosets = scanGeosets(saved.view());
+    if (savedGeosets.size() != geosets.size()) return false;
+    try {
+        const Geoset again = parseGeoset(saved, savedGeosets, picked.geosetNumber);
+        return again.Vertices.size() == picked.geoset.Vertices.size() &&
+               again.Faces == picked.geoset.Faces &&
+               again.matrixGroups == picked.geoset.matrixGroups &&
+               again.rowSections.size() == picked.geoset.rowSections.size();
+    } catch (const ModelTextError&) {
+        return false;
+    }
 }
 
 void showNotFinite(Editor& editor, const ModelText& text, const ReadNotes& notes) {
@@ -121,6 +141,14 @@ std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelText& text,
     try {
         ReadNotes notes;
         picked.geoset = parseGeoset(text, geosets, picked.geosetNumber, &notes);
+        if (picked.geosetNumber <= static_cast<int>(geosets.size())) {
+            const GeosetBlock& block = geosets[static_cast<std::size_t>(picked.geosetNumber) - 1];
+            if (block.byBraces && !staysWhole(text, geosets, picked)) {
+                throw ModelTextError(text, block.begin,
+                                     "the braces of the geoset that starts here do not balance, so "
+                                     "that it could not be read again after a save.");
+            }
+        }
         if (notes.notFinite > 0) showNotFinite(editor, text, notes);
         return picked;
     } catch (const ModelTextError& error) {

@@ -120,6 +120,30 @@ TEST_F(OpenFailuresTest, AGeosetWithoutVerticesIsRefused) {
     });
 }
 
+// Its braces say that it ends in line 5. With its vertices in the tools' layout, as a save writes
+// them, its lines would say that it ends in line 9, and hold two sections of a kind.
+TEST_F(OpenFailuresTest, AGeosetThatASaveWouldMakeUnreadableIsRefused) {
+    const std::string path = folder.write("odd.mdl",
+                                          "Geoset {\n"
+                                          "\tVertices 1 {\n"
+                                          "{ 0, 0, 0 },\n"
+                                          "\t}\n"
+                                          "\t} 1, 0 },\n"
+                                          "\tVertices 1 {\n"
+                                          "\t\t{ 0, 0, 0 },\n"
+                                          "\t}\n"
+                                          "}\n");
+    expectNothingChanges([&] {
+        open(path);
+        ASSERT_EQ(askedKinds(), "open message");
+        expectLast("message", "Error",
+                   "Geoset 1 cannot be read.\n" + path +
+                       ", line 1: the braces of the geoset that starts here do not balance, so "
+                       "that it could not be read again after a save." +
+                       kOpenAdvice);
+    });
+}
+
 TEST_F(OpenFailuresTest, AFileThatEndsInsideASectionIsRefused) {
     const std::string whole = modelOf({.geosets = {squareAt("5")}});
     const std::string text = whole.substr(0, whole.find("\tTVertices") + 20);
