@@ -22,8 +22,8 @@ std::string quoted(std::string_view text) {
 }
 
 // The ways in which programs have written numbers that are not finite, without sign.
-constexpr std::array<std::string_view, 8> kNotFinite = {
-    "nan", "inf", "infinity", "1.#IND", "1.#INF", "1.#QNAN", "1.#SNAN", "nan(ind)"};
+constexpr std::array<std::string_view, 9> kNotFinite = {
+    "nan", "inf", "infinity", "1.#IND", "1.#J", "1.#INF", "1.#QNAN", "1.#SNAN", "nan(ind)"};
 
 std::string_view trimmed(std::string_view field) {
     while (!field.empty() && Lexer::isBlank(field.front())) field.remove_prefix(1);
@@ -340,6 +340,7 @@ void GeosetReader::readFaces(const Section& section, Geoset& geoset) const {
 
     Lexer lexer = bodyOf(section);
     if (!lexer.skipBlanks()) {
+        if (faces == 0) return;
         fail(section.header, "no \"Triangles {\" follows; only triangles can be edited.");
     }
     std::size_t face = 0;
@@ -401,6 +402,12 @@ void GeosetReader::readRowSections(const std::vector<Section>& parts, Geoset& ge
 
 Geoset GeosetReader::read(const GeosetBlock& block) {
     const std::vector<Section> parts = scanParts(text_, block);
+    if (block.strayAt != std::string_view::npos) {
+        failAt(block.strayAt,
+               "there is a closing brace too many up to here, so that the geoset that starts in "
+               "line " +
+                   std::to_string(lineNumberAt(text_.view(), block.begin)) + " ended too early.");
+    }
     Geoset geoset;
     const auto vertices = std::ranges::find(parts, SectionKind::Vertices, &Section::kind);
     if (vertices == parts.end()) {

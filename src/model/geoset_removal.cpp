@@ -38,23 +38,10 @@ struct Change {
     std::string replacement;
 };
 
-// Whether the keyword found at an offset is a word of its own, outside comments and strings.
-bool isWordAt(std::string_view text, std::size_t offset, std::string_view keyword) {
-    Lexer lexer(text, lineBeginOf(text, offset), lineEndOf(text, offset));
-    while (lexer.skipBlanks() && lexer.offset() < offset) {
-        const char ch = lexer.peek();
-        if (ch == '{' || ch == '}' || ch == ',') {
-            lexer.skip(ch);
-        } else {
-            lexer.word();
-        }
-    }
-    return !lexer.atEnd() && lexer.offset() == offset && lexer.word() == keyword;
-}
-
 // The number after a keyword that ends at an offset; nothing where none can be read.
-std::optional<IdReference> numberAfter(std::string_view text, std::size_t offset) {
-    Lexer lexer(text, offset, lineEndOf(text, offset));
+std::optional<IdReference> numberAfter(std::string_view text, std::size_t offset,
+                                       std::size_t lineEnd) {
+    Lexer lexer(text, offset, lineEnd);
     if (!lexer.skipBlanks() || lexer.peek() == '{' || lexer.peek() == '}' || lexer.peek() == ',') {
         return std::nullopt;
     }
@@ -68,21 +55,32 @@ std::optional<IdReference> numberAfter(std::string_view text, std::size_t offset
     return reference;
 }
 
+// Adds the numbers after a keyword in a line, outside comments and strings.
+void addReferences(std::string_view text, std::size_t lineBegin, std::size_t lineEnd,
+                   const IdProperty& property, std::vector<IdReference>& references) {
+    // A line of the tools' own that says anywhere that it names none is taken to mean it.
+    const std::string_view line = text.substr(lineBegin, lineEnd - lineBegin);
+    if (line.starts_with('\t') && line.substr(1).starts_with(property.keyword) &&
+        line.find(property.unset) != std::string_view::npos) {
+        return;
+    }
+    Lexer lexer(text, lineBegin, lineEnd);
+    while (lexer.skipBlanks()) {
+        if (lexer.skip('{') || lexer.skip('}') || lexer.skip(',')) continue;
+        if (lexer.word() != property.keyword) continue;
+        if (const auto found = numberAfter(text, lexer.offset(), lineEnd))
+            references.push_back(*found);
+    }
+}
+
 // All numbers after a keyword, in file order.
 std::vector<IdReference> findReferences(std::string_view text, const IdProperty& property) {
     std::vector<IdReference> references;
     std::size_t at = text.find(property.keyword);
-    for (; at != std::string_view::npos; at = text.find(property.keyword, at + 1)) {
-        if (!isWordAt(text, at, property.keyword)) continue;
-        // A line of the tools' own that says it anywhere is taken to mean it.
-        const std::string_view line = lineAt(text, at);
-        if (line.starts_with('\t') && line.substr(1).starts_with(property.keyword) &&
-            line.find(property.unset) != std::string_view::npos) {
-            continue;
-        }
-        if (const auto found = numberAfter(text, at + property.keyword.size())) {
-            references.push_back(*found);
-        }
+    while (at != std::string_view::npos) {
+        const std::size_t lineEnd = lineEndOf(text, at);
+        addReferences(text, lineBeginOf(text, at), lineEnd, property, references);
+        at = text.find(property.keyword, lineEnd);
     }
     return references;
 }

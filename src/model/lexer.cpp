@@ -1,7 +1,12 @@
 #include "model/lexer.h"
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -24,11 +29,9 @@ constexpr std::array<Stop, 256> makeStops() {
 
 constexpr std::array<Stop, 256> kStops = makeStops();
 
+// The first `ch` of the line, or the place of its line break, or `to`.
 const char* findInLine(const char* from, const char* to, char ch) {
-    const auto size = static_cast<std::size_t>(to - from);
-    const void* const lineBreak = std::memchr(from, '\n', size);
-    const char* const lineEnd = lineBreak != nullptr ? static_cast<const char*>(lineBreak) : to;
-    return std::find(from, lineEnd, ch);
+    return std::find_if(from, to, [ch](char c) { return c == ch || c == '\n'; });
 }
 
 // The places, in the order of a file, that have blocks of their own only at the top of a model.
@@ -57,43 +60,138 @@ constexpr std::array<std::string_view, 24> kTopLevelKeywords = {"Version",
                                                                 "BindPose",
                                                                 "SoundEmitter"};
 
-template <bool topLevel>
-std::optional<std::size_t> findEnd(std::string_view text, std::size_t from, std::size_t to,
-                                   std::size_t& unclosedAt) {
-    const char* const begin = text.data();
-    const char* const end = begin + to;
-    int depth = 1;
-    for (const char* at = begin + from; at != end; ++at) {
-        switch (kStops[static_cast<unsigned char>(*at)]) {
-            case Stop::None:
-                break;
-            case Stop::Open:
-                ++depth;
-                break;
-            case Stop::Close:
-                if (--depth == 0) return static_cast<std::size_t>(at - begin);
-                break;
-            case Stop::Quote: {
-                const char* const close = findInLine(at + 1, end, '"');
-                // Without an end the string is the rest of the line.
-                at = close == end || *close == '\n' ? close - 1 : close;
-                break;
-            }
-            case Stop::Slash:
-                if (at + 1 != end && at[1] == '/') at = findInLine(at, end, '\n') - 1;
-                break;
-            case Stop::LineBreak:
-                if constexpr (topLevel) {
-                    const auto next = static_cast<std::size_t>(at + 1 - begin);
-                    if (opensTopLevelBlock(text.substr(0, to), next)) {
-                        unclosedAt = next;
-                        return std::nullopt;
-                    }
-                }
-                break;
+#ifdef __SSE2__
+
+// How many bytes are looked at together where nothing but depths may change.
+constexpr std::ptrdiff_t kChunk = 16;
+
+int countBits(unsigned bits) {
+    int count = 0;
+    for (; bits != 0; bits &= bits - 1) ++count;
+    return count;
+}
+
+// Passes over a chunk in which the depth stays above `least` and nothing is to be looked at closer;
+// false, and nothing done, for any other. One byte more than the chunk must be there.
+bool skipChunk(const char*& at, int& depth, int least, bool lookAtLines) {
+    const __m128i chunk = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    const auto placesOf = [&](char ch) {
+        return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(chunk, _mm_set1_epi8(ch))));
+    };
+    if ((placesOf('"') | placesOf('/')) != 0) return false;
+    const unsigned open = placesOf('{');
+    const unsigned close = placesOf('}');
+    if (close != 0) {
+        const int opened = countBits(open);
+        const int closed = countBits(close);
+        // A row that opens and closes leaves the depth as it is.
+        const bool isRow = opened == 1 && closed == 1 && open < close;
+        if (!isRow && depth - closed <= least) return false;
+    }
+    if (depth <= least) return false;
+    if (lookAtLines) {
+        for (unsigned lines = placesOf('\n'); lines != 0; lines &= lines - 1) {
+            const char next = at[std::countr_zero(lines) + 1];
+            if (next >= 'A' && next <= 'Z') return false;
         }
     }
-    unclosedAt = to;
+    depth += countBits(open) - countBits(close);
+    at += kChunk;
+    return true;
+}
+
+#else
+
+constexpr std::ptrdiff_t kChunk = 64;
+
+bool skipChunk(const char*&, int&, int, bool) { return false; }
+
+#endif
+
+// Finds the brace that closes a block, from the first byte of its content on.
+class BlockEndFinder {
+public:
+    BlockEndFinder(std::string_view text, std::size_t from, std::size_t to, bool topLevel,
+                   bool ownLevel)
+        : begin_(text.data()),
+          at_(text.data() + from),
+          end_(text.data() + to),
+          topLevel_(topLevel),
+          ownLevel_(ownLevel) {}
+
+    // The brace; nothing where there is none up to unclosedAt().
+    std::optional<std::size_t> find();
+    std::size_t unclosedAt() const { return unclosedAt_; }
+
+private:
+    enum class Step : std::uint8_t { GoOn, Closed, Unclosed };
+    Step step();
+    bool anotherBlockBegins() const;
+
+    const char* begin_;
+    const char* at_;
+    const char* end_;
+    bool topLevel_;
+    bool ownLevel_;
+    int depth_ = 1;
+    std::size_t unclosedAt_ = 0;
+};
+
+// Whether the line after the line break here begins another block at the top.
+bool BlockEndFinder::anotherBlockBegins() const {
+    const char* word = at_ + 1;
+    if (ownLevel_ && depth_ == 1) {
+        while (word != end_ && (*word == ' ' || *word == '\t')) ++word;
+    }
+    return opensTopLevelBlock({begin_, static_cast<std::size_t>(end_ - begin_)},
+                              static_cast<std::size_t>(word - begin_));
+}
+
+// Looks at one byte, and at what begins with it, and goes past it.
+BlockEndFinder::Step BlockEndFinder::step() {
+    switch (kStops[static_cast<unsigned char>(*at_)]) {
+        case Stop::None:
+            break;
+        case Stop::Open:
+            ++depth_;
+            break;
+        case Stop::Close:
+            if (--depth_ == 0) return Step::Closed;
+            break;
+        case Stop::Quote:
+            at_ = findInLine(at_ + 1, end_, '"');
+            // Without an end the string is the rest of the line.
+            if (at_ == end_ || *at_ == '\n') return Step::GoOn;
+            break;
+        case Stop::Slash:
+            if (at_ + 1 != end_ && at_[1] == '/') {
+                at_ = findInLine(at_, end_, '\n');
+                return Step::GoOn;
+            }
+            break;
+        case Stop::LineBreak:
+            if (topLevel_ && anotherBlockBegins()) {
+                unclosedAt_ = static_cast<std::size_t>(at_ + 1 - begin_);
+                return Step::Unclosed;
+            }
+            break;
+    }
+    ++at_;
+    return Step::GoOn;
+}
+
+std::optional<std::size_t> BlockEndFinder::find() {
+    const int least = ownLevel_ ? 1 : 0;
+    while (at_ < end_) {
+        if (end_ - at_ > kChunk && skipChunk(at_, depth_, least, topLevel_)) continue;
+        const char* const chunkEnd = end_ - at_ > kChunk ? at_ + kChunk : end_;
+        while (at_ < chunkEnd) {
+            const Step done = step();
+            if (done == Step::Closed) return static_cast<std::size_t>(at_ - begin_);
+            if (done == Step::Unclosed) return std::nullopt;
+        }
+    }
+    unclosedAt_ = static_cast<std::size_t>(end_ - begin_);
     return std::nullopt;
 }
 
@@ -131,24 +229,31 @@ std::string_view Lexer::word() {
 }
 
 std::optional<std::size_t> findBlockEnd(std::string_view text, std::size_t from, std::size_t to) {
-    std::size_t unclosedAt = 0;
-    return findEnd<false>(text, from, to, unclosedAt);
+    return BlockEndFinder(text, from, to, false, false).find();
 }
 
 std::optional<std::size_t> findTopLevelBlockEnd(std::string_view text, std::size_t from,
-                                                std::size_t to, std::size_t& unclosedAt) {
-    return findEnd<true>(text, from, to, unclosedAt);
+                                                std::size_t to, bool ownLevel,
+                                                std::size_t& unclosedAt) {
+    BlockEndFinder finder(text, from, to, true, ownLevel);
+    const std::optional<std::size_t> brace = finder.find();
+    unclosedAt = finder.unclosedAt();
+    return brace;
 }
 
-bool opensTopLevelBlock(std::string_view text, std::size_t lineBegin) {
-    if (lineBegin >= text.size() || text[lineBegin] < 'A' || text[lineBegin] > 'Z') return false;
-    Lexer lexer(text, lineBegin, text.size());
+bool isTopLevelKeyword(std::string_view keyword) {
+    return std::ranges::find(kTopLevelKeywords, keyword) != kTopLevelKeywords.end();
+}
+
+bool opensTopLevelBlock(std::string_view text, std::size_t wordBegin) {
+    if (wordBegin >= text.size() || text[wordBegin] < 'A' || text[wordBegin] > 'Z') return false;
+    Lexer lexer(text, wordBegin, text.size());
     const std::string_view keyword = lexer.word();
-    if (std::ranges::find(kTopLevelKeywords, keyword) == kTopLevelKeywords.end()) return false;
-    const std::size_t lineEnd = lineEndOf(text, lineBegin);
-    while (lexer.skipBlanks() && lexer.offset() < lineEnd) {
+    if (!isTopLevelKeyword(keyword)) return false;
+    const std::size_t lineEnd = lineEndOf(text, wordBegin);
+    while (lexer.skipBlanks()) {
         if (lexer.peek() == '{') return true;
-        if (lexer.peek() == '}' || lexer.peek() == ',') return false;
+        if (lexer.peek() == '}' || lexer.peek() == ',' || lexer.offset() >= lineEnd) return false;
         lexer.word();
     }
     return false;
@@ -176,8 +281,8 @@ std::string_view lineAt(std::string_view text, std::size_t offset) {
 }
 
 bool isRestOfLineBlank(std::string_view text, std::size_t offset) {
-    Lexer lexer(text, offset, lineEndOf(text, offset));
-    return !lexer.skipBlanks();
+    const std::size_t at = text.find_first_not_of(" \t\r\v\f", offset);
+    return at == std::string_view::npos || text[at] == '\n' || text.substr(at, 2) == "//";
 }
 
 }  // namespace corvane

@@ -62,15 +62,20 @@ private:
 /// does before `to`. Braces in strings and comments do not count.
 std::optional<std::size_t> findBlockEnd(std::string_view text, std::size_t from, std::size_t to);
 
-/// The same for a block at the top of a model, which also ends, unclosed, where a line without
-/// indentation begins another such block (see opensTopLevelBlock): then `unclosedAt` is the
-/// beginning of that line, or `to` where the text ends, and nothing is returned.
+/// The same for a block at the top of a model, which also ends, unclosed, where a line begins
+/// another such block (see opensTopLevelBlock) and is not indented, or, with `ownLevel`, stands at
+/// the block's own level. Then `unclosedAt` is the beginning of that line, or `to` where the text
+/// ends, and nothing is returned.
 std::optional<std::size_t> findTopLevelBlockEnd(std::string_view text, std::size_t from,
-                                                std::size_t to, std::size_t& unclosedAt);
+                                                std::size_t to, bool ownLevel,
+                                                std::size_t& unclosedAt);
 
-/// Whether the line that begins at `lineBegin`, which is not indented, begins a block that models
-/// have at the top only, such as "Geoset {" or "Bone \"Head\" {".
-bool opensTopLevelBlock(std::string_view text, std::size_t lineBegin);
+/// Whether blocks with this keyword stand at the top of a model, and only there.
+bool isTopLevelKeyword(std::string_view keyword);
+
+/// Whether the first word of a line, which begins at `wordBegin`, begins a block that models have
+/// at the top only, such as "Geoset {" or "Bone \"Head\" {". Its brace may be on the next line.
+bool opensTopLevelBlock(std::string_view text, std::size_t wordBegin);
 
 /// The offset at which the line with the byte at `offset` begins.
 std::size_t lineBeginOf(std::string_view text, std::size_t offset);

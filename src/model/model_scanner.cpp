@@ -61,9 +61,11 @@ struct Opening {
 };
 
 // The next opening of a block, the lexer after its brace; nothing at the end. What has no block,
-// such as "MaterialID 0,", is passed over, after `onBare` had a look at it.
-template <typename OnBare>
-std::optional<Opening> nextOpening(Lexer& lexer, std::string_view text, OnBare onBare) {
+// such as "MaterialID 0,", is passed over, after `onBare` had a look at it, and so is a brace that
+// closes nothing, after `onStray` was told its offset.
+template <typename OnBare, typename OnStray>
+std::optional<Opening> nextOpening(Lexer& lexer, std::string_view text, OnBare onBare,
+                                   OnStray onStray) {
     Opening opening;
     bool inHeader = false;
     std::size_t headerEnd = 0;
@@ -83,6 +85,7 @@ std::optional<Opening> nextOpening(Lexer& lexer, std::string_view text, OnBare o
             return opening;
         }
         if (ch == '}' || ch == ',') {
+            if (ch == '}') onStray(lexer.offset());
             lexer.skip(ch);
             leaveHeader();
             continue;
@@ -106,41 +109,11 @@ std::optional<Opening> nextOpening(Lexer& lexer, std::string_view text, OnBare o
 }
 
 constexpr auto kIgnoreBare = [](const Opening&) {};
-
-// The end of a block at the top whose header is not indented and whose content is, as far as its
-// lines tell: the first line that begins with a brace. Nothing where any other line is not
-// indented.
-std::optional<Line> closingLine(std::string_view text, std::size_t from) {
-    LineCursor cursor(text, from);
-    Line line;
-    while (cursor.next(line)) {
-        if (line.text.empty() || line.text[0] == '\t' || line.text[0] == ' ') continue;
-        if (line.text[0] == '}') return line;
-        if (!startsWith(line.text, "//")) break;
-    }
-    return std::nullopt;
-}
-
-// The end of a section in the tools' shape: its header one tab deep, a line that is a tab and a
-// brace, and all between them deeper.
-std::optional<Line> closingSectionLine(std::string_view text, std::size_t from) {
-    LineCursor cursor(text, from);
-    Line line;
-    while (cursor.next(line)) {
-        if (startsWith(line.text, "\t\t")) continue;
-        if (line.text == "\t}") return line;
-        break;
-    }
-    return std::nullopt;
-}
+constexpr auto kIgnoreStray = [](std::size_t) {};
 
 void endAfterBrace(ModelBlock& block, std::string_view text, std::size_t brace) {
     block.bodyEnd = withIndentation(text, brace, block.bodyBegin);
-    // More of the line goes with the block unless it is another block.
-    const std::size_t lineEnd = lineEndOf(text, brace);
-    Lexer rest(text, brace + 1, lineEnd);
-    const bool another = nextOpening(rest, text, kIgnoreBare).has_value();
-    block.end = another ? brace + 1 : lineEnd;
+    block.end = isRestOfLineBlank(text, brace + 1) ? lineEndOf(text, brace) : brace + 1;
 }
 
 ModelBlock blockAt(std::string_view text, const Opening& opening, std::size_t least) {
@@ -149,16 +122,11 @@ ModelBlock blockAt(std::string_view text, const Opening& opening, std::size_t le
     block.begin = withIndentation(text, opening.keywordAt, least);
     const std::size_t afterBrace = opening.brace + 1;
     block.bodyBegin = contentBegin(text, afterBrace);
-    const bool indented = block.begin != opening.keywordAt;
-    if (!indented && block.bodyBegin != afterBrace) {
-        if (const std::optional<Line> last = closingLine(text, block.bodyBegin)) {
-            endAfterBrace(block, text, last->begin);
-            return block;
-        }
-    }
-    block.byBraces = true;
     std::size_t unclosedAt = 0;
-    if (const auto brace = findTopLevelBlockEnd(text, afterBrace, text.size(), unclosedAt)) {
+    // What models have at the top only never stands in a geoset.
+    const bool isGeoset = block.keyword == kGeoset;
+    if (const auto brace =
+            findTopLevelBlockEnd(text, afterBrace, text.size(), isGeoset, unclosedAt)) {
         endAfterBrace(block, text, *brace);
     } else {
         block.bodyBegin = std::min(block.bodyBegin, unclosedAt);
@@ -181,30 +149,27 @@ std::vector<Section> scanKnownParts(const ModelText& model, const GeosetBlock& g
                              "the header of the section " + std::string(bare.keyword) +
                                  " has no opening brace \"{\".");
     };
-    while (const std::optional<Opening> opening = nextOpening(lexer, text, refuseBare)) {
+    while (const std::optional<Opening> opening =
+               nextOpening(lexer, text, refuseBare, kIgnoreStray)) {
         const std::size_t afterBrace = opening->brace + 1;
         const std::optional<SectionKind> kind = kindOf(opening->keyword);
         Section section;
         section.begin = withIndentation(text, opening->keywordAt, least);
         section.header = text.substr(section.begin, afterBrace - section.begin);
         section.bodyBegin = contentBegin(text, afterBrace);
-        std::optional<Line> last;
-        const bool oneTab = section.begin + 1 == opening->keywordAt && section.header[0] == '\t';
-        if (oneTab && section.bodyBegin != afterBrace) {
-            last = closingSectionLine(text, section.bodyBegin);
-        }
-        if (last) {
-            section.bodyEnd = last->begin;
-            section.end = last->begin + last->text.size();
-        } else if (const auto brace = findBlockEnd(text, afterBrace, geoset.bodyEnd)) {
-            section.bodyEnd = withIndentation(text, *brace, section.bodyBegin);
-            section.end = *brace + 1;
-        } else {
+        const auto brace = findBlockEnd(text, afterBrace, geoset.bodyEnd);
+        // Where the geoset lacks a brace, one that is not indented is the geoset's.
+        const bool takesTheGeosets = brace && !geoset.closed &&
+                                     *brace == lineBeginOf(text, *brace) &&
+                                     section.begin != opening->keywordAt;
+        if (!brace || takesTheGeosets) {
             throw ModelTextError(model, opening->keywordAt,
                                  "the section " + std::string(opening->keyword) +
                                      " that starts here does not end (a closing brace \"}\" is "
                                      "missing in its geoset).");
         }
+        section.bodyEnd = withIndentation(text, *brace, section.bodyBegin);
+        section.end = *brace + 1;
         lexer.moveTo(text.data() + section.end);
         least = section.end;
         if (!kind) continue;
@@ -249,7 +214,17 @@ std::vector<ModelBlock> scanBlocks(std::string_view text) {
     std::vector<ModelBlock> blocks;
     Lexer lexer(text, 0, text.size());
     std::size_t least = 0;
-    while (const std::optional<Opening> opening = nextOpening(lexer, text, kIgnoreBare)) {
+    // It may belong to any block from the latest one that has its place at the top.
+    const auto noteStray = [&](std::size_t offset) {
+        for (auto block = blocks.rbegin(); block != blocks.rend(); ++block) {
+            block->strayAt = std::min(block->strayAt, offset);
+            if (isTopLevelKeyword(block->keyword)) break;
+        }
+    };
+    while (const std::optional<Opening> opening =
+               nextOpening(lexer, text, kIgnoreBare, noteStray)) {
+        // A section outside of its geoset, which then ended too early.
+        if (kindOf(opening->keyword)) noteStray(opening->keywordAt);
         blocks.push_back(blockAt(text, *opening, least));
         least = blocks.back().end;
         lexer.moveTo(text.data() + least);

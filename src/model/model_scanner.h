@@ -1,8 +1,8 @@
 // Finds where the blocks of a model, and the sections of one geoset, begin and end. Counting,
 // reading, writing and removing all use what it finds, so they cannot disagree.
 //
-// What the tools write, one tab a level and one thing a line, is found by its lines, which is fast
-// and forgives much inside them. Everything else is found by its braces.
+// All of it goes by braces, whatever the layout, so that a model means the same before and after
+// the sections of a geoset were written anew. Braces in strings and comments count for nothing.
 #pragma once
 
 #include <cstddef>
@@ -23,16 +23,19 @@ struct ModelBlock {
     std::size_t bodyEnd = 0;    ///< first byte of the closing line; the closing brace where
                                 ///< something else stands before it on its line
     std::size_t end = 0;        ///< first byte after the closing line; after the brace where
-                                ///< another block begins on that line
+                                ///< something else follows on that line
     bool closed = true;         ///< false where its closing brace is missing
-    bool byBraces = false;      ///< its end was found by its braces, not by its lines
+    /// Where something stands after it that belongs into a block, such as a closing brace that
+    /// closes nothing or a section of a geoset; npos for nothing. Then the block may have ended too
+    /// early.
+    std::size_t strayAt = std::string_view::npos;
 };
 
 /// A geoset's block.
 using GeosetBlock = ModelBlock;
 
 /// All blocks at the top of a model in file order. A block that is not closed ends where a line
-/// without indentation opens the next one.
+/// opens the next one.
 std::vector<ModelBlock> scanBlocks(std::string_view text);
 
 /// The geosets of a model in file order; geoset n of the file is entry n - 1.

@@ -47,7 +47,7 @@ public:
 
 private:
     std::string sectionText(SectionKind kind, std::string_view lineBreak) const;
-    std::string rowsText(const RowSection& rows);
+    std::string rowsText(const RowSection& rows, const std::vector<std::int16_t>& fileRows);
     const RowSection* find(std::string_view keyword, int ordinal) const;
     std::string replacement(const Section& part);
     std::string missingParts();
@@ -71,9 +71,10 @@ std::string GeosetWriter::sectionText(SectionKind kind, std::string_view lineBre
     return text;
 }
 
-std::string GeosetWriter::rowsText(const RowSection& rows) {
+std::string GeosetWriter::rowsText(const RowSection& rows,
+                                   const std::vector<std::int16_t>& fileRows) {
     std::size_t neutralRows = 0;
-    std::string text = composeRowSection(rows, fileRows_, neutralRows);
+    std::string text = composeRowSection(rows, fileRows, neutralRows);
     if (neutral_ != nullptr && neutralRows > 0) {
         neutral_->rows += neutralRows;
         neutral_->sectionNames.push_back(rows.keyword);
@@ -98,9 +99,10 @@ std::string GeosetWriter::replacement(const Section& part) {
     const auto ordinal = static_cast<int>(
         std::ranges::count(writtenRows_, keyword, &std::pair<std::string, int>::first));
     writtenRows_.emplace_back(keyword, ordinal);
-    if (const RowSection* const rows = find(keyword, ordinal)) return rowsText(*rows);
+    if (const RowSection* const rows = find(keyword, ordinal)) return rowsText(*rows, fileRows_);
     // The geoset in memory is another one, which has no rows for it.
-    return rowsText(readRowSection(base_, part, ordinal, kMaxVertices + 1));
+    const std::vector<std::int16_t> noRows(fileRows_.size(), kNoRow);
+    return rowsText(readRowSection(base_, part, ordinal, kMaxVertices + 1), noRows);
 }
 
 // The parts that the file's geoset lacks and the one in memory has, each on lines of its own.
@@ -126,7 +128,7 @@ std::string GeosetWriter::missingParts() {
             writtenRows_.end()) {
             continue;
         }
-        text += rowsText(rows);
+        text += rowsText(rows, fileRows_);
         text += lineBreak;
     }
     return text;

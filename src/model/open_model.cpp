@@ -20,8 +20,7 @@ void showReadError(Editor& editor, const std::string& what, const std::string& a
     editor.dialogs.messageBox(kErrorCaption, what + "\n\n" + advice);
 }
 
-// Whether a geoset that its braces delimit is still the same one after a save. Where they do not
-// balance, the tools' layout of the sections that a save writes may let it end elsewhere.
+// Whether a geoset that is not closed would still be the same one after a save.
 bool staysWhole(const ModelText& text, const std::vector<GeosetBlock>& geosets,
                 const PickedGeoset& picked) {
     const ModelText saved(text.path(),
@@ -143,10 +142,10 @@ std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelText& text,
         picked.geoset = parseGeoset(text, geosets, picked.geosetNumber, &notes);
         if (picked.geosetNumber <= static_cast<int>(geosets.size())) {
             const GeosetBlock& block = geosets[static_cast<std::size_t>(picked.geosetNumber) - 1];
-            if (block.byBraces && !staysWhole(text, geosets, picked)) {
+            if (!block.closed && !staysWhole(text, geosets, picked)) {
                 throw ModelTextError(text, block.begin,
-                                     "the braces of the geoset that starts here do not balance, so "
-                                     "that it could not be read again after a save.");
+                                     "the geoset that starts here is not closed, and could not be "
+                                     "read again after a save.");
             }
         }
         if (notes.notFinite > 0) showNotFinite(editor, text, notes);

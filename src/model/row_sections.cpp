@@ -52,6 +52,8 @@ void RowReader::addRow(std::size_t dataBegin, std::size_t dataEnd) {
     SectionRow row;
     row.begin = static_cast<std::uint32_t>(section_.rows.empty() ? section_.rowsBegin
                                                                  : section_.rows.back().end);
+    row.ownBegin =
+        std::max(row.begin, static_cast<std::uint32_t>(lineBeginOf(section_.text, dataBegin)));
     row.dataBegin = static_cast<std::uint32_t>(dataBegin);
     row.dataEnd = static_cast<std::uint32_t>(dataEnd);
     Lexer after = lexer_;
@@ -105,6 +107,13 @@ std::optional<std::size_t> RowReader::readNumbers() {
             end = lexer_.offset();
         }
         addRow(begin, end);
+        // Rows of uneven lines would be taken together wrongly.
+        const std::string_view data = std::string_view(section_.text).substr(begin, end - begin);
+        const bool wrapped = data.find('\n') != std::string_view::npos;
+        if (wrapped && lexer_.offset() < bodyEnd_ && section_.text[lexer_.offset() - 1] != '\n') {
+            reason_ = "the row that starts here does not end with a line.";
+            return begin;
+        }
     }
     return std::nullopt;
 }
@@ -124,8 +133,14 @@ std::string neutralData(const RowSection& section) {
         const SectionRow& row = section.rows.front();
         const std::string_view data =
             std::string_view(section.text).substr(row.dataBegin, row.dataEnd - row.dataBegin);
-        columns = countChar(data, ',') + 1;
         braced = data.starts_with('{');
+        columns = 0;
+        Lexer lexer(data, 0, data.size());
+        while (lexer.skipBlanks()) {
+            if (lexer.skip('{') || lexer.skip('}') || lexer.skip(',')) continue;
+            lexer.word();
+            ++columns;
+        }
     }
     std::string text;
     for (std::size_t column = 0; column < columns; ++column) {
@@ -204,6 +219,7 @@ std::string composeRowSection(const RowSection& section, const std::vector<std::
     }
     out += text.substr(section.countEnd, section.rowsBegin - section.countEnd);
     const std::string neutral = neutralRow(section);
+    std::vector<bool> written(section.rows.size());
     for (std::size_t i = 0; i < fileRows.size(); ++i) {
         const auto fileRow = static_cast<std::size_t>(fileRows[i]);
         if (fileRows[i] == kNoRow || fileRow >= section.rows.size()) {
@@ -212,7 +228,10 @@ std::string composeRowSection(const RowSection& section, const std::vector<std::
             continue;
         }
         const SectionRow& row = section.rows[fileRow];
-        out += text.substr(row.begin, row.dataEnd - row.begin);
+        // A copy of a row does without the comments on the lines before it.
+        const std::uint32_t begin = written[fileRow] ? row.ownBegin : row.begin;
+        written[fileRow] = true;
+        out += text.substr(begin, row.dataEnd - begin);
         // The last row of a file may go without the comma that it needs before another one.
         if (!row.hasComma && i + 1 < fileRows.size()) out += ',';
         out += text.substr(row.dataEnd, row.end - row.dataEnd);

@@ -16,6 +16,8 @@ struct Section;
 /// One row in the text of its section, as offsets into that text.
 struct SectionRow {
     std::uint32_t begin = 0;      ///< where the row before it ends
+    std::uint32_t ownBegin = 0;   ///< the same, or the beginning of its own line where lines with
+                                  ///< nothing but comments stand between
     std::uint32_t dataBegin = 0;  ///< first byte of its numbers, or of their opening brace
     std::uint32_t dataEnd = 0;    ///< first byte after its numbers, or after their closing brace
     std::uint32_t end = 0;        ///< after its comma, and after the line break if that follows

@@ -168,12 +168,11 @@ void sayNeutralRows(Editor& editor, const NeutralRows& neutral) {
     std::string names;
     for (const std::string& name : neutral.sectionNames)
         names += (names.empty() ? "" : ", ") + name;
-    editor.dialogs.messageBox(
-        kWarningCaption,
-        "The file also keeps " + names +
-            " for every vertex. Merged vertices have none, so they were saved with "
-            "neutral values there (" +
-            std::to_string(neutral.rows) + " rows).");
+    editor.dialogs.messageBox(kWarningCaption, "The file also keeps " + names +
+                                                   " for every vertex. Vertices without a row of "
+                                                   "their own there, such as merged ones, were "
+                                                   "saved with neutral values (" +
+                                                   std::to_string(neutral.rows) + " rows).");
 }
 
 // Writes the geoset in memory in its place in the model, or alone.
@@ -191,6 +190,9 @@ void writeGeoset(Editor& editor, const Base& base, bool singleGeoset) {
     try {
         const auto compose = singleGeoset ? composeSingleGeoset : composeModel;
         saved = compose(base.text, base.geosets, store.geosetNumber, store, &neutral);
+    } catch (const ModelTextError& error) {
+        showSaveError(editor, error.what());
+        return;
     } catch (const std::runtime_error& error) {
         showSaveError(editor, error.what(),
                       "Your edits are still here, but the rows of that section cannot follow the "
@@ -199,11 +201,11 @@ void writeGeoset(Editor& editor, const Base& base, bool singleGeoset) {
         return;
     }
     if (!replaceModel(editor, saved->pieces())) return;
-    sayNeutralRows(editor, neutral);
     store.modified = false;
     editor.workingCopy.geosetRemoved = false;
     if (singleGeoset) store.geosetNumber = 1;
     renewWorkingCopy(editor, saved->pieces());
+    sayNeutralRows(editor, neutral);
 }
 
 void saveAsItIs(Editor& editor, const Base& base) {

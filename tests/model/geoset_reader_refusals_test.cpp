@@ -51,7 +51,8 @@ TEST(RefusedGeoset, HasARowWithTooFewNumbers) {
     EXPECT_EQ(readingError(vertexRow("\t\t{ 1, 2 }")),
               "hero.mdl, line 4: \"\t\t{ 1, 2 }\" does not hold 3 numbers in braces.");
     EXPECT_EQ(readingError(vertexRow("\t\t{ 1, 2, 3")),
-              "hero.mdl, line 4: \"\t\t{ 1, 2, 3\" does not hold 3 numbers in braces.");
+              "hero.mdl, line 2: the section Vertices that starts here does not end (a closing "
+              "brace \"}\" is missing in its geoset).");
     EXPECT_EQ(readingError(geosetWith("\tTVertices 2 {\n\t\t{ 1 },\n\t}\n")),
               "hero.mdl, line 7: \"1 }\" is not a number.");
 }
@@ -59,7 +60,9 @@ TEST(RefusedGeoset, HasARowWithTooFewNumbers) {
 TEST(RefusedGeoset, HasARowOfAnotherShape) {
     EXPECT_EQ(readingError(vertexRow("\t\t1, 2, 3,")),
               "hero.mdl, line 4: \"\t\t1, 2, 3,\" is not a row of 3 numbers in braces.");
-    EXPECT_EQ(readingError(vertexRow("}")).substr(0, 18), "hero.mdl, line 2: ");
+    EXPECT_EQ(readingError(vertexRow("}")),
+              "hero.mdl, line 6: there is a closing brace too many up to here, so that the geoset "
+              "that starts in line 1 ended too early.");
 }
 
 TEST(RefusedGeoset, IsQuotedOnlyInPart) {
@@ -156,9 +159,9 @@ TEST(RefusedGeoset, HasAnIndexLineThatIsNoMultipleOfThree) {
 TEST(RefusedGeoset, HasAnIndexLineOfAnotherShape) {
     EXPECT_EQ(readingError(geosetWithIndices("\t\t\t0, 1, 0,\n")),
               "hero.mdl, line 8: \"\t\t\t0, 1, 0,\" is not a list of vertex indices in braces.");
-    // The brace that ends the group ends the list, and the group goes on.
     EXPECT_EQ(readingError(geosetWithIndices("\t\t\t{ 0, 1, 0\n")),
-              "hero.mdl, line 6: the list of triangles does not end.");
+              "hero.mdl, line 6: the section Faces that starts here does not end (a closing "
+              "brace \"}\" is missing in its geoset).");
 }
 
 TEST(RefusedGeoset, HasAGroupOfOtherShapesBesideTriangles) {
@@ -190,7 +193,8 @@ TEST(RefusedGeoset, HasATriangleListWithoutAnEnd) {
                                       "\t\tTriangles {\n"
                                       "\t\t\t{ 0, 1, 0 },\n"
                                       "\t}\n")),
-              "hero.mdl, line 6: the list of triangles does not end.");
+              "hero.mdl, line 6: the section Faces that starts here does not end (a closing "
+              "brace \"}\" is missing in its geoset).");
 }
 
 TEST(RefusedGeoset, HasAFacesHeaderWithoutACount) {
@@ -280,7 +284,8 @@ TEST(RefusedGeoset, HasAMatrixLineOfAnotherShape) {
     EXPECT_EQ(readingError(geosetWith("\tGroups 1 1 {\n\t\t{ 0 },\n\t}\n")),
               "hero.mdl, line 7: \"\t\t{ 0 },\" is not a matrix group.");
     EXPECT_EQ(readingError(geosetWith("\tGroups 1 1 {\n\t\tMatrices { 0,\n\t}\n")),
-              "hero.mdl, line 7: \"\t\tMatrices { 0,\" is not a matrix group.");
+              "hero.mdl, line 6: the section Groups that starts here does not end (a closing "
+              "brace \"}\" is missing in its geoset).");
 }
 
 TEST(RefusedGeoset, HasNoVertices) {

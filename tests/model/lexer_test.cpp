@@ -77,22 +77,52 @@ TEST(FindBlockEnd, LooksIntoNoStringAndNoComment) {
     EXPECT_EQ(endOf("/"), std::nullopt);
 }
 
-TEST(FindTopLevelBlockEnd, StopsWhereAnotherBlockBegins) {
-    const std::string_view text = "{ 1, }\nBone \"A\" {\n}\n";
+// Where a block ends, or where it ends unclosed as a negative number less 1.
+std::ptrdiff_t topLevelEndOf(std::string_view text, bool ownLevel = false) {
     std::size_t unclosedAt = 0;
-    EXPECT_EQ(findTopLevelBlockEnd(text, 0, text.size(), unclosedAt), std::nullopt);
-    EXPECT_EQ(unclosedAt, 7U);
-    EXPECT_EQ(findTopLevelBlockEnd("{ 1, }\n", 0, 7, unclosedAt), std::nullopt);
-    EXPECT_EQ(unclosedAt, 7U);
-    // Blocks of these names may stand in others, or their lines are indented.
-    EXPECT_EQ(findTopLevelBlockEnd("\nVertices {\n}\n}", 0, 15, unclosedAt), 14U);
-    EXPECT_EQ(findTopLevelBlockEnd("\n\tBone {\n}\n}", 0, 12, unclosedAt), 11U);
+    const auto end = findTopLevelBlockEnd(text, 0, text.size(), ownLevel, unclosedAt);
+    return end ? static_cast<std::ptrdiff_t>(*end) : -static_cast<std::ptrdiff_t>(unclosedAt) - 1;
 }
 
-TEST(OpensTopLevelBlock, WantsAKnownKeywordAndABraceOnItsLine) {
+TEST(FindTopLevelBlockEnd, StopsWhereAnotherBlockBegins) {
+    EXPECT_EQ(topLevelEndOf("{ 1, }\nBone \"A\" {\n}\n"), -7 - 1);
+    EXPECT_EQ(topLevelEndOf("{ 1, }\nBone \"A\"\n{\n}\n"), -7 - 1);
+    EXPECT_EQ(topLevelEndOf("{ 1, }\n"), -7 - 1);
+    EXPECT_EQ(topLevelEndOf("{ 1, }\n}"), 7);
+    // Blocks of these names may stand in others.
+    EXPECT_EQ(topLevelEndOf("\nVertices {\n}\n}"), 14);
+}
+
+TEST(FindTopLevelBlockEnd, StopsAtAnIndentedBlockOnlyAtItsOwnLevel) {
+    EXPECT_EQ(topLevelEndOf("\n\tBone {\n}\n}"), 11);
+    EXPECT_EQ(topLevelEndOf("\n\tBone {\n}\n}", true), -1 - 1);
+    EXPECT_EQ(topLevelEndOf("{\n\tBone {\n}\n} }", true), 14);
+}
+
+// Long texts are looked at in chunks, and whatever a chunk begins or ends with must count.
+TEST(FindTopLevelBlockEnd, SeesEveryByteOfALongText) {
+    for (std::size_t blanks = 0; blanks < 70; ++blanks) {
+        const std::string gap(blanks, ' ');
+        for (const bool ownLevel : {false, true}) {
+            const std::string rows = gap + "\t{ 1, 2 },\n" + gap + "{{" + gap + "}" + gap + "}";
+            EXPECT_EQ(topLevelEndOf(rows + "}" + gap + "}" + gap, ownLevel), std::ssize(rows));
+            EXPECT_EQ(topLevelEndOf(gap + "\"}" + gap + "\"" + gap + "}" + gap, ownLevel),
+                      3 + 3 * std::ssize(gap));
+            EXPECT_EQ(topLevelEndOf(gap + "//}" + gap + "\n" + gap + "}" + gap, ownLevel),
+                      4 + 3 * std::ssize(gap));
+            EXPECT_EQ(topLevelEndOf("{{" + gap + "\nGeoset {" + gap + "}}}", ownLevel),
+                      -3 - std::ssize(gap) - 1);
+            EXPECT_EQ(topLevelEndOf("{{ " + gap + "}" + gap + "}" + gap, ownLevel),
+                      -5 - 3 * std::ssize(gap) - 1);
+        }
+    }
+}
+
+TEST(OpensTopLevelBlock, WantsAKnownKeywordAndABrace) {
     EXPECT_TRUE(opensTopLevelBlock("Geoset {", 0));
     EXPECT_TRUE(opensTopLevelBlock("x\nBone \"A {\"{\n", 2));
-    EXPECT_FALSE(opensTopLevelBlock("Geoset\n{", 0));
+    EXPECT_TRUE(opensTopLevelBlock("Geoset // here\n{", 0));
+    EXPECT_FALSE(opensTopLevelBlock("Geoset\nMaterialID {", 0));
     EXPECT_FALSE(opensTopLevelBlock("GeosetId 0, {", 0));
     EXPECT_FALSE(opensTopLevelBlock("Geoset 0, {", 0));
     EXPECT_FALSE(opensTopLevelBlock("Bone \"A {\"", 0));

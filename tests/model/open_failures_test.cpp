@@ -120,17 +120,18 @@ TEST_F(OpenFailuresTest, AGeosetWithoutVerticesIsRefused) {
     });
 }
 
-// Its braces say that it ends in line 5. With its vertices in the tools' layout, as a save writes
-// them, its lines would say that it ends in line 9, and hold two sections of a kind.
-TEST_F(OpenFailuresTest, AGeosetThatASaveWouldMakeUnreadableIsRefused) {
+// It ends in line 5 by its braces, and would lose its faces without a word.
+TEST_F(OpenFailuresTest, AGeosetWithAClosingBraceTooManyIsRefused) {
     const std::string path = folder.write("odd.mdl",
                                           "Geoset {\n"
                                           "\tVertices 1 {\n"
-                                          "{ 0, 0, 0 },\n"
-                                          "\t}\n"
-                                          "\t} 1, 0 },\n"
-                                          "\tVertices 1 {\n"
                                           "\t\t{ 0, 0, 0 },\n"
+                                          "\t}\n"
+                                          "\t}\n"
+                                          "\tFaces 1 3 {\n"
+                                          "\t\tTriangles {\n"
+                                          "\t\t\t{ 0, 0, 0 },\n"
+                                          "\t\t}\n"
                                           "\t}\n"
                                           "}\n");
     expectNothingChanges([&] {
@@ -138,8 +139,8 @@ TEST_F(OpenFailuresTest, AGeosetThatASaveWouldMakeUnreadableIsRefused) {
         ASSERT_EQ(askedKinds(), "open message");
         expectLast("message", "Error",
                    "Geoset 1 cannot be read.\n" + path +
-                       ", line 1: the braces of the geoset that starts here do not balance, so "
-                       "that it could not be read again after a save." +
+                       ", line 6: there is a closing brace too many up to here, so that the geoset "
+                       "that starts in line 1 ended too early." +
                        kOpenAdvice);
     });
 }

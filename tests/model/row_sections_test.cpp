@@ -138,11 +138,34 @@ TEST(ComposeRowSection, RefusesRowsThatCannotBeToldApartOnlyWhereTheyWouldHaveTo
     }
 }
 
-TEST(ComposeRowSection, NamesARowThatDoesNotEndOrIsNone) {
+TEST(ComposeRowSection, NamesWhatIsNoRow) {
     EXPECT_EQ(read("\tTangents 2 {\n\t\t{ 1, 0, 0, 1 },\n\t\t5,\n\t}\n").problem,
               "hero.mdl, line 8: in the section Tangents, a row in braces was expected here.");
-    EXPECT_EQ(read("\tTangents 2 {\n\t\t{ 1, 0, 0, 1\n\t}\n").problem,
-              "hero.mdl, line 7: in the section Tangents, the row that starts here does not end.");
+}
+
+// Taken together, 7 numbers in one line and 9 in the next are two rows, but whose is not known.
+TEST(ComposeRowSection, NamesARowThatEndsWithinALine) {
+    EXPECT_EQ(
+        read("\tSkinWeights {\n\t\t5, 0, 0, 0, 255, 0, 0,\n\t\t1, 0, 0, 0, 255, 0, 0, 0, 0,\n\t}\n")
+            .problem,
+        "hero.mdl, line 7: in the section SkinWeights, the row that starts here does not end "
+        "with a line.");
+}
+
+TEST(ComposeRowSection, CountsTheNumbersOfARowForTheNeutralOne) {
+    EXPECT_EQ(composed("\tTangents 2 {\n\t\t{ 1, 0, // , ,\n0, 1, },\n\t\t{ 2, 0, 0, 1, },\n\t}\n",
+                       {1, kNoRow}, 1),
+              "\tTangents 2 {\n\t\t{ 2, 0, 0, 1, },\n\t\t{ 1, 0, 0, 1 },\n\t}");
+}
+
+TEST(ComposeRowSection, KeepsCommentsBetweenRowsOnce) {
+    const std::string section =
+        "\tTangents 2 {\n\t\t// left\n\t\t{ 1, 0, 0, 1 },\n\t\t// right\n\t\t{ 2, 0, 0, 1 },\n"
+        "\t\t// end\n\t}\n";
+    EXPECT_EQ(
+        composed(section, {0, 1, 1, 0}),
+        "\tTangents 4 {\n\t\t// left\n\t\t{ 1, 0, 0, 1 },\n\t\t// right\n\t\t{ 2, 0, 0, 1 },\n"
+        "\t\t{ 2, 0, 0, 1 },\n\t\t{ 1, 0, 0, 1 },\n\t\t// end\n\t}");
 }
 
 }  // namespace
