@@ -75,27 +75,38 @@ int countBits(unsigned bits) {
 // false, and nothing done, for any other. One byte more than the chunk must be there.
 bool skipChunk(const char*& at, int& depth, int least, bool lookAtLines) {
     const __m128i chunk = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-    const auto placesOf = [&](char ch) {
-        return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(chunk, _mm_set1_epi8(ch))));
+    const auto matches = [&](char ch) { return _mm_cmpeq_epi8(chunk, _mm_set1_epi8(ch)); };
+    const auto placesOf = [](__m128i matched) {
+        return static_cast<unsigned>(_mm_movemask_epi8(matched));
     };
-    if ((placesOf('"') | placesOf('/')) != 0) return false;
-    const unsigned open = placesOf('{');
-    const unsigned close = placesOf('}');
-    if (close != 0) {
-        const int opened = countBits(open);
-        const int closed = countBits(close);
-        // A row that opens and closes leaves the depth as it is.
-        const bool isRow = opened == 1 && closed == 1 && open < close;
-        if (!isRow && depth - closed <= least) return false;
-    }
     if (depth <= least) return false;
+    const __m128i quotesAndSlashes = _mm_or_si128(matches('"'), matches('/'));
+    const __m128i opening = matches('{');
+    const __m128i closing = matches('}');
+    const __m128i lineBreaks = matches('\n');
+    if (placesOf(_mm_or_si128(_mm_or_si128(quotesAndSlashes, lineBreaks),
+                              _mm_or_si128(opening, closing))) == 0) {
+        at += kChunk;
+        return true;
+    }
+    if (placesOf(quotesAndSlashes) != 0) return false;
+    const unsigned open = placesOf(opening);
+    const unsigned close = placesOf(closing);
+    int change = 0;
+    if ((open | close) != 0) {
+        const int closed = countBits(close);
+        change = countBits(open) - closed;
+        // A row that opens and closes does not come down.
+        const bool isRow = change == 0 && closed == 1 && open < close;
+        if (!isRow && closed > 0 && depth - closed <= least) return false;
+    }
     if (lookAtLines) {
-        for (unsigned lines = placesOf('\n'); lines != 0; lines &= lines - 1) {
+        for (unsigned lines = placesOf(lineBreaks); lines != 0; lines &= lines - 1) {
             const char next = at[std::countr_zero(lines) + 1];
             if (next >= 'A' && next <= 'Z') return false;
         }
     }
-    depth += countBits(open) - countBits(close);
+    depth += change;
     at += kChunk;
     return true;
 }
