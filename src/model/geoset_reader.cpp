@@ -261,6 +261,7 @@ void GeosetReader::readIndexList(Lexer& lexer, std::size_t vertexCount, std::siz
     while (lexer.skipBlanks() && lexer.peek() != '}') {
         int corner = 0;
         const char* const field = lexer.at();
+        const std::size_t fieldBegin = lexer.offset();
         const auto [stop, error] = std::from_chars(field, lexer.end(), corner);
         const bool isNumber = error == std::errc{};
         if (isNumber) lexer.moveTo(stop);
@@ -271,17 +272,16 @@ void GeosetReader::readIndexList(Lexer& lexer, std::size_t vertexCount, std::siz
                 std::find_if(field, lexer.end(), [](char ch) { return ch == ',' || ch == '}'; });
             const std::string_view wrong =
                 trimmed({field, static_cast<std::size_t>(fieldEnd - field)});
-            fail(std::string_view(field, 0), quoted(wrong) + " is not a vertex index.");
+            failAt(fieldBegin, quoted(wrong) + " is not a vertex index.");
         }
         if (corner < 0 || static_cast<std::size_t>(corner) >= vertexCount) {
-            fail(std::string_view(field, 0),
-                 "a face uses vertex index " + std::to_string(corner) + ", but the geoset has " +
-                     std::to_string(vertexCount) + " vertices (indices start at 0).");
+            failAt(fieldBegin, "a face uses vertex index " + std::to_string(corner) +
+                                   ", but the geoset has " + std::to_string(vertexCount) +
+                                   " vertices (indices start at 0).");
         }
         if (face == faces.size()) {
-            fail(std::string_view(field, 0),
-                 "the section Faces holds more triangles than its header says (" +
-                     std::to_string(faces.size()) + ").");
+            failAt(fieldBegin, "the section Faces holds more triangles than its header says (" +
+                                   std::to_string(faces.size()) + ").");
         }
         faces[face].corner[slot] = static_cast<std::int16_t>(corner);
         if (++slot == 3) {
@@ -402,12 +402,6 @@ void GeosetReader::readRowSections(const std::vector<Section>& parts, Geoset& ge
 
 Geoset GeosetReader::read(const GeosetBlock& block) {
     const std::vector<Section> parts = scanParts(text_, block);
-    if (block.strayAt != std::string_view::npos) {
-        failAt(block.strayAt,
-               "there is a closing brace too many up to here, so that the geoset that starts in "
-               "line " +
-                   std::to_string(lineNumberAt(text_.view(), block.begin)) + " ended too early.");
-    }
     Geoset geoset;
     const auto vertices = std::ranges::find(parts, SectionKind::Vertices, &Section::kind);
     if (vertices == parts.end()) {

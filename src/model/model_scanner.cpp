@@ -216,9 +216,12 @@ std::vector<ModelBlock> scanBlocks(std::string_view text) {
     std::size_t least = 0;
     // It may belong to any block from the latest one that has its place at the top.
     const auto noteStray = [&](std::size_t offset) {
-        for (auto block = blocks.rbegin(); block != blocks.rend(); ++block) {
+        auto block = blocks.rbegin();
+        bool hasItsPlace = false;
+        while (block != blocks.rend() && !hasItsPlace) {
             block->strayAt = std::min(block->strayAt, offset);
-            if (isTopLevelKeyword(block->keyword)) break;
+            hasItsPlace = isTopLevelKeyword(block->keyword);
+            ++block;
         }
     };
     while (const std::optional<Opening> opening =
@@ -240,6 +243,13 @@ std::vector<GeosetBlock> scanGeosets(std::string_view text) {
 
 std::vector<Section> scanParts(const ModelText& text, const GeosetBlock& geoset) {
     std::vector<Section> sections = scanKnownParts(text, geoset);
+    if (geoset.strayAt != std::string_view::npos) {
+        throw ModelTextError(text, geoset.strayAt,
+                             "there is a closing brace too many up to here, so that the geoset "
+                             "that starts in line " +
+                                 std::to_string(lineNumberAt(text.view(), geoset.begin)) +
+                                 " ended too early.");
+    }
     sortOutRepeated(text, sections);
     return sections;
 }

@@ -64,8 +64,8 @@ struct Section {
 
 /// The parts of one geoset that hold the edited data, or further rows for its vertices: Tangents,
 /// SkinWeights, and TVertices after the first, whose kind is Rows. In file order.
-/// Throws ModelTextError for a part that is not closed before its geoset ends, and for a second
-/// one of a kind that may not be repeated.
+/// Throws ModelTextError for a part that is not closed before its geoset ends, for a second one of
+/// a kind that may not be repeated, and for a geoset that may have ended too early.
 std::vector<Section> scanParts(const ModelText& text, const GeosetBlock& geoset);
 
 /// The six sections alone. Of several TVertices sections only the first is among them.

@@ -142,6 +142,21 @@ TEST_F(MixedLayouts, RowsOfAnotherGeosetAreNotTakenOver) {
               std::string::npos);
 }
 
+// Written over it, the geoset in memory could not be read again.
+TEST_F(MixedLayouts, AGeosetThatEndsTooEarlyIsNotWrittenOver) {
+    const std::string text = "Geoset {\n" + kToolVertices + kToolFaces + "}\nGeoset {\n" +
+                             kToolVertices + "\t}\n" + kToolFaces + "}\n";
+    const std::string path = openNew("hero.mdl", text, "1");
+    deleteGeoset();
+    dialogs.yesNos.push_back(true);  // over the other one
+    save();
+    EXPECT_EQ(readFile(path), text);
+    EXPECT_NE(dialogs.last().text.find("line 8: there is a closing brace too many up to here, so "
+                                       "that the geoset that starts in line 1 ended too early."),
+              std::string::npos)
+        << dialogs.last().text;
+}
+
 // Sections that an unclosed geoset gains stand before the blocks that follow it.
 TEST_F(MixedLayouts, AnUnclosedGeosetEndsBeforeTheNextBlock) {
     for (const std::string& after :
