@@ -377,6 +377,7 @@ void frmCorvane::updateButtons() {
         picture->setEnabled(editor_.store.modelLoaded);
     }
     txtTips_->setEnabled(editor_.modes.tipsEnabled);
+    if (textureEditor_) textureEditor_->noteEdits();
     updateTitle();
 }
 

@@ -71,6 +71,8 @@ void frmUVEditor::showWith(UVData newData) {
     takeHandOver(uv_, main_, std::move(newData));
 }
 
+void frmUVEditor::noteEdits() { corvane::noteEdits(uv_, main_); }
+
 // A text box that has the focus must not keep the window's shortcuts to itself, such as the one
 // that selects all. Nothing can be typed into these.
 bool frmUVEditor::eventFilter(QObject* watched, QEvent* event) {

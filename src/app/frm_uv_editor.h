@@ -25,6 +25,9 @@ public:
     /// Shows the window with new data in place of what it had.
     void showWith(UVData newData);
 
+    /// After an edit in the main window: marks texture coordinates that Undo took back there.
+    void noteEdits();
+
     /// The state behind the window.
     const UVEditor& uv() const { return uv_; }
 

@@ -69,6 +69,18 @@ qint64 endOfGif(const QByteArray& bytes) {
     return skipBlocks(i + kFrameHeadSize + tableSize(byteAt(i + 9)) + 1);
 }
 
+// Where the data of a JPEG picture begins, behind the segments of its head, which may hold a small
+// picture of their own; the file's size where there is none.
+qsizetype dataOfJpeg(const QByteArray& bytes) {
+    constexpr auto kMark = static_cast<char>(0xFF);
+    constexpr auto kData = static_cast<char>(0xDA);
+    qsizetype i = 2;
+    while (i + 4 <= bytes.size() && bytes[i] == kMark && bytes[i + 1] != kData) {
+        i += 2 + qFromBigEndian<quint16>(bytes.constData() + i + 2);
+    }
+    return qMin(i, bytes.size());
+}
+
 // Whether the file lacks the end of its picture. Qt's plugins do not mind that.
 bool isCutOff(QFile& file) {
     const QByteArray head = file.peek(kBmpHeadSize);
@@ -78,8 +90,8 @@ bool isCutOff(QFile& file) {
     const QByteArray bytes = file.readAll();
     file.seek(0);
     if (!isJpeg) return bytes.size() < endOfGif(bytes);
-    // After the last part of a JPEG picture comes a mark for its end.
-    return bytes.lastIndexOf("\xFF\xD9") < bytes.lastIndexOf("\xFF\xDA");
+    // After the data comes a mark for its end, and it has no such mark in it.
+    return bytes.indexOf("\xFF\xD9", dataOfJpeg(bytes)) < 0;
 }
 
 // Invalid where it cannot be told without decoding.
@@ -102,7 +114,10 @@ PictureFile readPicture(const std::string& path) {
         return PictureFile{.image = {}, .error = reason.toStdString()};
     };
     const QString name = QString::fromStdString(path);
-    if (QFileInfo(name).isDir()) return refused(QFile::tr("is a folder"));
+    const QFileInfo info(name);
+    if (info.isDir()) return refused(QFile::tr("is a folder"));
+    // Reading a pipe may wait for ever.
+    if (info.exists() && !info.isFile()) return refused(QFile::tr("is not a file"));
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly)) return refused(file.errorString());
 

@@ -36,6 +36,10 @@ struct UndoHistory {
     /// The texture editor was handed the mesh that the steps belong to. Goes with them when
     /// another geoset is read.
     bool inTextureEditor = false;
+
+    /// Save Changes of the texture editor wrote to that mesh, which is no step of its own: an undo
+    /// may take back what it wrote.
+    bool savedFromTextureEditor = false;
 };
 
 /// Which copies a step keeps.

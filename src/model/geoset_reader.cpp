@@ -80,6 +80,7 @@ private:
     std::int64_t headerCount(const Section& section, std::string_view count) const;
     std::int16_t int16(std::string_view field, const char* what) const;
     double number(Lexer& row, std::size_t rowBegin, std::span<const double> values, bool last);
+    double oddNumber(std::string_view field);
     void numbers(Lexer& row, std::span<double> values);
     void afterRow(Lexer& row, std::size_t rowBegin) const;
     VertexRecord& recordOf(Geoset& geoset, std::size_t row, const Section& section,
@@ -133,13 +134,24 @@ double GeosetReader::number(Lexer& row, std::size_t rowBegin, std::span<const do
                             bool last) {
     const char* const fieldBegin = row.at();
     row.skipBlanks();
+    const char* const numberBegin = row.at();
     double value = 0;
-    const auto [stop, error] = std::from_chars(row.at(), row.end(), value);
+    const auto [stop, error] = std::from_chars(numberBegin, row.end(), value);
     if (error == std::errc{} && std::isfinite(value)) {
         row.moveTo(stop);
         if (row.skipBlanks() && (last ? isRowEnd(row) : row.peek() == ',')) return value;
     }
-    // Not a plain number: look at all that stands in its place.
+    // Not a plain number, but perhaps a number all the same.
+    Lexer probe = row;
+    probe.moveTo(numberBegin);
+    if (!probe.atEnd() && probe.peek() != ',' && probe.peek() != '{' && probe.peek() != '}') {
+        const std::string_view word = probe.word();
+        if (probe.skipBlanks() && (last ? isRowEnd(probe) : probe.peek() == ',')) {
+            row.moveTo(probe.at());
+            return oddNumber(word);
+        }
+    }
+    // Anything else is shown whole.
     const char* const fieldEnd = std::find(fieldBegin, row.end(), last ? '}' : ',');
     if (fieldEnd == row.end()) {
         failAt(rowBegin, quotedLine(rowBegin) + " does not hold " + std::to_string(values.size()) +
@@ -148,10 +160,15 @@ double GeosetReader::number(Lexer& row, std::size_t rowBegin, std::span<const do
     std::string_view field = trimmed({fieldBegin, static_cast<std::size_t>(fieldEnd - fieldBegin)});
     if (last && field.ends_with(',')) field = trimmed(field.substr(0, field.size() - 1));
     row.moveTo(fieldEnd);
+    return oddNumber(field);
+}
+
+// The value of what is no plain number.
+double GeosetReader::oddNumber(std::string_view field) {
     if (const std::optional<double> parsed = parseNumber(field)) return *parsed;
     if (mayBeNotFinite_ && isNotFinite(field)) {
         if (notes_.notFinite++ == 0) {
-            notes_.firstNotFinite = static_cast<std::size_t>(fieldBegin - text_.view().data());
+            notes_.firstNotFinite = static_cast<std::size_t>(field.data() - text_.view().data());
         }
         return 0;
     }
@@ -410,6 +427,9 @@ Geoset GeosetReader::read(const GeosetBlock& block) {
     }
     readVertices(*vertices, geoset);
     for (const Section& section : parts) {
+        if (section.kind != SectionKind::Rows) {
+            geoset.sectionsRead.emplace_back(keywordOf(section.kind));
+        }
         switch (section.kind) {
             case SectionKind::Vertices:
             case SectionKind::Rows:

@@ -60,7 +60,9 @@ void addReferences(std::string_view text, std::size_t lineBegin, std::size_t lin
                    const IdProperty& property, std::vector<IdReference>& references) {
     // A line of the tools' own that says anywhere that it names none is taken to mean it.
     const std::string_view line = text.substr(lineBegin, lineEnd - lineBegin);
-    if (line.starts_with('\t') && line.substr(1).starts_with(property.keyword) &&
+    const bool alone = line.find_first_of("{}") == std::string_view::npos &&
+                       isRestOfLineBlank(line, line.find(',') + 1);
+    if (alone && line.starts_with('\t') && line.substr(1).starts_with(property.keyword) &&
         line.find(property.unset) != std::string_view::npos) {
         return;
     }

@@ -83,6 +83,10 @@ struct Geoset {
     /// geoset is read, so that what undo brings back finds its rows even after a save.
     std::vector<RowSection> rowSections;
 
+    /// The sections that the file's geoset had when it was read, as their keywords; empty for a
+    /// geoset that was not read from a file.
+    std::vector<std::string> sectionsRead;
+
     /// The number of matrix groups.
     std::size_t matrixGroupCount() const { return matrixGroups.size(); }
 

@@ -62,10 +62,10 @@ struct Opening {
 
 // The next opening of a block, the lexer after its brace; nothing at the end. What has no block,
 // such as "MaterialID 0,", is passed over, after `onBare` had a look at it, and so is a brace that
-// closes nothing, after `onStray` was told its offset.
-template <typename OnBare, typename OnStray>
+// closes nothing, after `onStray` was told its offset. `onWord` sees what follows a keyword.
+template <typename OnBare, typename OnWord, typename OnStray>
 std::optional<Opening> nextOpening(Lexer& lexer, std::string_view text, OnBare onBare,
-                                   OnStray onStray) {
+                                   OnWord onWord, OnStray onStray) {
     Opening opening;
     bool inHeader = false;
     std::size_t headerEnd = 0;
@@ -97,7 +97,9 @@ std::optional<Opening> nextOpening(Lexer& lexer, std::string_view text, OnBare o
         }
         const std::size_t wordAt = lexer.offset();
         const std::string_view word = lexer.word();
-        if (!inHeader) {
+        if (inHeader) {
+            onWord(word, wordAt);
+        } else {
             opening.keyword = word;
             opening.keywordAt = wordAt;
             inHeader = true;
@@ -109,6 +111,7 @@ std::optional<Opening> nextOpening(Lexer& lexer, std::string_view text, OnBare o
 }
 
 constexpr auto kIgnoreBare = [](const Opening&) {};
+constexpr auto kIgnoreWord = [](std::string_view, std::size_t) {};
 constexpr auto kIgnoreStray = [](std::size_t) {};
 
 void endAfterBrace(ModelBlock& block, std::string_view text, std::size_t brace) {
@@ -149,8 +152,13 @@ std::vector<Section> scanKnownParts(const ModelText& model, const GeosetBlock& g
                              "the header of the section " + std::string(bare.keyword) +
                                  " has no opening brace \"{\".");
     };
+    const auto refuseKeyword = [&](std::string_view word, std::size_t offset) {
+        if (!kindOf(word)) return;
+        throw ModelTextError(model, offset,
+                             "a comma is missing before the section " + std::string(word) + ".");
+    };
     while (const std::optional<Opening> opening =
-               nextOpening(lexer, text, refuseBare, kIgnoreStray)) {
+               nextOpening(lexer, text, refuseBare, refuseKeyword, kIgnoreStray)) {
         const std::size_t afterBrace = opening->brace + 1;
         const std::optional<SectionKind> kind = kindOf(opening->keyword);
         Section section;
@@ -215,19 +223,26 @@ std::vector<ModelBlock> scanBlocks(std::string_view text) {
     Lexer lexer(text, 0, text.size());
     std::size_t least = 0;
     // It may belong to any block from the latest one that has its place at the top.
-    const auto noteStray = [&](std::size_t offset) {
+    const auto noteOutside = [&](std::size_t offset) {
         auto block = blocks.rbegin();
         bool hasItsPlace = false;
-        while (block != blocks.rend() && !hasItsPlace) {
-            block->strayAt = std::min(block->strayAt, offset);
+        while (block != blocks.rend() && !hasItsPlace && block->strayAt == std::string_view::npos) {
+            block->strayAt = offset;
             hasItsPlace = isTopLevelKeyword(block->keyword);
             ++block;
         }
     };
+    // One brace more behind a block that ended without indentation took nothing from it.
+    const auto noteStray = [&](std::size_t brace) {
+        if (blocks.empty() || blocks.back().bodyEnd >= text.size()) return;
+        const std::size_t closing = blocks.back().bodyEnd;
+        if (text[closing] == '}' && (closing == 0 || text[closing - 1] == '\n')) return;
+        noteOutside(brace);
+    };
     while (const std::optional<Opening> opening =
-               nextOpening(lexer, text, kIgnoreBare, noteStray)) {
+               nextOpening(lexer, text, kIgnoreBare, kIgnoreWord, noteStray)) {
         // A section outside of its geoset, which then ended too early.
-        if (kindOf(opening->keyword)) noteStray(opening->keywordAt);
+        if (kindOf(opening->keyword)) noteOutside(opening->keywordAt);
         blocks.push_back(blockAt(text, *opening, least));
         least = blocks.back().end;
         lexer.moveTo(text.data() + least);

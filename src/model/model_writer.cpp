@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "model/geoset_sections.h"
+#include "model/lexer.h"
 #include "model/row_sections.h"
 
 namespace corvane {
@@ -49,6 +50,7 @@ private:
     std::string sectionText(SectionKind kind, std::string_view lineBreak) const;
     std::string rowsText(const RowSection& rows, const std::vector<std::int16_t>& fileRows);
     const RowSection* find(std::string_view keyword, int ordinal) const;
+    bool isNeededNoMore(const Section& part) const;
     std::string replacement(const Section& part);
     std::string missingParts();
 
@@ -89,6 +91,15 @@ const RowSection* GeosetWriter::find(std::string_view keyword, int ordinal) cons
     return found == geoset_.rowSections.end() ? nullptr : &*found;
 }
 
+// Whether an earlier save added a part for data that Undo has taken back since.
+bool GeosetWriter::isNeededNoMore(const Section& part) const {
+    const std::vector<std::string>& read = geoset_.sectionsRead;
+    const bool wasRead =
+        read.empty() || std::ranges::find(read, keywordOf(part.kind)) != read.end();
+    return !wasRead && part.kind != SectionKind::Rows && !hasDataFor(part.kind, geoset_) &&
+           isLineBegin(base_.view(), part.begin);
+}
+
 // What takes the place of a part of the file's geoset, from its begin to its end.
 std::string GeosetWriter::replacement(const Section& part) {
     if (part.kind != SectionKind::Rows) {
@@ -113,13 +124,16 @@ std::string GeosetWriter::missingParts() {
     };
     const bool addsGroups =
         isMissing(SectionKind::Groups) && hasDataFor(SectionKind::Groups, geoset_);
+    const bool hasFurtherLayer = find(keywordOf(SectionKind::TVertices), 0) != nullptr;
     std::string text;
     for (const SectionKind kind :
          {SectionKind::Vertices, SectionKind::Normals, SectionKind::TVertices,
           SectionKind::VertexGroup, SectionKind::Faces, SectionKind::Groups}) {
-        // Groups are of no use without the vertices' numbers, even where all of these are 0.
-        const bool neededByGroups = kind == SectionKind::VertexGroup && addsGroups;
-        if (!isMissing(kind) || (!hasDataFor(kind, geoset_) && !neededByGroups)) continue;
+        // Groups are of no use without the vertices' numbers, even where all of these are 0; and
+        // another texture layer without the first would be taken for it.
+        const bool needed = (kind == SectionKind::VertexGroup && addsGroups) ||
+                            (kind == SectionKind::TVertices && hasFurtherLayer);
+        if (!isMissing(kind) || (!hasDataFor(kind, geoset_) && !needed)) continue;
         text += sectionText(kind, lineBreak);
         text += lineBreak;
     }
@@ -139,6 +153,10 @@ void GeosetWriter::write(std::size_t from, std::size_t to) {
     const std::string_view lineBreak = lineBreakOf(text);
     for (const Section& part : scanParts(base_, block_)) {
         out_.addView(text.substr(from, part.begin - from));
+        if (isNeededNoMore(part)) {
+            from = isRestOfLineBlank(text, part.end) ? lineEndOf(text, part.end) : part.end;
+            continue;
+        }
         std::string anew = replacement(part);
         const bool ownShape = part.kind == SectionKind::Rows;
         if (!ownShape && !isLineBegin(text, part.begin)) anew.insert(0, part.lineBreak);

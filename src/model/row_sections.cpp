@@ -52,8 +52,9 @@ void RowReader::addRow(std::size_t dataBegin, std::size_t dataEnd) {
     SectionRow row;
     row.begin = static_cast<std::uint32_t>(section_.rows.empty() ? section_.rowsBegin
                                                                  : section_.rows.back().end);
+    const std::string_view before = std::string_view(section_.text).substr(row.begin);
     row.ownBegin =
-        std::max(row.begin, static_cast<std::uint32_t>(lineBeginOf(section_.text, dataBegin)));
+        row.begin + static_cast<std::uint32_t>(lineBeginOf(before, dataBegin - row.begin));
     row.dataBegin = static_cast<std::uint32_t>(dataBegin);
     row.dataEnd = static_cast<std::uint32_t>(dataEnd);
     Lexer after = lexer_;
@@ -92,6 +93,7 @@ std::optional<std::size_t> RowReader::readBraced() {
 
 std::optional<std::size_t> RowReader::readNumbers() {
     const std::size_t columns = columnsOf(section_);
+    std::optional<std::size_t> uneven;  // the first row that ends within a line after its first
     while (lexer_.skipBlanks()) {
         const std::size_t begin = lexer_.offset();
         std::size_t end = begin;
@@ -107,13 +109,17 @@ std::optional<std::size_t> RowReader::readNumbers() {
             end = lexer_.offset();
         }
         addRow(begin, end);
-        // Rows of uneven lines would be taken together wrongly.
         const std::string_view data = std::string_view(section_.text).substr(begin, end - begin);
         const bool wrapped = data.find('\n') != std::string_view::npos;
-        if (wrapped && lexer_.offset() < bodyEnd_ && section_.text[lexer_.offset() - 1] != '\n') {
-            reason_ = "the row that starts here does not end with a line.";
-            return begin;
+        if (wrapped && !uneven && lexer_.offset() < bodyEnd_ &&
+            section_.text[lexer_.offset() - 1] != '\n') {
+            uneven = begin;
         }
+    }
+    // Wrapped anywhere, the rows are certain only where there are as many as vertices.
+    if (uneven && section_.rows.size() != section_.vertexCount) {
+        reason_ = "the row that starts here does not end with a line.";
+        return uneven;
     }
     return std::nullopt;
 }

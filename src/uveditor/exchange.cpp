@@ -83,7 +83,8 @@ std::string partlySavedMessage(bool otherGeoset, std::size_t vertices, std::size
     return "Another geoset was read since these texture coordinates were taken: it has " +
            countText(vertices) + ", theirs had " + std::to_string(taken) + ". " + firsts +
            " were written to it. If they do not belong there, Switch Geoset in the main window "
-           "reads it again as it was last saved. Choose UV Mapping to take its own coordinates.";
+           "reads it again as it was last saved, without any of your later edits of it. Choose UV "
+           "Mapping to take its own coordinates.";
 }
 
 }  // namespace
@@ -114,8 +115,8 @@ void openTextureEditor(Editor& editor) {
 }
 
 void takeHandOver(UVEditor& uv, Editor& editor, UVData data) {
-    const bool undone =
-        editor.undo.inTextureEditor && !(agree(uv.savedU, data.u) && agree(uv.savedV, data.v));
+    const bool mayBeUndone = editor.undo.savedFromTextureEditor;
+    const bool undone = mayBeUndone && !(agree(uv.savedU, data.u) && agree(uv.savedV, data.v));
     if (undone &&
         !uv.dialogs.yesNo(kConfirmationCaption,
                           "Undo has put back texture coordinates from before Save Changes. Take "
@@ -125,6 +126,25 @@ void takeHandOver(UVEditor& uv, Editor& editor, UVData data) {
     }
     editor.undo.inTextureEditor = true;
     getArray(uv, std::move(data));
+    // Undo still holds older ones, however often they were handed over since.
+    if (mayBeUndone) {
+        uv.savedU = uv.data.u;
+        uv.savedV = uv.data.v;
+    }
+}
+
+void noteEdits(UVEditor& uv, const Editor& editor) {
+    if (!editor.undo.savedFromTextureEditor || uv.unsaved) return;
+    const std::vector<VertexRecord>& vertices = editor.store.Vertices;
+    const std::size_t count = std::min(vertices.size(), uv.savedU.size());
+    for (std::size_t i = 0; i < count && !uv.unsaved; ++i) {
+        uv.unsaved = vertices[i].tu != uv.savedU[i] || vertices[i].tv != uv.savedV[i];
+    }
+    if (!uv.unsaved) return;
+    editor.window.showTip(
+        "Undo took back texture coordinates, too. Save Changes in the texture editor writes them "
+        "again.");
+    uv.window.updateButtons();
 }
 
 void getArray(UVEditor& uv, UVData data) {
@@ -160,10 +180,14 @@ void saveChanges(UVEditor& uv, Editor& editor) {
     const std::size_t taken = uv.data.u.size();
     const bool otherGeoset = !editor.undo.inTextureEditor;
     if (otherGeoset && vertices == taken && !askWriteToOther(uv, editor.store)) return;
-    const std::size_t written = saveUVChanges(editor, uv.data.u, uv.data.v);
-    uv.unsaved = false;
+    // First, for the main window looks for edits of what was saved.
     uv.savedU = uv.data.u;
     uv.savedV = uv.data.v;
+    uv.savedU.resize(std::min(vertices, taken));
+    uv.savedV.resize(std::min(vertices, taken));
+    editor.undo.savedFromTextureEditor = true;
+    const std::size_t written = saveUVChanges(editor, uv.data.u, uv.data.v);
+    uv.unsaved = false;
     uv.window.updateButtons();
     if (vertices == taken) return;
     uv.dialogs.messageBox(kWarningCaption,

@@ -19,6 +19,11 @@ void openTextureEditor(Editor& editor);
 /// Save Changes, the user is asked first, for nothing else holds the later ones any more.
 void takeHandOver(UVEditor& uv, Editor& editor, UVData data);
 
+/// After any edit of the geoset: where it no longer has the texture coordinates that Save Changes
+/// wrote, because Undo took them back, the texture editor's count as unsaved again, and a tip says
+/// so.
+void noteEdits(UVEditor& uv, const Editor& editor);
+
 /// Takes new data into the texture editor, in place of what it had, loads the background picture
 /// again if there is one, and redraws. Zoom, pan, picture and modes stay.
 void getArray(UVEditor& uv, UVData data);

@@ -1,4 +1,6 @@
 // Background pictures of the texture editor: their formats, and what cannot be read.
+#include <sys/stat.h>
+
 #include <QBuffer>
 #include <QImageReader>
 
@@ -209,6 +211,35 @@ TEST_F(UVPictureTest, APictureThatIsCutOffIsRefusedWithThatReason) {
     const std::string bmp = bytesOf(quarters(), "BMP");
     load(folder.write("cut.bmp", bmp.substr(0, bmp.size() / 2)));
     EXPECT_NE(dialogs.last().text.find("cut.bmp: ends before its picture does"), std::string::npos)
+        << dialogs.last().text;
+}
+
+// Telephones append films to their pictures.
+TEST_F(UVPictureTest, WhatFollowsTheEndOfAJpegDoesNotMatter) {
+    const std::string more("ftypmp42\xFF\xD9....\xFF\xDA\x00\x08....", 24);
+    dialogs.asked.clear();
+    load(folder.write("film.jpg", bytesOf(plain(Qt::red), "JPEG") + more));
+    EXPECT_TRUE(uv().imageLoaded);
+    EXPECT_EQ(dialogs.asked.size(), 1U);
+}
+
+// In its head there may be a small picture with an end of its own.
+TEST_F(UVPictureTest, AJpegThatIsCutOffBehindASmallPictureInItIsRefused) {
+    const std::string jpeg = bytesOf(quarters(), "JPEG");
+    const std::string small("\xFF\xE1\x00\x08\xFF\xD8\xFF\xDA\xFF\xD9", 10);
+    const std::string whole = jpeg.substr(0, 2) + small + jpeg.substr(2);
+    load(folder.write("whole.jpg", whole));
+    EXPECT_TRUE(uv().imageLoaded);
+    load(folder.write("cut.jpg", whole.substr(0, whole.size() - 2)));
+    EXPECT_NE(dialogs.last().text.find("cut.jpg: ends before its picture does"), std::string::npos)
+        << dialogs.last().text;
+}
+
+TEST_F(UVPictureTest, APipeIsRefusedAndNotWaitedFor) {
+    const std::string path = folder.path("pipe.bmp");
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    load(path);
+    EXPECT_NE(dialogs.last().text.find("pipe.bmp: is not a file"), std::string::npos)
         << dialogs.last().text;
 }
 

@@ -143,13 +143,19 @@ TEST(ComposeRowSection, NamesWhatIsNoRow) {
               "hero.mdl, line 8: in the section Tangents, a row in braces was expected here.");
 }
 
-// Taken together, 7 numbers in one line and 9 in the next are two rows, but whose is not known.
-TEST(ComposeRowSection, NamesARowThatEndsWithinALine) {
-    EXPECT_EQ(
-        read("\tSkinWeights {\n\t\t5, 0, 0, 0, 255, 0, 0,\n\t\t1, 0, 0, 0, 255, 0, 0, 0, 0,\n\t}\n")
-            .problem,
-        "hero.mdl, line 7: in the section SkinWeights, the row that starts here does not end "
-        "with a line.");
+// Taken together, 7 numbers in one line and 9 in the next are two rows, but whose is not known
+// where there are three vertices' rows or one.
+TEST(ComposeRowSection, NamesARowThatEndsWithinALineWhereTheRowsAreNotThoseOfTheVertices) {
+    EXPECT_EQ(read("\tSkinWeights {\n\t\t5, 0, 0, 0, 255, 0, 0,\n\t\t1, 0, 0, 0, 255, 0, 0, 0, 0,\n"
+                   "\t\t0, 0, 0, 0, 0, 0, 0, 0,\n\t}\n")
+                  .problem,
+              "hero.mdl, line 7: in the section SkinWeights, the row that starts here does not end "
+              "with a line.");
+}
+
+TEST(ComposeRowSection, TakesRowsWrappedAnywhereWhereThereIsOneForEachVertex) {
+    EXPECT_EQ(composed("\tSkinWeights {\n5,0,0,0,255,0,0,0, 1,0,0,\n0,255,0,0,0\n\t}\n", {1, 0}),
+              "\tSkinWeights {\n 1,0,0,\n0,255,0,0,0,\n5,0,0,0,255,0,0,0,\t}");
 }
 
 TEST(ComposeRowSection, CountsTheNumbersOfARowForTheNeutralOne) {

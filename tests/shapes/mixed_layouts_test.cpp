@@ -4,6 +4,7 @@
 
 #include "edit/selection.h"
 #include "edit/snap_delete.h"
+#include "edit/undo_history.h"
 #include "model/geoset_removal.h"
 #include "model/merge_geoset.h"
 #include "model_flow.h"
@@ -176,6 +177,65 @@ TEST_F(MixedLayouts, NoFacesNeedNoGroupOfThem) {
     EXPECT_TRUE(readGeoset("Geoset {\n" + kToolVertices + "\tFaces 0 0 {\n\t}\n}\n").Faces.empty());
 }
 
+TEST_F(MixedLayouts, ACommaMissingBeforeASectionIsNamed) {
+    for (const std::string& rows : {kToolNormals.substr(1), std::string("Tangents 3 {\n\t}\n")}) {
+        EXPECT_EQ(readingError("Geoset {\n" + kToolVertices + "\tMaterialID 0 " + rows + "}\n"),
+                  "hero.mdl, line 7: a comma is missing before the section " +
+                      rows.substr(0, rows.find(' ')) + ".");
+    }
+}
+
+TEST_F(MixedLayouts, ABraceTooManyBehindAGeosetThatIsWholeDoesNoHarm) {
+    const std::string text = "Geoset {\n" + kToolVertices + kToolFaces + "}\n}\n";
+    const std::string path = openNew("hero.mdl", text);
+    EXPECT_EQ(store().Faces.size(), 1U);
+    EXPECT_EQ(savedTwice(path), text);
+}
+
+// A second layer must not become the first.
+TEST_F(MixedLayouts, ATextureLayerOfZerosIsWrittenBeforeTheNextOne) {
+    const auto layer = [](const std::string& u) {
+        return "\tTVertices 3 {\n\t\t{ " + u + ", 0 },\n\t\t{ " + u + ", 0 },\n\t\t{ " + u +
+               ", 0 },\n\t}\n";
+    };
+    const std::string path =
+        openNew("hero.mdl",
+                "Geoset {\n" + kToolVertices + layer("0") + layer("0.5") + kToolFaces +
+                    "}\nGeoset {\n" + kToolVertices + kToolFaces + "}\n",
+                "1");
+    deleteGeoset();
+    dialogs.yesNos.push_back(true);  // over the other one
+    save();
+    EXPECT_EQ(readFile(path),
+              "Geoset {\n" + kToolVertices + kToolFaces + layer("0") + layer("0.5") + "}\n");
+}
+
+TEST_F(MixedLayouts, ASectionThatASaveAddedGoesWithTheUndoOfItsData) {
+    const std::string text = "Geoset {\n" + kToolVertices + kToolFaces + "\tMaterialID 0,\n}\n";
+    const std::string path = openNew("hero.mdl", text);
+    mergeTriangle();
+    save();
+    EXPECT_NE(readFile(path), text);
+    undoLast(editor);
+    EXPECT_EQ(savedTwice(path), text);
+}
+
+TEST_F(MixedLayouts, IdsBesideOneThatNamesNoneAreRenumbered) {
+    const ModelText text("hero.mdl",
+                         "Geoset { }\nGeoset { }\nBone \"b\" {\n\tGeosetId 1, } Bone "
+                         "\"c\" { GeosetId Multiple, }\n");
+    EXPECT_EQ(removeGeoset(text, 1).joined(),
+              "Geoset { }\nBone \"b\" {\n\tGeosetId 0, } Bone \"c\" { GeosetId Multiple, }\n");
+}
+
+TEST_F(MixedLayouts, CommentsInARowDoNotMatterToOddNumbers) {
+    const Geoset geoset = readGeoset("Geoset {\n" + kToolVertices +
+                                     "\tNormals 3 {\n\t\t{ 0, 0, nan // bad }\n\t\t},\n"
+                                     "\t\t{ +1 // a, b\n\t\t, 0, +2 // }\n\t\t},\n\t}\n}\n");
+    EXPECT_EQ(geoset.Vertices[0].normal, (Triple{0, 0, 0}));
+    EXPECT_EQ(geoset.Vertices[1].normal, (Triple{0, 2, 1}));
+}
+
 // Thousands of blocks on a line, which takes minutes if each looks at the whole line.
 TEST_F(MixedLayouts, ManyBlocksOnALineAreManyBlocks) {
     std::string text = "Geoset { " + kVertices + kFaces + "} Geoset { " + kVertices + kFaces + "} ";
@@ -185,6 +245,11 @@ TEST_F(MixedLayouts, ManyBlocksOnALineAreManyBlocks) {
         expected += "Bone \"b\" { GeosetId 0, GeosetAnimId None, } ";
     }
     EXPECT_EQ(scanBlocks(text).size(), 30002U);
+    for (int i = 0; i < 30000; ++i) expected += "}\n";
+    std::string strays = text;
+    for (int i = 0; i < 30000; ++i) strays += "}\n";
+    EXPECT_EQ(scanBlocks(strays).size(), 30002U);
+    text = strays;
     EXPECT_TRUE(removeGeoset(ModelText("hero.mdl", text), 1).joined() == expected);
 }
 

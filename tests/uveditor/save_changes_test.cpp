@@ -153,8 +153,9 @@ TEST_F(SaveChangesTest, AnotherGeosetOfAnotherSizeGetsWhatFitsAndAMessageHowToTa
     EXPECT_EQ(dialogs.last().text,
               "Another geoset was read since these texture coordinates were taken: it has 3 "
               "vertices, theirs had 2. The first 2 were written to it. If they do not belong "
-              "there, Switch Geoset in the main window reads it again as it was last saved. Choose "
-              "UV Mapping to take its own coordinates.");
+              "there, Switch Geoset in the main window reads it again as it was last saved, "
+              "without any of your later edits of it. Choose UV Mapping to take its own "
+              "coordinates.");
 }
 
 TEST_F(SaveChangesTest, CoordinatesThatUndoTookBackAreNotLostWithTheNextHandOver) {
@@ -175,6 +176,64 @@ TEST_F(SaveChangesTest, CoordinatesThatUndoTookBackAreNotLostWithTheNextHandOver
     EXPECT_EQ(uv.data.u, (Values{1, 0.5}));
     saveChanges(uv, editor);
     EXPECT_EQ(tu(), (Values{1, 0.5}));
+}
+
+TEST_F(SaveChangesTest, CoordinatesHandedOverAgainAreNotLostEither) {
+    edit({{0, 0}, {0.5, 0.5}}, {1});
+    recordVertices();
+    uvMove(uv, 1, 1);
+    saveChanges(uv, editor);
+    handOver();
+    undoLast(editor);
+    dialogs.yesNos = {false};
+    handOver();
+    EXPECT_EQ(uv.data.u, (Values{1, 0.5}));
+    EXPECT_EQ(dialogs.asked.size(), 1U);
+}
+
+TEST_F(SaveChangesTest, CoordinatesWrittenToAnotherGeosetAreNotLostEither) {
+    edit({{0, 0}, {0.5, 0.5}}, {1});
+    readGeoset({{7, 8}, {9, 10}}, 2);
+    recordVertices();
+    dialogs.yesNos = {true};
+    saveChanges(uv, editor);
+    undoLast(editor);
+    EXPECT_EQ(tu(), (Values{7, 9}));
+    dialogs.yesNos = {false};
+    handOver();
+    EXPECT_EQ(uv.data.u, (Values{0, 0.5}));
+}
+
+TEST_F(SaveChangesTest, CoordinatesThatUndoTookBackCountAsUnsaved) {
+    edit({{0, 0}, {0.5, 0.5}}, {1});
+    recordVertices();
+    uvMove(uv, 1, 1);
+    saveChanges(uv, editor);
+    noteEdits(uv, editor);
+    EXPECT_FALSE(uv.unsaved);
+    EXPECT_EQ(window.tip, "");
+    undoLast(editor);
+    noteEdits(uv, editor);
+    EXPECT_TRUE(uv.unsaved);
+    EXPECT_EQ(window.tip,
+              "Undo took back texture coordinates, too. Save Changes in the texture editor writes "
+              "them again.");
+    saveChanges(uv, editor);
+    noteEdits(uv, editor);
+    EXPECT_FALSE(uv.unsaved);
+    EXPECT_EQ(tu(), (Values{1, 0.5}));
+}
+
+TEST_F(SaveChangesTest, WhatWasNeverWrittenIsNotTakenForUndone) {
+    edit({{0, 0}, {0.5, 0.5}}, {1});
+    editor.store.Vertices.pop_back();
+    uvMove(uv, 1, 1);
+    saveChanges(uv, editor);  // one of two
+    editor.store.Vertices.emplace_back().tu = 9;
+    dialogs.asked.clear();
+    handOver();
+    EXPECT_TRUE(dialogs.asked.empty());
+    EXPECT_EQ(uv.data.u, (Values{1, 9}));
 }
 
 TEST_F(SaveChangesTest, CoordinatesThatUndoPutBackAreTakenWhenTheUserSaysSo) {
