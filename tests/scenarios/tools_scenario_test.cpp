@@ -50,6 +50,10 @@ const std::vector<Tool>& tools() {
          false},
         {"mnuSelectAll", "", "Select All", false},
         {"mnuInvertSelection", "", "Invert Selection", false},
+        {"mnuSelectByVertGroup", "answer input \"9\"\n", "", false},
+        {"mnuVertGroupOfSel", "answer message ok\n", "", false, false},
+        {"mnuViewMatrices", "answer message ok\n", "", false, false},
+        {"mnuAddMatrix", "answer input \"12\"\nanswer input cancel\n", "", false, false},
     };
     return all;
 }
@@ -66,9 +70,12 @@ TEST_F(ToolsScenario, EveryToolIsUndone) {
     for (const Tool& tool : tools()) {
         const Played played = playAll(kOpen + kSelectRight + "dump\n" + tool.answers + "menu " +
                                       tool.menuItem + "\ndump\nmenu mnuUndo\ndump\n");
-        EXPECT_EQ(undoNames(played.dump(1)), std::string(tool.step) + ", Selection");
+        const std::string step = tool.step;
+        EXPECT_EQ(undoNames(played.dump(1)), step.empty() ? "Selection" : step + ", Selection")
+            << tool.menuItem;
         EXPECT_EQ(played.dump(1)["vertices"] != played.dump(0)["vertices"], tool.changesRightSide)
             << tool.menuItem;
+        if (step.empty()) continue;
         expectSameGeoset(played.dump(2), played.dump(0), tool.menuItem);
     }
 }
@@ -89,7 +96,8 @@ TEST_F(ToolsScenario, UndoBringsBackASelectionWithDeletedVertices) {
     folder.write("hero.mdl", squareModel());
     for (const Tool& tool : tools()) {
         const std::string name = tool.menuItem;
-        if (name == "mnuDelete") continue;  // undoing it brings back whatever is selected
+        if (name == "mnuDelete") continue;   // undoing it brings back whatever is selected
+        if (tool.step[0] == '\0') continue;  // nothing of it to undo
         const Played played = playAll(kOpen + kSelectThird + "press cmdDelete\npress cmdAdd\n" +
                                       kSelectAll + "dump\n" + tool.answers + "menu " + name +
                                       "\nmenu mnuUndo\ndump\nmenu mnuUndo\nmenu mnuUndo\ndump\n");
