@@ -161,11 +161,10 @@ drag pbxFront right 100 100 110 100
 wait 150
 menu mnuSave
 )");
-    EXPECT_EQ(
-        played.dialogs().back(),
-        "message|Error|Geoset 1 cannot be read.\n" + brokenPath +
-            ", line 21: \"3O\" is not a number.\n\nThe file was not opened and is unchanged. "
-            "Mend the line in a text editor, or choose another geoset or model.|ok");
+    EXPECT_EQ(played.dialogs().back(),
+              "message|Error|Geoset 1 cannot be read.\n" + brokenPath +
+                  ", line 21: \"3O\" is not a number.\n\nThe file was not opened and is unchanged. "
+                  "Mend the line in a text editor, or choose another geoset or model.|ok");
     for (const char* const member :
          {"modelPath", "workPath", "geosetNumber", "vertices", "faces", "undo", "menus"}) {
         EXPECT_EQ(played.dump(0)[member], played.dump(1)[member]) << member;
