@@ -216,7 +216,7 @@ TEST_F(UVPictureTest, APictureThatIsCutOffIsRefusedWithThatReason) {
 
 // Telephones append films to their pictures.
 TEST_F(UVPictureTest, WhatFollowsTheEndOfAJpegDoesNotMatter) {
-    const std::string more("ftypmp42\xFF\xD9....\xFF\xDA\x00\x08....", 24);
+    const std::string more("ftypmp42\xFF\xD9....\xFF\xDA\x00\x08....", 22);
     dialogs.asked.clear();
     load(folder.write("film.jpg", bytesOf(plain(Qt::red), "JPEG") + more));
     EXPECT_TRUE(uv().imageLoaded);
