@@ -269,13 +269,6 @@ std::vector<Section> scanParts(const ModelText& text, const GeosetBlock& geoset)
     return sections;
 }
 
-std::vector<Section> scanSections(const ModelText& text, const GeosetBlock& geoset) {
-    std::vector<Section> sections = scanParts(text, geoset);
-    std::erase_if(sections,
-                  [](const Section& section) { return section.kind == SectionKind::Rows; });
-    return sections;
-}
-
 std::string_view keywordIn(const Section& section) {
     Lexer lexer(section.header, 0, section.header.size());
     return lexer.skipBlanks() ? lexer.word() : std::string_view();

@@ -68,9 +68,6 @@ struct Section {
 /// a kind that may not be repeated, and for a geoset that may have ended too early.
 std::vector<Section> scanParts(const ModelText& text, const GeosetBlock& geoset);
 
-/// The six sections alone. Of several TVertices sections only the first is among them.
-std::vector<Section> scanSections(const ModelText& text, const GeosetBlock& geoset);
-
 /// The keyword of a section: the first word of its header.
 std::string_view keywordIn(const Section& section);
 
