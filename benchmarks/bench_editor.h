@@ -6,8 +6,8 @@
 
 #include "editor_fixture.h"
 #include "large_model.h"
-#include "model/open_model.h"
-#include "model/save_model.h"
+#include "model/commands/open_model.h"
+#include "model/commands/save_model.h"
 
 namespace corvane {
 
@@ -41,15 +41,7 @@ struct BenchEditor {
     Editor editor{.pictures = {front, top, left, perspective},
                   .window = window,
                   .dialogs = dialogs,
-                  .userNumbers = {},
-                  .store = {},
-                  .workingCopy = {},
-                  .undo = {},
-                  .modes = {},
-                  .drag = {},
-                  .views = {},
-                  .perspective = {},
-                  .markers = {}};
+                  .userNumbers = {}};
 
     /// Puts the sphere at the format's limits into the store, as if a model were open.
     void loadSphere() {
@@ -67,7 +59,7 @@ struct BenchEditor {
 
     /// The command Save.
     void save() {
-        writeModel(editor, false, false);
+        save(editor);
         expectNoMessage();
     }
 

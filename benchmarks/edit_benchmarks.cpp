@@ -2,9 +2,12 @@
 #include <benchmark/benchmark.h>
 
 #include "bench_editor.h"
+#include "edit/commands/tools.h"
 #include "edit/selection.h"
+#include "test_commands.h"
+#include "edit/commands/drag_transforms.h"
 #include "edit/transforms.h"
-#include "views/box_selection.h"
+#include "views/commands/mouse.h"
 
 namespace corvane {
 
@@ -18,14 +21,14 @@ void selectHalf(Editor& editor) {
     boxSelect(editor, axesOf(View::Front));
 }
 
-void moveAll(Editor& editor) { moveSelection(editor, {1, 2, 3}, true); }
+void moveAll(Editor& editor) { moveSelection(editor, {1, 2, 3}); }
 
 void rotateAll(Editor& editor) {
     double angle = 30;
-    rotateSelection(editor, angle, Axis::Y, true);
+    rotateSelection(editor, angle, Axis::Y);
 }
 
-void scaleAll(Editor& editor) { scaleSelection(editor, 10, 5, true); }
+void scaleAll(Editor& editor) { scaleSelection(editor, 10, 5); }
 
 // Does and undoes an edit of the sphere, all of it selected, and times one of the two.
 void timeEdit(benchmark::State& state, Edit edit, bool timeUndo) {

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "model/geoset_sections.h"
-#include "model/numbers.h"
+#include "base/numbers.h"
 
 namespace corvane {
 

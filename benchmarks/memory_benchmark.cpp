@@ -3,7 +3,8 @@
 #include <cstdio>
 
 #include "bench_editor.h"
-#include "edit/snap_delete.h"
+#include "edit/commands/tools.h"
+#include "test_commands.h"
 #include "views/recording_surface.h"
 
 namespace corvane {

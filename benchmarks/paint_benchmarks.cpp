@@ -6,6 +6,7 @@
 #include "app/picture_box.h"
 #include "app/picture_painter.h"
 #include "redraw_shapes.h"
+#include "editor/run_edit.h"
 #include "views/ortho_view.h"
 
 namespace corvane {

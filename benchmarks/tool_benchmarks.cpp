@@ -7,10 +7,11 @@
 
 #include "bench_editor.h"
 #include "edit/clone.h"
-#include "edit/extrude.h"
-#include "edit/normals.h"
 #include "edit/selection.h"
-#include "edit/snap_delete.h"
+#include "edit/commands/drag_transforms.h"
+#include "edit/commands/tools.h"
+#include "edit/normals.h"
+#include "test_commands.h"
 
 namespace corvane {
 
@@ -86,7 +87,7 @@ void timeTool(benchmark::State& state, Tool tool) {
 void cloneAll(Editor& editor) {
     if (!canClone(editor)) return;
     pushUndo(editor, {.keepFaces = true, .keepVertices = true}, {}, "Clone");
-    cloneSelection(editor);
+    cloneSelected(store());
 }
 
 void extrudeAll(Editor& editor) { extrudeSelection(editor, {0, 0, 5}); }

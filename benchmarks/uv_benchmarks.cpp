@@ -8,7 +8,8 @@
 #include "app/picture_painter.h"
 #include "bench_editor.h"
 #include "redraw_shapes.h"
-#include "uveditor/exchange.h"
+#include "uveditor/commands/exchange.h"
+#include "uveditor/commands/texture_commands.h"
 #include "uveditor/uv_tools.h"
 #include "uveditor/uv_view.h"
 

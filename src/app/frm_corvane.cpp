@@ -13,11 +13,11 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
-#include "edit/undo_history.h"
-#include "model/open_model.h"
+#include "editor/run_edit.h"
+#include "model/commands/open_model.h"
+#include "views/commands/mouse.h"
+#include "views/commands/view_commands.h"
 #include "views/help_texts.h"
-#include "views/ortho_view.h"
-#include "views/perspective_view.h"
 
 namespace corvane {
 
@@ -55,15 +55,7 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers)
                            pbxPersp_->surface()},
               .window = *this,
               .dialogs = dialogs,
-              .userNumbers = userNumbers,
-              .store = {},
-              .workingCopy = {},
-              .undo = {},
-              .modes = {},
-              .drag = {},
-              .views = {},
-              .perspective = {},
-              .markers = {}} {
+              .userNumbers = userNumbers} {
     setObjectName("frmCorvane");
     setCentralWidget(central_);
     central_->setObjectName("central");
@@ -131,9 +123,7 @@ void frmCorvane::connectPicture(PictureBox& picture, View view) {
     picture.onRelease = [this, view](MouseButton button, double x, double y) {
         mouseUp(editor_, view, button, x, y);
     };
-    picture.onResize = [this, view] {
-        if (editor_.store.modelLoaded) updateView(editor_, view);
-    };
+    picture.onResize = [this, view] { updateView(editor_, view); };
 }
 
 void frmCorvane::buildViewButtons() {
@@ -388,11 +378,11 @@ void frmCorvane::updateTitle() {
         return;
     }
     QString geoset = tr("Geoset %1").arg(store.geosetNumber);
-    if (editor_.workingCopy.geosetRemoved) geoset = tr("Removed geoset");
+    if (store.isGeosetRemoved()) geoset = tr("Removed geoset");
     // In a title "[*]" is where edits are marked; twice it stands for itself.
     const QString name = fileName(store.modelPath).replace("[*]", "[*][*]");
     setWindowTitle(tr("%1[*] - %2 - Corvane").arg(name, geoset));
-    setWindowModified(store.modified);
+    setWindowModified(store.isModified());
 }
 
 void frmCorvane::showTip(const std::string& text) {

@@ -11,11 +11,11 @@
 #include "app/main_window_tables.h"
 #include "app/picture_box.h"
 #include "app/tool_button.h"
-#include "editor.h"
+#include "editor/editor.h"
 
 namespace corvane {
 
-class frmCorvane : public QMainWindow, private MainWindow {
+class frmCorvane : public QMainWindow, private EditorWindow {
     Q_OBJECT
 
 public:
@@ -42,7 +42,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    // MainWindow
+    // EditorWindow
     void updateButtons() override;
     void showTip(const std::string& text) override;
     void startSelectTimer() override;

@@ -9,8 +9,8 @@
 #include <QVBoxLayout>
 
 #include "app/picture_file.h"
-#include "uveditor/exchange.h"
-#include "uveditor/uv_tools.h"
+#include "uveditor/commands/exchange.h"
+#include "uveditor/commands/texture_commands.h"
 #include "uveditor/uv_view.h"
 
 namespace corvane {
@@ -30,13 +30,7 @@ frmUVEditor::frmUVEditor(Editor& main)
       cboView_(new QComboBox(panel_)),
       txtUVX_(new QLineEdit(panel_)),
       txtUVY_(new QLineEdit(panel_)),
-      uv_{.picture = pbxUVView_->surface(),
-          .window = *this,
-          .dialogs = main.dialogs,
-          .data = {},
-          .savedU = {},
-          .savedV = {},
-          .imagePath = {}} {
+      uv_{{.picture = pbxUVView_->surface()}, *this, main.dialogs} {
     setObjectName("frmUVEditor");
     setWindowTitle(tr("Texture Coordinates[*] - Corvane"));
 
@@ -213,7 +207,7 @@ void frmUVEditor::buildPanel() {
     cboView_->addItems({"Top", "Front", "Left"});
     projection.addWidget(cboView_, 0, 0);
     addTool(projection, "cmdRemap", "Rema&p", 1, 0,
-            [this] { remapSelection(uv_, main_, cboView_->currentText().toStdString()); });
+            [this] { remapSelection(uv_, main_, static_cast<RemapPlane>(cboView_->currentIndex())); });
 
     QGridLayout& readout = *group(tr("Under the mouse"));
     int row = 0;

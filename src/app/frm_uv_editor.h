@@ -10,8 +10,8 @@
 
 #include "app/picture_box.h"
 #include "app/tool_button.h"
-#include "editor.h"
-#include "uveditor/uv_editor.h"
+#include "editor/editor.h"
+#include "uveditor/commands/uv_editor.h"
 
 namespace corvane {
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/frm_corvane.h"
+#include "app/process.h"
 #include "app/qt_dialogs.h"
 #include "app/user_locale.h"
 
@@ -31,6 +32,7 @@ public:
 }  // namespace
 
 int main(int argc, char** argv) {
+    corvane::prepareProcess();
     const Application application(argc, argv);
     QApplication::setApplicationName("Corvane");
     QApplication::setDesktopFileName("corvane");

@@ -2,22 +2,22 @@
 
 #include <array>
 
+#include "edit/commands/tools.h"
+#include "edit/deletion.h"
 #include "edit/normals.h"
 #include "edit/placement.h"
 #include "edit/selection.h"
-#include "edit/snap_delete.h"
-#include "edit/undo_history.h"
-#include "groups/matrices.h"
-#include "groups/vertex_groups.h"
-#include "model/merge_geoset.h"
-#include "model/new_model.h"
-#include "model/open_model.h"
-#include "model/save_model.h"
-#include "uveditor/exchange.h"
-#include "views/help_texts.h"
-#include "views/marker_tools.h"
+#include "edit/weld.h"
+#include "editor/run_edit.h"
+#include "groups/commands/group_commands.h"
+#include "model/commands/merge_geoset.h"
+#include "model/commands/new_model.h"
+#include "model/commands/open_model.h"
+#include "model/commands/save_model.h"
+#include "uveditor/commands/exchange.h"
+#include "views/commands/marker_commands.h"
+#include "views/commands/view_commands.h"
 #include "views/navigation.h"
-#include "views/perspective_view.h"
 
 namespace corvane {
 
@@ -55,16 +55,16 @@ constexpr std::array kFileMenu = {
     MenuEntry{.name = "mnuSave",
               .caption = "&Save",
               .shortcut = "Ctrl+S",
-              .run = [](Editor& editor) { writeModel(editor, false, false); },
+              .run = save,
               .needs = Needs::Model},
     MenuEntry{.name = "mnuSaveAs",
               .caption = "Save &As...",
               .shortcut = "Ctrl+Shift+S",
-              .run = [](Editor& editor) { writeModel(editor, false, true); },
+              .run = saveAs,
               .needs = Needs::Model},
     MenuEntry{.name = "mnuSaveGeoset",
               .caption = "Save &Geoset...",
-              .run = [](Editor& editor) { writeModel(editor, true, true); },
+              .run = saveGeoset,
               .needs = Needs::Model},
     kSeparator,
     MenuEntry{.name = "mnuSwitchGeoset",
@@ -92,11 +92,11 @@ constexpr std::array kEditMenu = {
               .needs = Needs::UndoStep},
     kSeparator,
     MenuEntry{
-        .name = "mnuSelectAll", .caption = "Select &All", .shortcut = "Ctrl+A", .run = selectAll},
+        .name = "mnuSelectAll", .caption = "Select &All", .shortcut = "Ctrl+A", .run = edit<"Select All", selectAll>},
     MenuEntry{.name = "mnuInvertSelection",
               .caption = "&Invert Selection",
               .shortcut = "Ctrl+I",
-              .run = invertSelection},
+              .run = edit<"Invert Selection", invertSelection>},
     kSeparator,
     submenu("mnuSelectionMode", "&Selection Mode"),
     pressing("mnuSelect", "&Select", "cmdSelect"),
@@ -129,24 +129,24 @@ constexpr std::array kEditMenu = {
 
 constexpr std::array kToolsMenu = {
     pressing("mnuSnap", "&Snap", "cmdSnap"),
-    item("mnuWeld", "&Weld", weldSelection),
+    item("mnuWeld", "&Weld", edit<"Weld", weldSelected>),
     pressing("mnuDelete", "&Delete", "cmdDelete", "Del"),
-    item("mnuDeleteFace", "Delete &Face", deleteSelectedFaces),
+    item("mnuDeleteFace", "Delete &Face", edit<"Delete Face", deleteSelectedFaces>),
     kSeparator,
-    item("mnuExpandSelection", "&Expand Selection", expandSelection, "Ctrl+E"),
+    item("mnuExpandSelection", "&Expand Selection", edit<"Selection", expandSelection>, "Ctrl+E"),
     kSeparator,
-    item("mnuRecalculateNormals", "&Recalculate Normals", recalculateNormals),
+    item("mnuRecalculateNormals", "&Recalculate Normals", edit<"Recalculate Normals", recalculateNormals>),
     item("mnuSnapNormals", "Snap &Normals", snapNormals),
     kSeparator,
     submenu("mnuMirror", "&Mirror"),
-    item("mnuMirrorX", "Mirror &X", [](Editor& editor) { mirrorSelection(editor, Axis::X); }),
-    item("mnuMirrorY", "Mirror &Y", [](Editor& editor) { mirrorSelection(editor, Axis::Y); }),
-    item("mnuMirrorZ", "Mirror &Z", [](Editor& editor) { mirrorSelection(editor, Axis::Z); }),
+    item("mnuMirrorX", "Mirror &X", editAxis<"Mirror", mirrorSelected, Axis::X>),
+    item("mnuMirrorY", "Mirror &Y", editAxis<"Mirror", mirrorSelected, Axis::Y>),
+    item("mnuMirrorZ", "Mirror &Z", editAxis<"Mirror", mirrorSelected, Axis::Z>),
     kSubmenuEnd,
     submenu("mnuAlign", "&Align"),
-    item("mnuAlignX", "Align &X", [](Editor& editor) { alignSelection(editor, Axis::X); }),
-    item("mnuAlignY", "Align &Y", [](Editor& editor) { alignSelection(editor, Axis::Y); }),
-    item("mnuAlignZ", "Align &Z", [](Editor& editor) { alignSelection(editor, Axis::Z); }),
+    item("mnuAlignX", "Align &X", editAxis<"Align", alignSelected, Axis::X>),
+    item("mnuAlignY", "Align &Y", editAxis<"Align", alignSelected, Axis::Y>),
+    item("mnuAlignZ", "Align &Z", editAxis<"Align", alignSelected, Axis::Z>),
     kSubmenuEnd,
     item("mnuSetCoordinates", "Set &Coordinates...", setCoordinates),
     kSeparator,
@@ -200,10 +200,7 @@ constexpr std::array kHelpMenu = {
     MenuEntry{.name = "mnuEnableTips",
               .caption = "Enable T&ips",
               .run =
-                  [](Editor& editor) {
-                      editor.modes.tipsEnabled = !editor.modes.tipsEnabled;
-                      editor.window.updateButtons();
-                  },
+                  toggleTips,
               .checked = [](const Editor& editor) { return editor.modes.tipsEnabled; }},
     kSeparator,
     helpItem("mnuAbout", "&About"),
@@ -263,7 +260,8 @@ constexpr std::array kAxisButtons = {
 };
 
 constexpr std::array kEditButtons = {
-    ButtonEntry{"cmdSnap", "Sna&p", "Snap the selection together", 0, 0, snapSelection, nullptr},
+    ButtonEntry{"cmdSnap", "Sna&p", "Snap the selection together", 0, 0, edit<"Snap", snapSelected>,
+                nullptr},
     ButtonEntry{"cmdDelete", "De&lete", "Delete the selection", 0, 1, deleteSelection, nullptr},
 };
 

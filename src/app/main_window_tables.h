@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "editor.h"
+#include "editor/editor.h"
 
 namespace corvane {
 

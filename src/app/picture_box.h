@@ -7,7 +7,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "views/mouse.h"
+#include "views/mouse_button.h"
 #include "views/recording_surface.h"
 
 namespace corvane {

@@ -32,20 +32,31 @@ std::optional<std::string> pick(QFileDialog& dialog, const std::string& filter,
     return dialog.selectedFiles().first().toStdString();
 }
 
-void prepare(QMessageBox& box, const std::string& caption, const std::string& text) {
-    box.setWindowTitle(QString::fromStdString(caption));
+void prepare(QMessageBox& box, const Caption& caption, const std::string& text) {
+    box.setWindowTitle(QString::fromUtf8(caption.text));
     box.setTextFormat(Qt::PlainText);  // a path may look like markup
     box.setText(QString::fromStdString(text));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
-void showMessage(const std::string& caption, const std::string& text,
+QMessageBox::Icon iconOf(Severity severity) {
+    switch (severity) {
+        case Severity::Error:
+            return QMessageBox::Critical;
+        case Severity::Warning:
+            return QMessageBox::Warning;
+        case Severity::Plain:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+void showMessage(const Caption& caption, const std::string& text,
                  Qt::LayoutDirection direction) {
     QMessageBox box(parentWindow());
     prepare(box, caption, text);
     box.setLayoutDirection(direction);
-    if (caption == kErrorCaption) box.setIcon(QMessageBox::Critical);
-    if (caption == kWarningCaption) box.setIcon(QMessageBox::Warning);
+    box.setIcon(iconOf(caption.severity));
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();
 }
@@ -85,15 +96,15 @@ std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const 
     return dialog.textValue().toStdString();
 }
 
-void QtDialogs::messageBox(const std::string& caption, const std::string& text) {
+void QtDialogs::messageBox(const Caption& caption, const std::string& text) {
     showMessage(caption, text, QGuiApplication::layoutDirection());
 }
 
-void QtDialogs::rightToLeftMessageBox(const std::string& caption, const std::string& text) {
+void QtDialogs::rightToLeftMessageBox(const Caption& caption, const std::string& text) {
     showMessage(caption, text, Qt::RightToLeft);
 }
 
-bool QtDialogs::yesNo(const std::string& caption, const std::string& text) {
+bool QtDialogs::yesNo(const Caption& caption, const std::string& text) {
     QMessageBox box(parentWindow());
     prepare(box, caption, text);
     box.setIcon(QMessageBox::Question);

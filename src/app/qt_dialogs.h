@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-#include "dialogs.h"
+#include "editor/dialogs.h"
 
 namespace corvane {
 
@@ -15,9 +15,9 @@ public:
                                         const std::string& current) override;
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultAnswer) override;
-    void messageBox(const std::string& caption, const std::string& text) override;
-    void rightToLeftMessageBox(const std::string& caption, const std::string& text) override;
-    bool yesNo(const std::string& caption, const std::string& text) override;
+    void messageBox(const Caption& caption, const std::string& text) override;
+    void rightToLeftMessageBox(const Caption& caption, const std::string& text) override;
+    bool yesNo(const Caption& caption, const std::string& text) override;
 };
 
 /// A filter "description|*.ext;*.ext2|description|*.ext3" as a file dialog of Qt takes it, one

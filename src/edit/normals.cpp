@@ -2,10 +2,11 @@
 
 #include <cmath>
 #include <optional>
+#include <span>
+#include <vector>
 
 #include "edit/positions.h"
 #include "edit/selection.h"
-#include "views/ortho_view.h"
 
 namespace corvane {
 
@@ -90,47 +91,35 @@ Triple normalise(const Triple& vector) {
     return {vector[0] / length, vector[1] / length, vector[2] / length};
 }
 
-void recalculateNormals(Editor& editor) {
-    GeosetStore& store = editor.store;
-    pushUndo(editor, {.keepVertices = true}, {}, "Recalculate Normals");
-    const std::vector<std::uint32_t> ids = positionIds(store.Vertices);
-    const FacesAtPositions faces(store, ids);
-    std::vector<std::optional<Triple>> known(store.Vertices.size());
-    for (std::size_t i = 0; i < store.Vertices.size(); ++i) {
-        if (!store.Vertices[i].selected) continue;
+void recalculateNormals(Geoset& geoset) {
+    const std::vector<std::uint32_t> ids = positionIds(geoset.Vertices);
+    const FacesAtPositions faces(geoset, ids);
+    std::vector<std::optional<Triple>> known(geoset.Vertices.size());
+    for (std::size_t i = 0; i < geoset.Vertices.size(); ++i) {
+        if (!geoset.Vertices[i].selected) continue;
         // Vertices at the same place see the same faces.
         std::optional<Triple>& normal = known[ids[i]];
-        if (!normal) normal = normalAt(store, ids, faces, ids[i]);
-        store.Vertices[i].normal = *normal;
+        if (!normal) normal = normalAt(geoset, ids, faces, ids[i]);
+        geoset.Vertices[i].normal = *normal;
     }
-    redrawAll(editor);
 }
 
-void snapNormals(Editor& editor) {
-    GeosetStore& store = editor.store;
-    if (numSelVerts(store) == 0) return;
-    Triple sum{};
-    for (const VertexRecord& vertex : store.Vertices) {
+NormalSum sumOfNormals(const Geoset& geoset) {
+    NormalSum sum;
+    for (const VertexRecord& vertex : geoset.Vertices) {
         if (!vertex.selected) continue;
-        for (std::size_t i = 0; i < sum.size(); ++i) sum[i] += vertex.normal[i];
+        for (std::size_t i = 0; i < sum.sum.size(); ++i) sum.sum[i] += vertex.normal[i];
     }
-    const double length = lengthOf(sum);
-    if (length == 0 || !std::isfinite(length)) {
-        const char* const reason = length == 0
-                                       ? "cancel each other out, so they have no common direction"
-                                       : "are too large to be added up";
-        editor.dialogs.messageBox(kErrorCaption,
-                                  std::string("The normals of the selected vertices ") + reason +
-                                      ". Nothing was changed; select fewer vertices, or "
-                                      "recalculate the normals first.");
-        return;
+    sum.length = lengthOf(sum.sum);
+    return sum;
+}
+
+void snapNormals(Geoset& geoset, const NormalSum& sum) {
+    const Triple normal = {sum.sum[0] / sum.length, sum.sum[1] / sum.length,
+                           sum.sum[2] / sum.length};
+    for (VertexRecord& vertex : geoset.Vertices) {
+        if (vertex.selected) vertex.normal = normal;
     }
-    pushUndo(editor, {.keepVertices = true}, {}, "Snap Normals");
-    for (VertexRecord& vertex : store.Vertices) {
-        if (!vertex.selected) continue;
-        vertex.normal = {sum[0] / length, sum[1] / length, sum[2] / length};
-    }
-    redrawAll(editor);
 }
 
 }  // namespace corvane

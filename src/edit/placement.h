@@ -1,18 +1,18 @@
-// Placing the selected vertices exactly: mirrored, aligned, at typed coordinates.
+// Placing the selected vertices exactly: mirrored, aligned, at given coordinates.
 #pragma once
 
-#include "editor.h"
+#include "base/geoset.h"
 
 namespace corvane {
 
 /// Mirrors the selection across its centre on one axis; that component of the normals changes its
-/// sign. A step even with nothing selected.
-void mirrorSelection(Editor& editor, Axis axis);
+/// sign.
+void mirrorSelected(Geoset& geoset, Axis axis);
 
-/// Puts the selection on its centre's plane across one axis. Nothing with nothing selected.
-void alignSelection(Editor& editor, Axis axis);
+/// Puts the selection on its centre's plane across one axis.
+void alignSelected(Geoset& geoset, Axis axis);
 
-/// Asks for three coordinates, each until it is a number, and puts the selection there.
-void setCoordinates(Editor& editor);
+/// Puts every selected vertex at one place (model units, slot order).
+void placeSelected(Geoset& geoset, const Triple& place);
 
 }  // namespace corvane

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "model/geoset_store.h"
+#include "base/geoset.h"
 
 namespace corvane {
 

@@ -1,38 +1,36 @@
-// What the selection is: how many vertices, where its centre lies; and the commands that change it
-// as a whole.
+// What the selection is: how many vertices and faces, where its centre lies; and changing it as a
+// whole.
 #pragma once
 
-#include "editor.h"
+#include "base/geoset.h"
 
 namespace corvane {
 
-/// The number of selected vertices, deleted ones included; 0 while no model is loaded.
-int numSelVerts(const GeosetStore& store);
+/// The number of selected vertices, deleted ones included.
+int countSelectedVertices(const Geoset& geoset);
+
+/// Whether the three corners of a face are all selected. Deleted flags do not count.
+bool hasSelectedCorners(const Geoset& geoset, const FaceRecord& face);
+
+/// The number of faces whose three corners are all selected, deleted ones included.
+int countSelectedFaces(const Geoset& geoset);
 
 /// The mean coordinate on one axis over the selected vertices that are not deleted, model units;
 /// 0 where there are none.
-double selectionCentre(const GeosetStore& store, Axis axis);
+double selectionCentre(const Geoset& geoset, Axis axis);
 
 /// selectionCentre() of the three axes, in slot order.
-Triple selectionCentre(const GeosetStore& store);
+Triple selectionCentre(const Geoset& geoset);
 
-/// The command Select All: selects every vertex, deleted ones included.
-void selectAll(Editor& editor);
+/// Selects every vertex, deleted ones included.
+void selectAll(Geoset& geoset);
 
-/// The command Invert Selection.
-void invertSelection(Editor& editor);
+void invertSelection(Geoset& geoset);
 
-/// The command Expand Selection: selects every vertex that a chain of faces connects to a selected
-/// one, whatever is deleted.
-void expandSelection(Editor& editor);
+/// Selects every vertex that a chain of faces connects to a selected one, whatever is deleted.
+void expandSelection(Geoset& geoset);
 
-/// Message boxes with the number of selected vertices, and of faces whose corners are all selected.
-void showVertexCount(Editor& editor);
-void showFaceCount(Editor& editor);
-
-/// The selection's centre as a triple of model text, in the file's order and rounded to 6
-/// decimals: shown in an input box to copy from, or put on the clipboard.
-void viewCentreOfMass(Editor& editor);
-void copyCentreOfMass(Editor& editor);
+/// Selects exactly the vertices from the 0-based index `first` on.
+void selectFrom(Geoset& geoset, std::size_t first);
 
 }  // namespace corvane

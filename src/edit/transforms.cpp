@@ -2,9 +2,7 @@
 
 #include <cmath>
 
-#include "edit/clone.h"
 #include "edit/selection.h"
-#include "views/ortho_view.h"
 
 namespace corvane {
 
@@ -12,23 +10,6 @@ namespace {
 
 // Shorter than the full constant. Kept, so that a rotation gives the same digits as ever.
 constexpr double kPi = 3.14159265358;
-
-// Records the step of a transform, and in clone mode leaves a copy behind. False, after a message,
-// where there is no room for the copy; the transform must not go on then.
-bool recordAndClone(Editor& editor, const Triple& numbers, std::string_view name) {
-    if (!editor.modes.cloneMode) {
-        pushUndo(editor, {}, numbers, name);
-        return true;
-    }
-    if (!canClone(editor)) return false;
-    pushUndo(editor, {.keepFaces = true, .keepVertices = true}, {}, "Clone");
-    cloneSelection(editor);
-    return true;
-}
-
-std::array<bool, 3> activeSlots(const ToolModes& modes) {
-    return {modes.activeX, modes.activeY, modes.activeZ};
-}
 
 // A result that no number can hold would be written to the model file as no number: keep the old.
 void assignFinite(double& coordinate, double value) {
@@ -70,18 +51,13 @@ void turn(Triple& point, Plane plane, double degrees) {
 
 }  // namespace
 
-void moveSelection(Editor& editor, const Triple& delta, bool recordUndo) {
-    if (recordUndo && !recordAndClone(editor, delta, "Move")) return;
-    const std::array<bool, 3> active = activeSlots(editor.modes);
-    for (VertexRecord& vertex : editor.store.Vertices) {
+void moveSelected(Geoset& geoset, const Triple& delta, const ActiveSlots& active) {
+    for (VertexRecord& vertex : geoset.Vertices) {
         if (!vertex.selected) continue;
         for (std::size_t slot = 0; slot < delta.size(); ++slot) {
             if (active[slot]) assignFinite(vertex.pos[slot], vertex.pos[slot] + delta[slot]);
         }
     }
-    editor.modes.cloneMode = false;
-    redrawAll(editor);
-    editor.window.updateButtons();
 }
 
 double scaleFactor(double a, double b) {
@@ -91,13 +67,11 @@ double scaleFactor(double a, double b) {
     return a - b < 0 ? 1 / s : s;
 }
 
-void scaleSelection(Editor& editor, double a, double b, bool recordUndo) {
-    if (recordUndo && !recordAndClone(editor, {a, b, 0}, "Scale")) return;
+void scaleSelected(Geoset& geoset, double a, double b, const ActiveSlots& active) {
     double s = scaleFactor(a, b);
     if (!std::isfinite(s) || s == 0) s = 1;  // from a drag that is no number
-    const Triple centre = selectionCentre(editor.store);
-    const std::array<bool, 3> active = activeSlots(editor.modes);
-    for (VertexRecord& vertex : editor.store.Vertices) {
+    const Triple centre = selectionCentre(geoset);
+    for (VertexRecord& vertex : geoset.Vertices) {
         if (!vertex.selected) continue;
         for (std::size_t slot = 0; slot < centre.size(); ++slot) {
             double& coordinate = vertex.pos[slot];
@@ -105,19 +79,13 @@ void scaleSelection(Editor& editor, double a, double b, bool recordUndo) {
             assignFinite(coordinate, (coordinate - centre[slot]) * s + centre[slot]);
         }
     }
-    editor.modes.cloneMode = false;
-    redrawAll(editor);
-    editor.window.updateButtons();
 }
 
-void rotateSelection(Editor& editor, double& angle, Axis axis, bool recordUndo) {
-    if (recordUndo &&
-        !recordAndClone(editor, {angle, 0, 0}, std::string("Rotate ") + letterOf(axis)))
-        return;
+void rotateSelected(Geoset& geoset, double& angle, Axis axis) {
     angle /= 2;
-    const Triple centre = selectionCentre(editor.store);
+    const Triple centre = selectionCentre(geoset);
     const Plane plane = planeAbout(axis);
-    for (VertexRecord& vertex : editor.store.Vertices) {
+    for (VertexRecord& vertex : geoset.Vertices) {
         if (!vertex.selected) continue;
         Triple pos = vertex.pos;
         for (std::size_t slot = 0; slot < centre.size(); ++slot) pos[slot] -= centre[slot];
@@ -127,9 +95,6 @@ void rotateSelection(Editor& editor, double& angle, Axis axis, bool recordUndo) 
             assignFinite(vertex.pos[slot], pos[slot] + centre[slot]);
         }
     }
-    editor.modes.cloneMode = false;
-    editor.window.updateButtons();
-    redrawAll(editor);
 }
 
 }  // namespace corvane

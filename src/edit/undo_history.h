@@ -5,15 +5,14 @@
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "model/geoset_store.h"
+#include "base/geoset.h"
+#include "edit/undo_steps.h"
 
 namespace corvane {
-
-struct Editor;
 
 /// One step. A copy that the step does not keep is null. Copies are shared, never changed.
 struct UndoRecord {
@@ -21,8 +20,11 @@ struct UndoRecord {
     std::shared_ptr<const std::vector<bool>> selection;
     std::shared_ptr<const std::vector<VertexRecord>> vertices;
     Triple numbers{};  ///< A, B, C: deltas, angle or axis states; 0 where the step has none
-    std::string name;
+    std::string name;  ///< as shown; empty in an empty slot
     std::shared_ptr<const std::vector<FaceRecord>> faces;
+    std::optional<Step> step;        ///< nothing in an empty slot
+    Axis axis = Axis::X;             ///< that a rotation turned about
+    std::uint64_t revisionBefore = 0;  ///< the geoset's revision before the step
 };
 
 /// A step pushes all slots down; an undo pulls up only the first ones.
@@ -32,32 +34,34 @@ inline constexpr std::size_t kUndoPullSlots = 20;
 /// The slots, newest first.
 struct UndoHistory {
     std::array<UndoRecord, kUndoSlots> slots;
-
-    /// The texture editor was handed the mesh that the steps belong to. Goes with them when
-    /// another geoset is read.
-    bool inTextureEditor = false;
-
-    /// Save Changes of the texture editor wrote to that mesh, which is no step of its own: an undo
-    /// may take back what it wrote.
-    bool savedFromTextureEditor = false;
 };
 
-/// Which copies a step keeps.
-struct UndoCopies {
-    bool keepFaces = false;
-    bool keepVertices = false;
-    bool keepSelection = false;
+/// A step as it is about to be taken.
+struct StepTaken {
+    // NOLINTNEXTLINE(google-explicit-constructor): most steps have nothing besides
+    constexpr StepTaken(Step what, const Triple& itsNumbers = {},
+                        std::optional<Axis> rotatedAbout = {})
+        : step(what), numbers(itsNumbers), axis(rotatedAbout) {}
+    // NOLINTNEXTLINE(google-explicit-constructor): the same
+    consteval StepTaken(const char* name) : step(name) {}
+
+    Step step;
+    Triple numbers{};
+    std::optional<Axis> axis{};  ///< of a rotation, whose name it ends
 };
 
-/// Records a step, before the edit that it belongs to. Does nothing while no model is loaded.
-void pushUndo(Editor& editor, UndoCopies copies, const Triple& numbers, std::string_view name);
+/// Records a step of the geoset as it is before the change.
+void recordStep(UndoHistory& history, const Geoset& geoset, const StepTaken& taken,
+                std::uint64_t revision);
 
-/// Records the step "Set Active Axes", unless the newest step already is one: a run of axis
-/// toggles is one step. Called before the toggle.
-void recordActiveAxes(Editor& editor);
+/// Reverses a step: puts its copies back, or does the opposite to what is selected now along the
+/// axes that are active now. Nothing for an empty slot.
+void reverseStep(const UndoRecord& step, Geoset& geoset, ActiveSlots& active);
 
-/// The command Undo: reverses the newest step, drops it and redraws.
-void undoLast(Editor& editor);
+/// Drops the newest step. Only the first 20 slots move up, and slot 20 keeps its record: after
+/// nineteen undos in a row the twentieth newest step fills slots 1 to 20 and is reversed again and
+/// again. What lies deeper is never reached.
+void dropNewest(UndoHistory& history);
 
 /// The caption of the Undo menu item: "Undo", with the newest step's name if there is one.
 std::string undoCaption(const UndoHistory& history);

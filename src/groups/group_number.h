@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "model/numbers.h"
+#include "base/numbers.h"
 
 namespace corvane {
 

@@ -1,16 +1,13 @@
 #include "groups/matrices.h"
 
-#include "groups/group_number.h"
+#include <algorithm>
 
 namespace corvane {
 
 namespace {
 
-constexpr const char* kCaption = "Matrices";
 constexpr std::size_t kShownBones = 5;    // of a group
 constexpr std::size_t kPageLength = 300;  // characters; a page ends with the line that passes it
-constexpr std::size_t kStoredBones = 4;   // of a new group
-constexpr std::size_t kAskedBones = 5;    // the answer to the last question is dropped
 
 std::string lineOf(std::size_t index, const MatrixGroup& group) {
     std::string line = std::to_string(index) + ": " + std::to_string(group[0]);
@@ -20,49 +17,23 @@ std::string lineOf(std::size_t index, const MatrixGroup& group) {
     return line + "\r\n";
 }
 
-// The number of a bone; nothing for an empty answer. Asks again until it is one of the two. The
-// number that stands for an unused row is none: that bone, and those after it, would be lost.
-std::optional<std::int16_t> askForBone(Editor& editor, std::size_t k) {
-    while (true) {
-        const std::optional<std::string> answer = editor.dialogs.inputBox(
-            "Control bone " + std::to_string(k) + "\r\nClick cancel to stop adding control bones.",
-            "New Matrix", "");
-        if (!answer || answer->empty()) return std::nullopt;
-        const std::optional<std::int16_t> bone = toInt16(*answer, editor.userNumbers);
-        if (bone && *bone != kNoMatrix) return bone;
-    }
-}
-
 }  // namespace
 
-void viewMatrices(Editor& editor) {
-    std::string page;
+std::vector<std::string> matrixPages(const Geoset& geoset) {
+    std::vector<std::string> pages(1);
     std::size_t index = 0;
-    for (const MatrixGroup& group : editor.store.matrixGroups) {
-        page += lineOf(index++, group);
-        if (page.size() > kPageLength) {
-            editor.dialogs.messageBox(kCaption, page + "Next page...");
-            page.clear();
-        }
+    for (const MatrixGroup& group : geoset.matrixGroups) {
+        pages.back() += lineOf(index++, group);
+        if (pages.back().size() > kPageLength) pages.emplace_back();
     }
-    if (!page.empty()) editor.dialogs.messageBox(kCaption, page);
+    return pages;
 }
 
-void addMatrix(Editor& editor) {
-    GeosetStore& store = editor.store;
-    if (!store.modelLoaded) return;
-    for (std::size_t k = 1; k <= kAskedBones; ++k) {
-        const std::optional<std::int16_t> bone = askForBone(editor, k);
-        if (!bone) break;
-        if (k == 1) {
-            MatrixGroup group;
-            group.fill(kNoMatrix);
-            store.matrixGroups.push_back(group);
-            store.modified = true;
-        }
-        if (k <= kStoredBones) store.matrixGroups.back()[k - 1] = *bone;
-    }
-    editor.window.updateButtons();
+void appendMatrixGroup(Geoset& geoset, std::span<const std::int16_t> bones) {
+    MatrixGroup group;
+    group.fill(kNoMatrix);
+    std::ranges::copy(bones.first(std::min(bones.size(), kStoredBones)), group.begin());
+    geoset.matrixGroups.push_back(group);
 }
 
 }  // namespace corvane

@@ -1,16 +1,23 @@
 // The matrix groups: which bones drive the vertices of each group.
 #pragma once
 
-#include "editor.h"
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "base/geoset.h"
 
 namespace corvane {
 
-/// Lists all matrix groups in message boxes, a page at a time; at most five bones of a group.
-void viewMatrices(Editor& editor);
+/// The bones that a new group takes; any further one is dropped.
+inline constexpr std::size_t kStoredBones = 4;
 
-/// Asks for control bones one by one and appends a matrix group with the first four. An empty
-/// answer or Cancel ends the asking; at the first question it adds nothing. Nothing before a model
-/// is loaded.
-void addMatrix(Editor& editor);
+/// A list of all matrix groups, at most five bones of each, as pages of about 300 characters; lines
+/// end with CR LF. The last page may be empty.
+std::vector<std::string> matrixPages(const Geoset& geoset);
+
+/// Appends a group of the first kStoredBones of these bones.
+void appendMatrixGroup(Geoset& geoset, std::span<const std::int16_t> bones);
 
 }  // namespace corvane

@@ -1,19 +1,21 @@
 // The vertex groups: which matrix group each vertex belongs to.
 #pragma once
 
-#include "editor.h"
+#include <cstdint>
+#include <string>
+
+#include "base/geoset.h"
+#include "base/tool_mode.h"
 
 namespace corvane {
 
-/// Asks for a group number until it is one of 16 signed bits, and gives it to the selected
-/// vertices, deleted ones included. An empty answer or Cancel changes nothing.
-void assignVertexGroup(Editor& editor);
+/// Gives a group (0-based) to the selected vertices, deleted ones included.
+void assignGroup(Geoset& geoset, std::int16_t group);
 
-/// Asks for a group number and selects its vertices that are not deleted, as the selection mode
-/// says. Cancel changes nothing. No undo step.
-void selectByVertexGroup(Editor& editor);
+/// Selects the vertices of a group that are not deleted, as the mode says.
+void selectGroup(Geoset& geoset, std::int16_t group, SelectMode mode);
 
 /// Says which groups the selected vertices belong to.
-void showVertexGroups(Editor& editor);
+std::string groupsOfSelection(const Geoset& geoset);
 
 }  // namespace corvane

@@ -8,8 +8,9 @@
 #include <span>
 #include <string>
 
+#include "base/numbers.h"
 #include "model/lexer.h"
-#include "model/numbers.h"
+#include "model/row_sections.h"
 
 namespace corvane {
 

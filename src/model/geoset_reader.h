@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string>
 
-#include "model/geoset_store.h"
+#include "base/geoset.h"
 #include "model/model_scanner.h"
 #include "model/model_text.h"
 

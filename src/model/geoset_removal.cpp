@@ -9,7 +9,7 @@
 
 #include "model/lexer.h"
 #include "model/model_scanner.h"
-#include "model/numbers.h"
+#include "base/numbers.h"
 
 namespace corvane {
 

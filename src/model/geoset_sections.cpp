@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "model/numbers.h"
+#include "base/numbers.h"
 
 namespace corvane {
 
@@ -13,6 +13,14 @@ constexpr int kRoundedDecimals = 6;  // of normals and texture coordinates
 bool hasKeptCorners(const Geoset& geoset, const FaceRecord& face) {
     return std::ranges::none_of(
         face.corner, [&](std::int16_t corner) { return geoset.vertexAt(corner).deleted; });
+}
+
+// Whether two numbers are the same in a file.
+bool isWrittenAlike(double a, double b) { return a == b || formatNumber(a) == formatNumber(b); }
+
+bool isRoundedAlike(double a, double b) {
+    return a == b || isWrittenAlike(roundToDecimals(a, kRoundedDecimals),
+                                    roundToDecimals(b, kRoundedDecimals));
 }
 
 // Appends "\t<keyword> <count> {".
@@ -172,6 +180,23 @@ bool hasDataFor(SectionKind kind, const Geoset& geoset) {
             break;
     }
     return false;
+}
+
+bool writesTheSame(const Geoset& a, const Geoset& b) {
+    if (a.Vertices.size() != b.Vertices.size() || a.matrixGroups != b.matrixGroups ||
+        a.Faces != b.Faces) {
+        return false;
+    }
+    const auto sameTriple = [](const Triple& x, const Triple& y, auto sameNumber) {
+        return std::ranges::equal(x, y, sameNumber);
+    };
+    return std::ranges::equal(
+        a.Vertices, b.Vertices, [&](const VertexRecord& x, const VertexRecord& y) {
+            return x.deleted == y.deleted && x.group == y.group && x.fileRow == y.fileRow &&
+                   sameTriple(x.pos, y.pos, isWrittenAlike) &&
+                   sameTriple(x.normal, y.normal, isRoundedAlike) && isRoundedAlike(x.tu, y.tu) &&
+                   isRoundedAlike(x.tv, y.tv);
+        });
 }
 
 void appendSection(std::string& out, SectionKind kind, const Geoset& geoset,

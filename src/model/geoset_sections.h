@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "model/geoset_store.h"
+#include "base/geoset.h"
 #include "model/model_scanner.h"
 
 namespace corvane {
@@ -37,6 +37,9 @@ int countKeptFaces(const Geoset& geoset);
 /// Whether the vertices, faces or groups that a save keeps hold anything for a section that the
 /// file may lack: then it must be written. Never for Vertices, which no geoset lacks.
 bool hasDataFor(SectionKind kind, const Geoset& geoset);
+
+/// Whether a save would write the same sections for both, as far as they are made from the records.
+bool writesTheSame(const Geoset& a, const Geoset& b);
 
 /// Appends a section from its header on, up to but without its closing line. `lineBreak` ends
 /// every line. In `singleGeoset` mode every vertex belongs to the one group there is.

@@ -1,116 +1,33 @@
-// The one geoset that is being edited, and the state of the model file that it came from.
-// Nothing else of the model is held in memory: all other text stays in the working copy.
-//
-// Deleting never shrinks a list; it only sets flags, and only the writer drops what is flagged.
+// The one geoset that is being edited, with the model that it came from.
 #pragma once
 
-#include <array>
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <vector>
-
-#include "model/row_sections.h"
+#include "base/geoset.h"
+#include "base/revision.h"
+#include "model/model_document.h"
 
 namespace corvane {
 
-/// An axis of the editor, which is also the slot of a coordinate triple. The file orders its
-/// triples differently: slot X holds the file's second number, Y its third and Z its first.
-enum class Axis : std::uint8_t { X = 0, Y = 1, Z = 2 };
+/// The edited geoset, the open model, and how the two stand to each other.
+struct GeosetStore : Geoset, ModelDocument {
+    Revisions revisions;
 
-/// The slot that an axis names, 0 to 2.
-constexpr std::size_t slotOf(Axis axis) { return static_cast<std::size_t>(axis); }
+    /// The user was told that a save filled in rows.
+    bool neutralRowsSaid = false;
 
-/// The lower-case letter of an axis.
-constexpr char letterOf(Axis axis) { return static_cast<char>('x' + static_cast<int>(axis)); }
+    /// Whether something was changed that no save has written.
+    bool isModified() const { return revisions.isModified() || hasUnsavedRemoval(); }
 
-/// Three coordinates in slot order (editor X, Y, Z), model units.
-using Triple = std::array<double, 3>;
+    /// Takes a geoset that was read as the edited one.
+    void takeGeoset(Geoset geoset, int number);
 
-/// The slots in the order in which a file writes a triple.
-inline constexpr std::array<std::size_t, 3> kFileSlotOrder = {2, 0, 1};
+    /// The file holds the geoset in memory now.
+    void noteSaved();
 
-/// Vertices and faces are counted in 16 signed bits.
-inline constexpr int kMaxVertices = 32767;
-inline constexpr int kMaxFaces = 32767;
+    /// Whether a save would write the same as the file holds, as far as the geoset goes.
+    bool isAsSaved() const;
 
-/// The matrix indices that one matrix group can hold.
-inline constexpr std::size_t kMatricesPerGroup = 7;
-
-/// An unused row of a matrix group.
-inline constexpr std::int16_t kNoMatrix = -1;
-
-/// Everything that belongs to one vertex.
-struct VertexRecord {
-    Triple pos{};            ///< position, slot order
-    Triple normal{};         ///< normal, slot order
-    double tu = 0;           ///< texture coordinate U
-    double tv = 0;           ///< texture coordinate V
-    std::int16_t group = 0;  ///< 0-based matrix group; may exceed the groups there are
-    bool selected = false;
-    bool deleted = false;
-    /// The 0-based row of the geoset's rowSections that belongs to it, kNoRow for none. Copies of a
-    /// vertex have its row.
-    std::int16_t fileRow = kNoRow;
-
-    /// Whether the edited data is the same, wherever it came from.
-    bool operator==(const VertexRecord& other) const {
-        return pos == other.pos && normal == other.normal && tu == other.tu && tv == other.tv &&
-               group == other.group && selected == other.selected && deleted == other.deleted;
-    }
-};
-
-/// One triangle.
-struct FaceRecord {
-    /// 0-based indices into the vertex list, in file order; never renumbered in memory.
-    std::array<std::int16_t, 3> corner{};
-    bool deleted = false;
-
-    bool operator==(const FaceRecord&) const = default;
-};
-
-/// The matrix (bone) indices of one group in file order; unused rows hold kNoMatrix.
-using MatrixGroup = std::array<std::int16_t, kMatricesPerGroup>;
-
-/// The data of one geoset. The lists are counted from 1 in texts for the user; entry i here is
-/// vertex (face, group) i + 1, and a face's corner is an index into Vertices as it stands.
-struct Geoset {
-    std::vector<VertexRecord> Vertices;
-    std::vector<FaceRecord> Faces;
-    std::vector<MatrixGroup> matrixGroups;
-
-    /// What the file keeps for its vertices besides, as it was read. Never changes until another
-    /// geoset is read, so that what undo brings back finds its rows even after a save.
-    std::vector<RowSection> rowSections;
-
-    /// The sections that the file's geoset had when it was read, as their keywords; empty for a
-    /// geoset that was not read from a file.
-    std::vector<std::string> sectionsRead;
-
-    /// The number of matrix groups.
-    std::size_t matrixGroupCount() const { return matrixGroups.size(); }
-
-    /// The vertex that a 0-based corner value names.
-    const VertexRecord& vertexAt(std::int16_t corner) const {
-        return Vertices[static_cast<std::size_t>(corner)];
-    }
-
-    /// Whether the edited data is the same.
-    bool operator==(const Geoset& other) const {
-        return Vertices == other.Vertices && Faces == other.Faces &&
-               matrixGroups == other.matrixGroups;
-    }
-};
-
-/// The edited geoset and where it came from. Paths are UTF-8; empty until a model is open.
-struct GeosetStore : Geoset {
-    std::string modelPath;  ///< the current model file; a save writes here
-    std::string workPath;   ///< the working copy beside it
-    std::string savePath;   ///< the path of the latest save
-    int geosetNumber = 0;   ///< 1-based number of the edited geoset in the working copy
-    bool modelLoaded = false;
-    bool modified = false;         ///< an edit was made that no save has written yet
-    bool neutralRowsSaid = false;  ///< the user was told that a save filled in rows
+private:
+    Geoset saved_;  // the lists as the file holds them
 };
 
 }  // namespace corvane

@@ -6,8 +6,8 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -55,6 +55,17 @@ std::optional<struct stat> statusOf(const std::string& path) {
     struct stat status {};
     if (::stat(path.c_str(), &status) != 0) return std::nullopt;
     return status;
+}
+
+FileStamp stampFrom(const struct stat& status) {
+#ifdef __APPLE__
+    const struct timespec& time = status.st_mtimespec;
+#else
+    const struct timespec& time = status.st_mtim;
+#endif
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino),
+            static_cast<std::int64_t>(status.st_size), time.tv_sec * kNanoseconds + time.tv_nsec};
 }
 
 bool writeAll(int fd, std::span<const std::string_view> pieces) {
@@ -125,30 +136,25 @@ FileError::FileError(const std::string& path, const std::string& reason)
 FileError::FileError(const std::string& path, int errorNumber)
     : FileError(path, std::generic_category().message(errorNumber)) {}
 
-ModelText readModelFile(const std::string& path) {
+ModelText readModelFile(const std::string& path, FileStamp* stamp) {
     // Not blocking: opening a named pipe must not hang the program.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (file.get() < 0) throw FileError(path, errno);
-    return readOpenFile(file.get(), path);
-}
-
-ModelText readOpenFile(int descriptor, const std::string& path) {
     struct stat status {};
-    if (::fstat(descriptor, &status) != 0) throw FileError(path, errno);
+    if (::fstat(file.get(), &status) != 0) throw FileError(path, errno);
     if (S_ISDIR(status.st_mode)) throw FileError(path, EISDIR);
     if (!S_ISREG(status.st_mode)) throw FileError(path, "not a regular file");
-
     if (status.st_size > kLargestFile) {
         throw FileError(path, "larger than " + std::to_string(kLargestFile >> 20) + " MiB");
     }
+    if (stamp != nullptr) *stamp = stampFrom(status);
 
     // One byte more than the file had, to notice if it grows meanwhile.
     const auto expected = static_cast<std::size_t>(status.st_size);
     auto bytes = memoryForFile(expected + 1);
     std::size_t size = 0;
     while (size <= expected) {
-        const ssize_t got =
-            ::pread(descriptor, bytes.get() + size, expected + 1 - size, static_cast<off_t>(size));
+        const ssize_t got = ::read(file.get(), bytes.get() + size, expected + 1 - size);
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) throw FileError(path, errno);
         if (got == 0) break;
@@ -158,12 +164,18 @@ ModelText readOpenFile(int descriptor, const std::string& path) {
     return {path, std::move(bytes), size};
 }
 
+ModelText joinedText(const std::string& path, std::span<const std::string_view> pieces) {
+    std::size_t size = 0;
+    for (const std::string_view piece : pieces) size += piece.size();
+    auto bytes = memoryForFile(size);
+    char* to = bytes.get();
+    for (const std::string_view piece : pieces) to = std::copy(piece.begin(), piece.end(), to);
+    return {path, std::move(bytes), size};
+}
+
 PendingFile::PendingFile(const std::string& path, std::span<const std::string_view> pieces,
                          const ReplaceOptions& options)
     : path_(path), flushToDisk_(options.flushToDisk) {
-    // A file that outgrows the process's limit must be an error here, not the process's end.
-    std::signal(SIGXFSZ, SIG_IGN);
-
     const bool own = !options.permissionsOf.empty();
     target_ = own ? path : resolvedTarget(path);
     const std::optional<struct stat> old = statusOf(target_);
@@ -201,14 +213,11 @@ void PendingFile::create(const std::string& folder) {
 void PendingFile::write(std::span<const std::string_view> pieces) {
     if (!writeAll(fd_, pieces)) throw FileError(path_, errno);
     if (flushToDisk_ && ::fsync(fd_) != 0) throw FileError(path_, errno);
+    struct stat status {};
+    if (::fstat(fd_, &status) != 0) throw FileError(path_, errno);
+    stamp_ = stampFrom(status);
     const int fd = std::exchange(fd_, -1);
     if (::close(fd) != 0) throw FileError(path_, errno);
-}
-
-int PendingFile::openForReading() const {
-    const int fd = ::open(side_.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) throw FileError(path_, errno);
-    return fd;
 }
 
 void PendingFile::commit() {
@@ -223,36 +232,17 @@ void PendingFile::discard() {
     side_.clear();
 }
 
-void replaceFile(const std::string& path, std::span<const std::string_view> pieces,
-                 const ReplaceOptions& options) {
-    PendingFile(path, pieces, options).commit();
+FileStamp replaceFile(const std::string& path, std::span<const std::string_view> pieces,
+                      const ReplaceOptions& options) {
+    PendingFile file(path, pieces, options);
+    file.commit();
+    return file.stamp();
 }
-
-namespace {
-
-FileStamp stampFrom(const struct stat& status) {
-#ifdef __APPLE__
-    const struct timespec& time = status.st_mtimespec;
-#else
-    const struct timespec& time = status.st_mtim;
-#endif
-    constexpr std::int64_t kNanoseconds = 1'000'000'000;
-    return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino),
-            static_cast<std::int64_t>(status.st_size), time.tv_sec * kNanoseconds + time.tv_nsec};
-}
-
-}  // namespace
 
 std::optional<FileStamp> stampOf(const std::string& path) {
     const std::optional<struct stat> status = statusOf(path);
     if (!status) return std::nullopt;
     return stampFrom(*status);
-}
-
-std::optional<FileStamp> stampOf(int descriptor) {
-    struct stat status {};
-    if (::fstat(descriptor, &status) != 0) return std::nullopt;
-    return stampFrom(status);
 }
 
 void deleteFile(const std::string& path) { ::unlink(path.c_str()); }

@@ -25,13 +25,26 @@ public:
 /// The largest file that is read, bytes. Far beyond any model, and safely within memory.
 inline constexpr std::int64_t kLargestFile = std::int64_t{1} << 30;
 
-/// Reads a whole file. Throws FileError where it is missing, unreadable, too large or no regular
-/// file.
-ModelText readModelFile(const std::string& path);
+/// What tells a file from another one, and from itself after it was written again.
+struct FileStamp {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::int64_t size = 0;      ///< bytes
+    std::int64_t modified = 0;  ///< nanoseconds since 1970
 
-/// The same from an open descriptor, whatever has become of the file's name. `path` is for
-/// messages.
-ModelText readOpenFile(int descriptor, const std::string& path);
+    bool operator==(const FileStamp&) const = default;
+    /// Whether both are the same file, whatever was written to it.
+    bool isSameFileAs(const FileStamp& other) const {
+        return device == other.device && inode == other.inode;
+    }
+};
+
+/// Reads a whole file. `stamp` takes that of the bytes that were read. Throws FileError where the
+/// file is missing, unreadable, too large or no regular file.
+ModelText readModelFile(const std::string& path, FileStamp* stamp = nullptr);
+
+/// A text in memory of its own, made from pieces. `path` is for messages.
+ModelText joinedText(const std::string& path, std::span<const std::string_view> pieces);
 
 /// How a file is replaced.
 struct ReplaceOptions {
@@ -54,9 +67,8 @@ public:
     PendingFile& operator=(const PendingFile&) = delete;
     ~PendingFile();
 
-    /// An open descriptor of the file, for reading, which stays good after commit() whatever
-    /// becomes of the name. The caller closes it. Throws FileError.
-    int openForReading() const;
+    /// The stamp that the file has when it takes its place.
+    const FileStamp& stamp() const { return stamp_; }
 
     /// Puts the file in its place; it keeps the permissions of the file that was there.
     /// Throws FileError, and then nothing has changed.
@@ -72,30 +84,15 @@ private:
     std::string side_;    // the file beside it; empty when there is none
     bool flushToDisk_;
     int fd_ = -1;
+    FileStamp stamp_;
 };
 
-/// PendingFile and commit() in one step.
-void replaceFile(const std::string& path, std::span<const std::string_view> pieces,
+/// PendingFile and commit() in one step. Returns the stamp of the file that was written.
+FileStamp replaceFile(const std::string& path, std::span<const std::string_view> pieces,
                  const ReplaceOptions& options = {});
-
-/// What tells a file from another one, and from itself after it was written again.
-struct FileStamp {
-    std::uint64_t device = 0;
-    std::uint64_t inode = 0;
-    std::int64_t size = 0;      ///< bytes
-    std::int64_t modified = 0;  ///< nanoseconds since 1970
-
-    bool operator==(const FileStamp&) const = default;
-    /// Whether both are the same file, whatever was written to it.
-    bool isSameFileAs(const FileStamp& other) const {
-        return device == other.device && inode == other.inode;
-    }
-};
 
 /// The stamp of the file that a path leads to; nothing where there is none.
 std::optional<FileStamp> stampOf(const std::string& path);
-/// The same of an open descriptor.
-std::optional<FileStamp> stampOf(int descriptor);
 
 /// Deletes a file; a file that is missing, or cannot be deleted, is left at that.
 void deleteFile(const std::string& path);

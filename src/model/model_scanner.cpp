@@ -127,9 +127,8 @@ ModelBlock blockAt(std::string_view text, const Opening& opening, std::size_t le
     block.bodyBegin = contentBegin(text, afterBrace);
     std::size_t unclosedAt = 0;
     // What models have at the top only never stands in a geoset.
-    const bool isGeoset = block.keyword == kGeoset;
-    if (const auto brace =
-            findTopLevelBlockEnd(text, afterBrace, text.size(), isGeoset, unclosedAt)) {
+        if (const auto brace =
+            findTopLevelBlockEnd(text, afterBrace, text.size(), isGeoset(block), unclosedAt)) {
         endAfterBrace(block, text, *brace);
     } else {
         block.bodyBegin = std::min(block.bodyBegin, unclosedAt);
@@ -250,9 +249,11 @@ std::vector<ModelBlock> scanBlocks(std::string_view text) {
     return blocks;
 }
 
+bool isGeoset(const ModelBlock& block) { return block.keyword == kGeoset; }
+
 std::vector<GeosetBlock> scanGeosets(std::string_view text) {
     std::vector<GeosetBlock> blocks = scanBlocks(text);
-    std::erase_if(blocks, [](const ModelBlock& block) { return block.keyword != kGeoset; });
+    std::erase_if(blocks, [](const ModelBlock& block) { return !isGeoset(block); });
     return blocks;
 }
 

@@ -33,6 +33,7 @@ struct ModelBlock {
 
 /// A geoset's block.
 using GeosetBlock = ModelBlock;
+bool isGeoset(const ModelBlock& block);
 
 /// All blocks at the top of a model in file order. A block that is not closed ends where a line
 /// opens the next one.

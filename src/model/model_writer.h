@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "model/geoset_store.h"
+#include "base/geoset.h"
 #include "model/model_scanner.h"
 #include "model/model_text.h"
 

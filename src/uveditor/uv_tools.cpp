@@ -3,8 +3,6 @@
 #include <cmath>
 #include <utility>
 
-#include "uveditor/uv_view.h"
-
 namespace corvane {
 
 namespace {
@@ -40,7 +38,45 @@ Mean meanOfSelection(const UVData& data) {
     return {sum.u / count, sum.v / count};
 }
 
-void selectByBox(UVEditor& uv) {
+}  // namespace
+
+void assignCoordinate(UVState& uv, double& coordinate, double value) {
+    if (!std::isfinite(value) || value == coordinate) return;
+    coordinate = value;
+    uv.unsaved = true;
+}
+
+void uvMove(UVState& uv, double du, double dv) {
+    forEachSelected(uv.data, [&](double& u, double& v) {
+        if (uv.xEnabled) assignCoordinate(uv, u, u + du);
+        if (uv.yEnabled) assignCoordinate(uv, v, v + dv);
+    });
+}
+
+void uvRotate(UVState& uv, double angle) {
+    const Mean centre = meanOfSelection(uv.data);
+    forEachSelected(uv.data, [&](double& u, double& v) {
+        const double a = u - centre.u;
+        const double b = v - centre.v;
+        const double r = std::sqrt(a * a + b * b);
+        // A vertex straight above the centre counts as lying below it.
+        double theta = a == 0 ? kPi / 2 : std::atan(b / a);
+        if (a < 0) theta += kPi;
+        theta += angle;
+        assignCoordinate(uv, u, r * std::cos(theta) + centre.u);
+        assignCoordinate(uv, v, r * std::sin(theta) + centre.v);
+    });
+}
+
+void uvScale(UVState& uv, double factor) {
+    const Mean centre = meanOfSelection(uv.data);
+    forEachSelected(uv.data, [&](double& u, double& v) {
+        if (uv.xEnabled) assignCoordinate(uv, u, (u - centre.u) * factor + centre.u);
+        if (uv.yEnabled) assignCoordinate(uv, v, (v - centre.v) * factor + centre.v);
+    });
+}
+
+void uvSelectByBox(UVState& uv) {
     if (uv.uStart > uv.uEnd) std::swap(uv.uStart, uv.uEnd);
     if (uv.vStart > uv.vEnd) std::swap(uv.vStart, uv.vEnd);
     UVData& data = uv.data;
@@ -61,7 +97,7 @@ void selectByBox(UVEditor& uv) {
     }
 }
 
-void transform(UVEditor& uv) {
+void uvTransform(UVState& uv) {
     const double du = uv.uEnd - uv.uStart;
     const double dv = uv.vEnd - uv.vStart;
     switch (uv.transformMode) {
@@ -79,91 +115,6 @@ void transform(UVEditor& uv) {
         case TransformMode::Extrude:
             break;
     }
-}
-
-}  // namespace
-
-void uvSetSelectMode(UVEditor& uv, SelectMode mode) {
-    uv.selectMode = mode;
-    uv.window.updateButtons();
-}
-
-void uvSetTransformMode(UVEditor& uv, TransformMode mode) {
-    uv.transformMode = mode;
-    uv.window.updateButtons();
-}
-
-void uvToggleX(UVEditor& uv) {
-    uv.xEnabled = !uv.xEnabled;
-    uv.window.updateButtons();
-}
-
-void uvToggleY(UVEditor& uv) {
-    uv.yEnabled = !uv.yEnabled;
-    uv.window.updateButtons();
-}
-
-void uvSelectAll(UVEditor& uv) {
-    uv.data.selected.assign(uv.data.selected.size(), true);
-    redraw(uv);
-}
-
-void uvInvertSelection(UVEditor& uv) {
-    uv.data.selected.flip();
-    redraw(uv);
-}
-
-void uvMouseDown(UVEditor& uv, double x, double y) {
-    uv.uStart = textureU(uv, static_cast<int>(x));
-    uv.vStart = textureV(uv, static_cast<int>(y));
-}
-
-void uvMouseUp(UVEditor& uv, MouseButton button, double x, double y) {
-    uv.uEnd = textureU(uv, static_cast<int>(x));
-    uv.vEnd = textureV(uv, static_cast<int>(y));
-    if (button == MouseButton::Left) {
-        selectByBox(uv);
-    } else {
-        transform(uv);
-        uv.window.updateButtons();
-    }
-    redraw(uv);
-}
-
-void assignCoordinate(UVEditor& uv, double& coordinate, double value) {
-    if (!std::isfinite(value) || value == coordinate) return;
-    coordinate = value;
-    uv.unsaved = true;
-}
-
-void uvMove(UVEditor& uv, double du, double dv) {
-    forEachSelected(uv.data, [&](double& u, double& v) {
-        if (uv.xEnabled) assignCoordinate(uv, u, u + du);
-        if (uv.yEnabled) assignCoordinate(uv, v, v + dv);
-    });
-}
-
-void uvRotate(UVEditor& uv, double angle) {
-    const Mean centre = meanOfSelection(uv.data);
-    forEachSelected(uv.data, [&](double& u, double& v) {
-        const double a = u - centre.u;
-        const double b = v - centre.v;
-        const double r = std::sqrt(a * a + b * b);
-        // A vertex straight above the centre counts as lying below it.
-        double theta = a == 0 ? kPi / 2 : std::atan(b / a);
-        if (a < 0) theta += kPi;
-        theta += angle;
-        assignCoordinate(uv, u, r * std::cos(theta) + centre.u);
-        assignCoordinate(uv, v, r * std::sin(theta) + centre.v);
-    });
-}
-
-void uvScale(UVEditor& uv, double factor) {
-    const Mean centre = meanOfSelection(uv.data);
-    forEachSelected(uv.data, [&](double& u, double& v) {
-        if (uv.xEnabled) assignCoordinate(uv, u, (u - centre.u) * factor + centre.u);
-        if (uv.yEnabled) assignCoordinate(uv, v, (v - centre.v) * factor + centre.v);
-    });
 }
 
 }  // namespace corvane

@@ -14,14 +14,14 @@ constexpr double kZoomInLimit = 10;    // no zooming in from here on
 constexpr double kZoomOutLimit = 0.5;  // no zooming out from here on
 constexpr int kReadoutDecimals = 6;
 
-void scale(UVEditor& uv, double factor) {
+void scale(UVState& uv, double factor) {
     uv.zoom *= factor;
     uv.panX = roundToInt32(uv.panX * factor);
     uv.panY = roundToInt32(uv.panY * factor);
 }
 
 // The picture covers the unit square.
-void paintBackground(UVEditor& uv) {
+void paintBackground(UVState& uv) {
     if (!uv.imageLoaded) return;
     const double width = uv.picture.width();
     const double height = uv.picture.height();
@@ -31,27 +31,27 @@ void paintBackground(UVEditor& uv) {
 
 }  // namespace
 
-double viewX(const UVEditor& uv, double u) {
+double viewX(const UVState& uv, double u) {
     const double width = uv.picture.width();
     return (width * u - width / 2) * uv.zoom + width / 2 + uv.panX;
 }
 
-double viewY(const UVEditor& uv, double v) {
+double viewY(const UVState& uv, double v) {
     const double height = uv.picture.height();
     return (height * v - height / 2) * uv.zoom + height / 2 + uv.panY;
 }
 
-double textureU(const UVEditor& uv, int x) {
+double textureU(const UVState& uv, int x) {
     const double width = std::max(uv.picture.width(), 1.0);
     return ((static_cast<double>(x) - uv.panX) / width - 0.5) / uv.zoom + 0.5;
 }
 
-double textureV(const UVEditor& uv, int y) {
+double textureV(const UVState& uv, int y) {
     const double height = std::max(uv.picture.height(), 1.0);
     return ((static_cast<double>(y) - uv.panY) / height - 0.5) / uv.zoom + 0.5;
 }
 
-void redraw(UVEditor& uv) {
+void drawTextureView(UVState& uv) {
     if (!uv.dataReceived) return;
     const UVData& data = uv.data;
     struct Point {
@@ -86,38 +86,17 @@ void redraw(UVEditor& uv) {
     }
 }
 
-void uvZoomIn(UVEditor& uv) {
+void zoomIn(UVState& uv) {
     if (uv.zoom < kZoomInLimit) scale(uv, kZoomInFactor);
-    redraw(uv);
 }
 
-void uvZoomOut(UVEditor& uv) {
+void zoomOut(UVState& uv) {
     if (uv.zoom > kZoomOutLimit) scale(uv, kZoomOutFactor);
-    redraw(uv);
 }
 
-void uvPan(UVEditor& uv, int dx, int dy) {
+void pan(UVState& uv, int dx, int dy) {
     uv.panX = roundToInt32(static_cast<double>(uv.panX) + dx);
     uv.panY = roundToInt32(static_cast<double>(uv.panY) + dy);
-    redraw(uv);
-}
-
-void loadImage(UVEditor& uv) {
-    const std::optional<std::string> path = uv.dialogs.openFile(kPictureFilter, uv.imagePath);
-    if (!path) return;
-    const std::string reason = uv.window.loadPicture(*path);
-    if (!reason.empty()) {
-        showPictureError(uv, *path, reason);
-        return;
-    }
-    uv.imageLoaded = true;
-    uv.imagePath = *path;
-    redraw(uv);
-}
-
-void showPictureError(UVEditor& uv, const std::string& path, const std::string& reason) {
-    uv.dialogs.messageBox(kErrorCaption, "The picture cannot be read.\n" + path + ": " + reason +
-                                             "\n\nChoose a JPEG, GIF or BMP file.");
 }
 
 std::string readoutText(double coordinate, const UserNumberFormat& format) {

@@ -1,13 +1,18 @@
 // Selecting the vertices inside a dragged box.
 #pragma once
 
-#include "editor.h"
+#include "base/geoset.h"
+#include "base/tool_mode.h"
+#include "views/tool_modes.h"
+#include "views/view_state.h"
 
 namespace corvane {
 
-/// Selects, adds or deselects (as the mode says) the vertices strictly inside the drag's box on
-/// two axes, deleted ones included. Sorts the drag's points, records the step "Selection" and
-/// redraws. Does nothing while box selection is off.
-void boxSelect(Editor& editor, ViewAxes axes);
+/// Brings the start of a drag below its end on both axes.
+void sortDrag(DragPoints& drag);
+
+/// Selects, adds or deselects (as the mode says) the vertices strictly inside a sorted drag's box on
+/// two axes, deleted ones included.
+void selectInBox(Geoset& geoset, const DragPoints& box, ViewAxes axes, SelectMode mode);
 
 }  // namespace corvane

@@ -101,15 +101,10 @@ std::span<const Tip> controlTips() { return kTips; }
 
 std::span<const HelpBox> helpBoxes() { return kHelpBoxes; }
 
-void showHelp(Editor& editor, std::string_view menuItem) {
+const HelpBox* helpBoxOf(std::string_view menuItem) {
     const auto* const box = std::ranges::find_if(
         kHelpBoxes, [&](const HelpBox& candidate) { return candidate.menuItem == menuItem; });
-    if (box == kHelpBoxes.end()) return;
-    if (box->rightToLeft) {
-        editor.dialogs.rightToLeftMessageBox(box->title, box->text);
-    } else {
-        editor.dialogs.messageBox(box->title, box->text);
-    }
+    return box == kHelpBoxes.end() ? nullptr : box;
 }
 
 }  // namespace corvane

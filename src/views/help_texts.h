@@ -2,8 +2,7 @@
 #pragma once
 
 #include <span>
-
-#include "editor.h"
+#include <string_view>
 
 namespace corvane {
 
@@ -26,7 +25,7 @@ struct HelpBox {
 
 std::span<const HelpBox> helpBoxes();
 
-/// Shows a box of the Help menu; nothing where there is none for that menu item.
-void showHelp(Editor& editor, std::string_view menuItem);
+/// The box of a menu item; null where there is none.
+const HelpBox* helpBoxOf(std::string_view menuItem);
 
 }  // namespace corvane

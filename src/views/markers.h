@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "model/geoset_store.h"
+#include "base/axis.h"
 
 namespace corvane {
 
@@ -16,5 +16,15 @@ struct MarkerRecord {
 
 /// The markers; entry i is slot i + 1.
 using MarkerTable = std::array<MarkerRecord, kMarkerSlots>;
+
+/// The first slot that is free, 1 to 20; 20 where none is, so that the next marker takes its place.
+int findFreeMarker(const MarkerTable& markers);
+
+/// Puts a marker into that slot.
+void placeMarker(MarkerTable& markers, const Triple& pos);
+
+/// Removes the marker in the highest slot.
+void removeLastMarker(MarkerTable& markers);
+void removeAllMarkers(MarkerTable& markers);
 
 }  // namespace corvane

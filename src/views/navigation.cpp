@@ -1,6 +1,6 @@
 #include "views/navigation.h"
 
-#include "views/ortho_view.h"
+#include "base/numbers.h"
 
 namespace corvane {
 
@@ -19,22 +19,15 @@ void scale(ViewState& view, double factor) {
 
 }  // namespace
 
-void zoomIn(Editor& editor, View view) {
-    ViewState& state = editor.views[view];
-    if (state.zoom < kZoomLimit) scale(state, kZoomInFactor);
-    redrawAll(editor);
+void zoomIn(ViewState& view) {
+    if (view.zoom < kZoomLimit) scale(view, kZoomInFactor);
 }
 
-void zoomOut(Editor& editor, View view) {
-    scale(editor.views[view], kZoomOutFactor);
-    redrawAll(editor);
-}
+void zoomOut(ViewState& view) { scale(view, kZoomOutFactor); }
 
-void pan(Editor& editor, View view, int dx, int dy) {
-    ViewState& state = editor.views[view];
-    state.panX = roundToInt32(static_cast<double>(state.panX) + dx);
-    state.panY = roundToInt32(static_cast<double>(state.panY) + dy);
-    if (editor.store.modelLoaded) updateView(editor, view);
+void pan(ViewState& view, int dx, int dy) {
+    view.panX = roundToInt32(static_cast<double>(view.panX) + dx);
+    view.panY = roundToInt32(static_cast<double>(view.panY) + dy);
 }
 
 }  // namespace corvane

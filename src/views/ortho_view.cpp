@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/numbers.h"
+
 namespace corvane {
 
 namespace {
@@ -28,7 +30,7 @@ Colour colourOf(Axis axis) {
 
 // One drawing of one view.
 struct Drawing {
-    const Editor& editor;
+    const Scene& scene;
     DrawingSurface& surface;
     ViewAxes axes;
     const ViewState& view;
@@ -49,12 +51,12 @@ struct Drawing {
     }
 
     void faces(const std::vector<ScreenPoint>& points) const {
-        const GeosetStore& store = editor.store;
-        for (const FaceRecord& face : store.Faces) {
+        const Geoset& geoset = scene.geoset;
+        for (const FaceRecord& face : geoset.Faces) {
             if (face.deleted) continue;
             const auto [a, b, c] = face.corner;
-            if (store.vertexAt(a).deleted || store.vertexAt(b).deleted ||
-                store.vertexAt(c).deleted) {
+            if (geoset.vertexAt(a).deleted || geoset.vertexAt(b).deleted ||
+                geoset.vertexAt(c).deleted) {
                 continue;
             }
             edge(points, a, b);
@@ -71,19 +73,19 @@ struct Drawing {
 
     void vertices(const std::vector<ScreenPoint>& points) const {
         for (std::size_t i = 0; i < points.size(); ++i) {
-            const VertexRecord& vertex = editor.store.Vertices[i];
+            const VertexRecord& vertex = scene.geoset.Vertices[i];
             if (vertex.deleted) continue;
             const auto [x, y] = points[i];
             surface.box(x - kVertexBox, y - kVertexBox, x + kVertexBox, y + kVertexBox,
                         vertex.selected ? kRed : kForeground);
-            if (!editor.modes.showNormals) continue;
+            if (!scene.showNormals) continue;
             surface.line(x, y, x + kNormalLength * vertex.normal[slotOf(axes.horizontal)],
                          y - kNormalLength * vertex.normal[slotOf(axes.vertical)], kNormalColour);
         }
     }
 
     void markers() const {
-        for (const MarkerRecord& marker : editor.markers) {
+        for (const MarkerRecord& marker : scene.markers) {
             if (!marker.used) continue;
             const auto [x, y] = project(marker.pos);
             surface.line(x - kMarkerRadius, y, x + kMarkerRadius, y, kBlue);
@@ -93,18 +95,6 @@ struct Drawing {
     }
 };
 
-DrawingSurface& pictureOf(const Editor& editor, View view) {
-    switch (view) {
-        case View::Front:
-            return editor.pictures.front;
-        case View::Top:
-            return editor.pictures.top;
-        case View::Left:
-            break;
-    }
-    return editor.pictures.left;
-}
-
 }  // namespace
 
 ScreenPoint project(double h, double v, double width, double height, const ViewState& view) {
@@ -112,11 +102,11 @@ ScreenPoint project(double h, double v, double width, double height, const ViewS
             static_cast<double>(roundToInt32(height / 2 - v * view.zoom)) + view.panY};
 }
 
-void updateView(const Editor& editor, DrawingSurface& drawTo, ViewAxes axes,
-                const ViewState& view) {
-    const Drawing drawing{editor, drawTo, axes, view};
-    std::vector<ScreenPoint> points(editor.store.Vertices.size());
-    std::ranges::transform(editor.store.Vertices, points.begin(),
+void drawView(const Scene& scene, DrawingSurface& drawTo, ViewAxes axes, const ViewState& view) {
+    const Drawing drawing{scene, drawTo, axes, view};
+    const std::vector<VertexRecord>& vertices = scene.geoset.Vertices;
+    std::vector<ScreenPoint> points(vertices.size());
+    std::ranges::transform(vertices, points.begin(),
                            [&](const VertexRecord& vertex) { return drawing.project(vertex.pos); });
 
     drawTo.clear();
@@ -124,15 +114,6 @@ void updateView(const Editor& editor, DrawingSurface& drawTo, ViewAxes axes,
     drawing.faces(points);
     drawing.vertices(points);
     drawing.markers();
-}
-
-void updateView(Editor& editor, View view) {
-    updateView(editor, pictureOf(editor, view), axesOf(view), editor.views[view]);
-}
-
-void redrawAll(Editor& editor) {
-    if (!editor.store.modelLoaded) return;
-    for (const View view : kViews) updateView(editor, view);
 }
 
 }  // namespace corvane

@@ -1,7 +1,10 @@
 // Draws the geoset in the front, top and left views.
 #pragma once
 
-#include "editor.h"
+#include "base/geoset.h"
+#include "views/drawing_surface.h"
+#include "views/markers.h"
+#include "views/view_state.h"
 
 namespace corvane {
 
@@ -15,13 +18,14 @@ struct ScreenPoint {
 /// surface of that size. Whole units: rounded to even before the pan is added.
 ScreenPoint project(double h, double v, double width, double height, const ViewState& view);
 
+/// What the orthographic views show.
+struct Scene {
+    const Geoset& geoset;
+    const MarkerTable& markers;
+    bool showNormals = false;
+};
+
 /// Clears a surface and draws everything into it: axis marks, faces, vertices, normals, markers.
-void updateView(const Editor& editor, DrawingSurface& drawTo, ViewAxes axes, const ViewState& view);
-
-/// updateView() for one view, with its own picture and state.
-void updateView(Editor& editor, View view);
-
-/// Draws the three views; nothing while no model is loaded.
-void redrawAll(Editor& editor);
+void drawView(const Scene& scene, DrawingSurface& drawTo, ViewAxes axes, const ViewState& view);
 
 }  // namespace corvane

@@ -56,21 +56,19 @@ std::optional<double> perspVertical(const PerspectiveState& state, const VertexR
 
 double perspHorizontal(const VertexRecord& /*vertex*/) { return 0; }
 
-void drawPerspective(Editor& editor) {
-    DrawingSurface& picture = editor.pictures.perspective;
-    const GeosetStore& store = editor.store;
+void drawPerspective(const Geoset& geoset, PerspectiveState& state, DrawingSurface& picture) {
     struct Point {
         double x = 0;
         double y = 0;
         bool visible = false;
     };
-    std::vector<Point> points(store.Vertices.size());
-    editor.perspective.across.resize(store.Vertices.size());
+    std::vector<Point> points(geoset.Vertices.size());
+    state.across.resize(geoset.Vertices.size());
     for (std::size_t i = 0; i < points.size(); ++i) {
-        const VertexRecord& vertex = store.Vertices[i];
-        const Turned turned = turn(editor.perspective, vertex);
-        editor.perspective.across[i] = turned.across;
-        const std::optional<double> height = heightAt(editor.perspective, vertex, turned);
+        const VertexRecord& vertex = geoset.Vertices[i];
+        const Turned turned = turn(state, vertex);
+        state.across[i] = turned.across;
+        const std::optional<double> height = heightAt(state, vertex, turned);
         if (!height) continue;
         const double y = picture.height() / 2 - kScale * *height;
         if (!std::isfinite(y)) continue;  // beyond all numbers
@@ -78,7 +76,7 @@ void drawPerspective(Editor& editor) {
     }
 
     picture.clear();
-    for (const FaceRecord& face : store.Faces) {
+    for (const FaceRecord& face : geoset.Faces) {
         for (std::size_t i = 0; i < face.corner.size(); ++i) {
             const Point& p = points[static_cast<std::size_t>(face.corner[i])];
             const Point& q = points[static_cast<std::size_t>(face.corner[(i + 1) % 3])];
@@ -89,25 +87,21 @@ void drawPerspective(Editor& editor) {
         const Point& p = points[i];
         if (!p.visible) continue;
         picture.box(p.x - kVertexBox, p.y - kVertexBox, p.x + kVertexBox, p.y + kVertexBox,
-                    store.Vertices[i].selected ? kRed : kBlack);
+                    geoset.Vertices[i].selected ? kRed : kBlack);
     }
 }
 
-void turnPerspective(Editor& editor, int degrees) {
+void turnPerspective(PerspectiveState& state, int degrees) {
     constexpr int kRevolution = 360;
-    editor.perspective.yaw =
-        static_cast<std::int16_t>((editor.perspective.yaw + degrees) % kRevolution);
-    drawPerspective(editor);
+    state.yaw = static_cast<std::int16_t>((state.yaw + degrees) % kRevolution);
 }
 
-void raisePerspective(Editor& editor, int offset) {
-    changeWithin16Bits(editor.perspective.offset, offset);
-    drawPerspective(editor);
+void raisePerspective(PerspectiveState& state, int offset) {
+    changeWithin16Bits(state.offset, offset);
 }
 
-void zoomPerspective(Editor& editor, int distance) {
-    changeWithin16Bits(editor.perspective.distance, distance);
-    drawPerspective(editor);
+void zoomPerspective(PerspectiveState& state, int distance) {
+    changeWithin16Bits(state.distance, distance);
 }
 
 }  // namespace corvane

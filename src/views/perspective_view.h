@@ -1,7 +1,11 @@
 // The fourth picture: a turntable view of the heights of the vertices.
 #pragma once
 
-#include "editor.h"
+#include <optional>
+
+#include "base/geoset.h"
+#include "views/drawing_surface.h"
+#include "views/view_state.h"
 
 namespace corvane {
 
@@ -12,14 +16,14 @@ std::optional<double> perspVertical(const PerspectiveState& state, const VertexR
 /// vertical centre line.
 double perspHorizontal(const VertexRecord& vertex);
 
-/// Clears the perspective picture and draws the geoset into it, what is deleted included. Called
-/// when a model is opened and by the picture's own buttons, not when the geoset changes.
-void drawPerspective(Editor& editor);
+/// Clears a surface and draws the geoset into it, what is deleted included. Keeps in `state` how
+/// far across each vertex lies.
+void drawPerspective(const Geoset& geoset, PerspectiveState& state, DrawingSurface& picture);
 
-/// The picture's buttons: change one value of the view, then draw it. The turn drops whole
-/// revolutions, the other two stay within 16 signed bits.
-void turnPerspective(Editor& editor, int degrees);
-void raisePerspective(Editor& editor, int offset);
-void zoomPerspective(Editor& editor, int distance);
+/// Change one value of the view. The turn drops whole revolutions, the other two stay within 16
+/// signed bits.
+void turnPerspective(PerspectiveState& state, int degrees);
+void raisePerspective(PerspectiveState& state, int offset);
+void zoomPerspective(PerspectiveState& state, int distance);
 
 }  // namespace corvane

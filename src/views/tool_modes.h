@@ -2,18 +2,11 @@
 // a drag with another button does to what is selected.
 #pragma once
 
-#include <cstdint>
-
-#include "model/geoset_store.h"
-#include "views/drawing_surface.h"
+#include "base/axis.h"
+#include "base/colour.h"
+#include "base/tool_mode.h"
 
 namespace corvane {
-
-struct Editor;
-
-/// The values are the letters that stand for the modes.
-enum class SelectMode : char { Select = 'S', Add = 'A', Deselect = 'D' };
-enum class TransformMode : char { Move = 'M', Rotate = 'R', Scale = 'S', Extrude = 'E' };
 
 /// Kept when another model is opened.
 struct ToolModes {
@@ -38,15 +31,9 @@ struct DragPoints {
     double dragEndV = 0;
 };
 
-/// The buttons' handlers. Each refreshes the buttons.
-void setSelectMode(Editor& editor, SelectMode mode);
-void setTransformMode(Editor& editor, TransformMode mode);
-void toggleClone(Editor& editor);
-/// Records the step "Set Active Axes" first.
-void toggleActive(Editor& editor, Axis axis);
-
-/// Switches the display of normals and redraws.
-void toggleShowNormals(Editor& editor);
+/// The axes as the flags of their slots, and back.
+ActiveSlots activeSlots(const ToolModes& modes);
+void setActiveSlots(ToolModes& modes, const ActiveSlots& active);
 
 /// The back colours of the mode buttons.
 Colour colourOf(const ToolModes& modes, SelectMode button);

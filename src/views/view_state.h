@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "model/geoset_store.h"
+#include "base/axis.h"
 
 namespace corvane {
 

@@ -42,7 +42,7 @@ protected:
         return dialogs.yesNo("Confirmation", "Go on?");
     }
 
-    QMessageBox::Icon iconOfMessage(const std::string& caption) {
+    QMessageBox::Icon iconOfMessage(const Caption& caption) {
         QMessageBox::Icon icon = QMessageBox::Question;
         answers.add<QMessageBox>([&icon](QMessageBox& box) {
             icon = box.icon();
@@ -93,8 +93,8 @@ TEST_F(QtDialogsTest, TheTextOfAMessageBoxCanBeCopied) {
 }
 
 TEST_F(QtDialogsTest, ErrorsAndWarningsHaveAnIconAndHelpHasNone) {
-    EXPECT_EQ(iconOfMessage("Error"), QMessageBox::Critical);
-    EXPECT_EQ(iconOfMessage("Warning"), QMessageBox::Warning);
+    EXPECT_EQ(iconOfMessage(kErrorCaption), QMessageBox::Critical);
+    EXPECT_EQ(iconOfMessage(kWarningCaption), QMessageBox::Warning);
     EXPECT_EQ(iconOfMessage("Summary"), QMessageBox::NoIcon);
 }
 

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <set>
 
+#include "uveditor/commands/texture_commands.h"
 #include "uveditor/uv_view.h"
 #include "window_fixture.h"
 

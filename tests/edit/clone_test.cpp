@@ -1,7 +1,10 @@
 #include "edit/clone.h"
+#include "edit/selection.h"
 
+#include "edit/commands/drag_transforms.h"
 #include "edit/transforms.h"
 #include "tool_fixture.h"
+#include "views/commands/view_commands.h"
 #include "views/tool_modes.h"
 
 namespace corvane {
@@ -26,7 +29,7 @@ protected:
 
     void cloneAndMove(const Triple& delta) {
         editor.modes.cloneMode = true;
-        moveSelection(editor, delta, true);
+        moveSelection(editor, delta);
     }
 };
 
@@ -55,26 +58,26 @@ TEST_F(CloneTest, CopiesFollowTheVerticesAndTheSourcesStayAsTheyWereButForTheSel
     Geoset expected = geoset();
     expected.Vertices = {vertex(1), flagged(2, false), vertex(3),       flagged(4, false),
                          vertex(5), flagged(2, true),  flagged(4, true)};
-    cloneSelection(editor);
+    cloneSelected(store());
     expectGeoset(expected);
     EXPECT_EQ(selected(), (std::vector<int>{6, 7}));
 }
 
 TEST_F(CloneTest, AFaceBetweenSelectedVerticesIsCopiedCornerByCorner) {
     select({1, 3, 4});
-    cloneSelection(editor);
+    cloneSelected(store());
     EXPECT_EQ(faces(), (std::vector<std::string>{"0 1 2", "3 0 2", "7 5 6"}));
 }
 
 TEST_F(CloneTest, FacesAreCopiedInTheirOrder) {
     select({1, 2, 3, 4});
-    cloneSelection(editor);
+    cloneSelected(store());
     EXPECT_EQ(faces(), (std::vector<std::string>{"0 1 2", "3 0 2", "5 6 7", "8 5 7"}));
 }
 
 TEST_F(CloneTest, AFaceWithTwoSelectedCornersIsNotCopiedAndItsVerticesAreCopiedLoose) {
     select({1, 2});
-    cloneSelection(editor);
+    cloneSelected(store());
     EXPECT_EQ(store().Vertices.size(), 7U);
     EXPECT_EQ(faces(), (std::vector<std::string>{"0 1 2", "3 0 2"}));
     EXPECT_EQ(vertex(6).pos, (Triple{0, 0, 0}));
@@ -84,7 +87,7 @@ TEST_F(CloneTest, AFaceWithTwoSelectedCornersIsNotCopiedAndItsVerticesAreCopiedL
 TEST_F(CloneTest, ASelectedDeletedVertexIsCopiedWithItsFlag) {
     select({2, 5});
     flagDeleted({5});
-    cloneSelection(editor);
+    cloneSelected(store());
     ASSERT_EQ(store().Vertices.size(), 7U);
     EXPECT_FALSE(vertex(6).deleted);
     EXPECT_TRUE(vertex(7).deleted);
@@ -95,40 +98,40 @@ TEST_F(CloneTest, ASelectedDeletedVertexIsCopiedWithItsFlag) {
 TEST_F(CloneTest, AFaceOnADeletedVertexIsCopied) {
     select({1, 2, 3});
     flagDeleted({3});
-    cloneSelection(editor);
+    cloneSelected(store());
     EXPECT_EQ(faces().back(), "5 6 7");
 }
 
 TEST_F(CloneTest, TheCopyOfADeletedFaceIsNotDeleted) {
     select({1, 2, 3});
     face(1).deleted = true;
-    cloneSelection(editor);
+    cloneSelected(store());
     EXPECT_EQ(faces(), (std::vector<std::string>{"0 1 2, deleted", "3 0 2", "5 6 7"}));
 }
 
 TEST_F(CloneTest, BothFacesOfADoubledOneAreCopied) {
     addFace(2, 1, 0);
     select({1, 2, 3});
-    cloneSelection(editor);
+    cloneSelected(store());
     EXPECT_EQ(faces(), (std::vector<std::string>{"0 1 2", "3 0 2", "2 1 0", "5 6 7", "7 6 5"}));
 }
 
 TEST_F(CloneTest, WithNothingSelectedNothingIsAdded) {
     const Geoset before = geoset();
-    cloneSelection(editor);
+    cloneSelected(store());
     expectGeoset(before);
 }
 
 TEST_F(CloneTest, TheMatrixGroupsAreNotTouched) {
     select({1, 2, 3, 4, 5});
     const std::vector<MatrixGroup> before = store().matrixGroups;
-    cloneSelection(editor);
+    cloneSelected(store());
     EXPECT_EQ(store().matrixGroups, before);
 }
 
 TEST_F(CloneTest, TheViewsAreRedrawn) {
     select({1, 2, 3});
-    cloneSelection(editor);
+    cloneAndMove({1, 0, 0});
     expectDrawn();
 }
 
@@ -149,7 +152,7 @@ TEST_F(CloneTest, TheTransformActsOnTheCopies) {
 TEST_F(CloneTest, TheNextTransformMakesNoCopyAnyMore) {
     select({1, 2, 3});
     cloneAndMove({1, 0, 0});
-    moveSelection(editor, {1, 0, 0}, true);
+    moveSelection(editor, {1, 0, 0});
     EXPECT_EQ(store().Vertices.size(), 8U);
     EXPECT_EQ(vertex(6).pos, (Triple{2, 0, 0}));
 }
@@ -196,7 +199,7 @@ TEST_F(CloneTest, WithNothingSelectedTheTransformChangesNothingButRecordsTheStep
 }
 
 TEST_F(CloneTest, BeforeAModelIsLoadedNothingHappens) {
-    expectNothingBeforeAModelIsLoaded([&] { cloneSelection(editor); });
+    expectNothingBeforeAModelIsLoaded([&] { cloneSelected(store()); });
     expectNothingBeforeAModelIsLoaded([&] { cloneAndMove({1, 2, 3}); });
     EXPECT_EQ(countSelectedFaces(store()), 0);
     EXPECT_TRUE(dialogs.asked.empty());
@@ -224,7 +227,7 @@ protected:
         transform();
         expectMessage("Error", message);
         EXPECT_TRUE(geoset() == before);
-        EXPECT_FALSE(store().modified);
+        EXPECT_FALSE(store().isModified());
         expectNoStep();
         EXPECT_TRUE(editor.modes.cloneMode);
     }
@@ -243,7 +246,7 @@ TEST_F(CloneLimitTest, OneVertexMoreIsRefusedWithTheNumbers) {
     load(20000, 12768, 0, 0);
     expectRefused(
         [&] {
-            moveSelection(editor, {1, 1, 1}, true);
+            moveSelection(editor, {1, 1, 1});
         },
         "The cloned geoset would be too large: 20000 + 12768 = 32768 vertices (at most "
         "32767), 0 + 0 = 0 faces (at most 32767). Nothing was changed.");
@@ -261,7 +264,7 @@ TEST_F(CloneLimitTest, OneFaceMoreIsRefusedWithTheNumbers) {
     load(4, 3, 32000, 768);
     expectRefused(
         [&] {
-            moveSelection(editor, {1, 1, 1}, true);
+            moveSelection(editor, {1, 1, 1});
         },
         "The cloned geoset would be too large: 4 + 3 = 7 vertices (at most 32767), "
         "32000 + 768 = 32768 faces (at most 32767). Nothing was changed.");
@@ -272,11 +275,11 @@ TEST_F(CloneLimitTest, NoTransformHappensWithoutItsCopy) {
     const std::string message =
         "The cloned geoset would be too large: 16384 + 16384 = 32768 vertices (at most 32767), "
         "0 + 0 = 0 faces (at most 32767). Nothing was changed.";
-    expectRefused([&] { scaleSelection(editor, 100, 0, true); }, message);
+    expectRefused([&] { scaleSelection(editor, 100, 0); }, message);
     double angle = 90;
-    expectRefused([&] { rotateSelection(editor, angle, Axis::Z, true); }, message);
+    expectRefused([&] { rotateSelection(editor, angle, Axis::Z); }, message);
     toggleClone(editor);
-    moveSelection(editor, {1, 0, 0}, true);  // without clone mode it goes on
+    moveSelection(editor, {1, 0, 0});  // without clone mode it goes on
     EXPECT_EQ(vertex(16384).pos, (Triple{2, 2, 3}));
 }
 

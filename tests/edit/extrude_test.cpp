@@ -1,7 +1,7 @@
-#include "edit/extrude.h"
+#include "edit/commands/drag_transforms.h"
 
 #include "tool_fixture.h"
-#include "views/mouse.h"
+#include "views/commands/mouse.h"
 
 namespace corvane {
 namespace {
@@ -264,7 +264,7 @@ protected:
         extrudeSelection(editor, {1, 1, 1});
         expectMessage("Error", message);
         EXPECT_TRUE(geoset() == before);
-        EXPECT_FALSE(store().modified);
+        EXPECT_FALSE(store().isModified());
         expectNoStep();
     }
 };

@@ -1,4 +1,6 @@
+#include "edit/commands/tools.h"
 #include "edit/normals.h"
+#include "test_commands.h"
 
 #include <cmath>
 
@@ -263,7 +265,7 @@ TEST_F(SnapNormalsTest, NormalsThatCancelOutChangeNothingAndSaySo) {
     expectMessage("Error", cancelOut);
     expectGeoset(before);
     expectNoStep();
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
 }
 
 TEST_F(SnapNormalsTest, ASingleVertexWithoutANormalChangesNothingAndSaysSo) {
@@ -288,7 +290,7 @@ TEST_F(SnapNormalsTest, ASumThatNoNumberCanHoldChangesNothing) {
               "changed; select fewer vertices, or recalculate the normals first.");
     expectGeoset(before);
     expectNoStep();
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
 }
 
 TEST_F(SnapNormalsTest, ASumWhoseLengthNoNumberCanHoldChangesNothing) {

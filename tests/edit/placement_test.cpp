@@ -1,4 +1,5 @@
-#include "edit/placement.h"
+#include "edit/commands/tools.h"
+#include "test_commands.h"
 
 #include "tool_fixture.h"
 
@@ -182,7 +183,7 @@ TEST_F(AlignTest, WithNothingSelectedNothingHappens) {
     expectGeoset(before);
     expectNoStep();
     expectNotDrawn();
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
 }
 
 TEST_F(AlignTest, BeforeAModelIsLoadedNothingHappens) {
@@ -274,8 +275,7 @@ TEST_F(SetCoordinatesTest, WithNothingSelectedItAsksAndChangesNothing) {
     expectUndoneTo(before);
 }
 
-TEST_F(SetCoordinatesTest, BeforeAModelIsLoadedNothingChanges) {
-    answer({"1", "2", "3"});
+TEST_F(SetCoordinatesTest, BeforeAModelIsLoadedNothingIsAsked) {
     expectNothingBeforeAModelIsLoaded([&] { setCoordinates(editor); });
 }
 

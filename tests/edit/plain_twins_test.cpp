@@ -7,10 +7,11 @@
 #include <random>
 
 #include "edit/clone.h"
-#include "edit/extrude.h"
-#include "edit/normals.h"
 #include "edit/selection.h"
-#include "edit/snap_delete.h"
+#include "edit/commands/drag_transforms.h"
+#include "edit/commands/tools.h"
+#include "edit/normals.h"
+#include "test_commands.h"
 #include "model/geoset_sections.h"
 #include "tool_fixture.h"
 
@@ -180,7 +181,7 @@ TEST_F(PlainTwinsTest, TheMeshesHoldWhatTheToolsHaveToTellApart) {
     }
 }
 
-TEST_F(PlainTwinsTest, Clone) { compareOnMeshes(cloneSelection, plain::cloneSelection); }
+TEST_F(PlainTwinsTest, Clone) { compareOnMeshes([](Editor& edited) { cloneSelected(edited.store); }, plain::cloneSelection); }
 
 TEST_F(PlainTwinsTest, Extrude) {
     for (const std::array<bool, 3>& active :
@@ -224,7 +225,7 @@ TEST_F(PlainTwinsTest, ExpandSelection) {
 }
 
 TEST_F(PlainTwinsTest, RecalculateNormals) {
-    compareOnMeshes(recalculateNormals, plain::recalculateNormals);
+    compareOnMeshes(edit<"Recalculate Normals", recalculateNormals>, plain::recalculateNormals);
 }
 
 TEST_F(PlainTwinsTest, SelectionCentre) {

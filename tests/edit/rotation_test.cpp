@@ -1,8 +1,10 @@
 // Rotating the selection.
 #include <cmath>
 
+#include "edit/commands/drag_transforms.h"
 #include "edit/transforms.h"
 #include "edit/undo_history.h"
+#include "test_commands.h"
 #include "editor_fixture.h"
 
 namespace corvane {
@@ -12,7 +14,7 @@ constexpr double kTolerance = 1e-9;
 
 class RotationTest : public EditorTest {
 protected:
-    void rotate(double angle, Axis axis) { rotateSelection(editor, angle, axis, true); }
+    void rotate(double angle, Axis axis) { rotateSelection(editor, angle, axis); }
 
     static void expectNear(const Triple& actual, const Triple& expected) {
         for (std::size_t i = 0; i < 3; ++i) {
@@ -61,9 +63,9 @@ TEST_F(RotationTest, OtherAnglesByHand) {
 TEST_F(RotationTest, TheAngleIsHalvedInPlace) {
     loadPair({1, 0, 0});
     double angle = 90;
-    rotateSelection(editor, angle, Axis::Z, true);
+    rotateSelection(editor, angle, Axis::Z);
     EXPECT_EQ(angle, 45);
-    rotateSelection(editor, angle, Axis::Z, false);
+    rotateSelected(store(), angle, Axis::Z);
     EXPECT_EQ(angle, 22.5);
 }
 

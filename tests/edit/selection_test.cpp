@@ -1,4 +1,6 @@
+#include "edit/commands/tools.h"
 #include "edit/selection.h"
+#include "test_commands.h"
 
 #include "edit/undo_history.h"
 #include "editor_fixture.h"

@@ -1,7 +1,9 @@
 // Growing the selection over faces, counting it, and its centre of mass.
 #include <numeric>
 
+#include "edit/commands/tools.h"
 #include "edit/selection.h"
+#include "test_commands.h"
 #include "tool_fixture.h"
 
 namespace corvane {
@@ -124,7 +126,7 @@ TEST_F(ExpandSelectionTest, ItIsOneStepThatKeepsTheSelectionAndIsUndone) {
     const Geoset before = geoset();
     expandSelection(editor);
     expectStep("Selection", {.keepSelection = true}, {0, 0, 0}, before);
-    EXPECT_FALSE(store().modified);  // a save writes nothing else than before
+    EXPECT_FALSE(store().isModified());  // a save writes nothing else than before
     expectUndoneTo(before);
     expectDrawn();
 }

@@ -1,4 +1,5 @@
-#include "edit/snap_delete.h"
+#include "edit/commands/tools.h"
+#include "test_commands.h"
 
 #include "edit/undo_history.h"
 #include "editor_fixture.h"

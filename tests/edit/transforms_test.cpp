@@ -1,12 +1,15 @@
 // Moving, scaling and what the three drag transforms have in common. Rotation has a file of its
 // own.
+#include "edit/commands/drag_transforms.h"
 #include "edit/transforms.h"
 
 #include <cmath>
 #include <limits>
 
 #include "edit/undo_history.h"
+#include "test_commands.h"
 #include "editor_fixture.h"
+#include "editor/run_edit.h"
 #include "views/ortho_view.h"
 
 namespace corvane {
@@ -56,7 +59,7 @@ TEST_F(TransformsTest, MoveAddsTheDeltasToSelectedVerticesDeletedOnesIncluded) {
     for (int i = 1; i <= 3; ++i) vertex(i).normal = {0, 0, 1};
     select({1, 2});
     vertex(2).deleted = true;
-    moveSelection(editor, {0.5, -2, 4}, true);
+    moveSelection(editor, {0.5, -2, 4});
     EXPECT_EQ(vertex(1).pos, (Triple{1.5, 0, 7}));
     EXPECT_EQ(vertex(2).pos, (Triple{10.5, 18, 34}));
     EXPECT_EQ(vertex(3).pos, (Triple{5, 5, 5}));
@@ -70,7 +73,7 @@ TEST_F(TransformsTest, MoveChangesActiveAxesOnly) {
         editor.modes.activeX = x;
         editor.modes.activeY = y;
         editor.modes.activeZ = z;
-        moveSelection(editor, {1, 2, 3}, true);
+        moveSelection(editor, {1, 2, 3});
         return vertex(1).pos;
     };
     EXPECT_EQ(movedWith(true, false, false), (Triple{11, 20, 30}));
@@ -83,7 +86,7 @@ TEST_F(TransformsTest, MoveChangesActiveAxesOnly) {
 TEST_F(TransformsTest, MoveRecordsItsDeltasAndNoCopies) {
     loadVertices({{0, 0, 0}});
     editor.modes.activeX = false;  // the deltas as they came in, whatever axes are active
-    moveSelection(editor, {1, 2, 3}, true);
+    moveSelection(editor, {1, 2, 3});
     EXPECT_EQ(newest().name, "Move");
     EXPECT_EQ(newest().numbers, (Triple{1, 2, 3}));
     EXPECT_EQ(newest().vertices, nullptr);
@@ -94,7 +97,7 @@ TEST_F(TransformsTest, MoveRecordsItsDeltasAndNoCopies) {
 TEST_F(TransformsTest, MoveIsUndone) {
     loadVertices({{1, 2, 3}, {4, 5, 6}});
     select({2});
-    moveSelection(editor, {0.5, 0.25, -8}, true);
+    moveSelection(editor, {0.5, 0.25, -8});
     EXPECT_EQ(vertex(2).pos, (Triple{4.5, 5.25, -2}));
     undoLast(editor);
     EXPECT_EQ(vertex(2).pos, (Triple{4, 5, 6}));
@@ -102,13 +105,13 @@ TEST_F(TransformsTest, MoveIsUndone) {
     EXPECT_FALSE(newest().valid);
 }
 
-TEST_F(TransformsTest, WithoutRecordingNoStepIsMade) {
+TEST_F(TransformsTest, TheOperationsAloneMakeNoStep) {
     loadVertices({{1, 2, 3}, {4, 5, 7}});
     select({1, 2});
     double angle = 10;
-    moveSelection(editor, {1, 1, 1}, false);
-    scaleSelection(editor, 1, 0, false);
-    rotateSelection(editor, angle, Axis::X, false);
+    moveSelected(store(), {1, 1, 1}, {true, true, true});
+    scaleSelected(store(), 1, 0, {true, true, true});
+    rotateSelected(store(), angle, Axis::X);
     EXPECT_FALSE(newest().valid);
     EXPECT_NE(vertex(1).pos, (Triple{1, 2, 3}));
 }
@@ -117,15 +120,15 @@ TEST_F(TransformsTest, ATransformOfNothingStillRecordsAStepAndEndsCloneMode) {
     loadVertices({{1, 2, 3}});
     editor.modes = {.activeX = false, .activeY = false, .activeZ = false};
     select({1});
-    moveSelection(editor, {1, 2, 3}, true);
+    moveSelection(editor, {1, 2, 3});
     EXPECT_EQ(newest().name, "Move");
-    scaleSelection(editor, 50, 1, true);
+    scaleSelection(editor, 50, 1);
     EXPECT_EQ(newest().name, "Scale");
     EXPECT_EQ(vertex(1).pos, (Triple{1, 2, 3}));
 
     editor.modes.cloneMode = true;
     select({});
-    moveSelection(editor, {1, 2, 3}, true);
+    moveSelection(editor, {1, 2, 3});
     EXPECT_EQ(newest().name, "Clone");
     EXPECT_FALSE(editor.modes.cloneMode);
     EXPECT_EQ(vertex(1).pos, (Triple{1, 2, 3}));
@@ -151,7 +154,7 @@ TEST_F(TransformsTest, ScaleStretchesFromTheCentreOfTheSelection) {
     loadVertices({{1, 0, -5}, {3, 20, -5}, {100, 100, 100}});
     for (int i = 1; i <= 3; ++i) vertex(i).normal = {0.6, 0.8, 0};
     select({1, 2});
-    scaleSelection(editor, 100, 0, true);
+    scaleSelection(editor, 100, 0);
     expectPosition(1, {0.583333, -4.166667, -5}, 5e-7);
     expectPosition(2, {3.416667, 24.166667, -5}, 5e-7);
     EXPECT_EQ(vertex(3).pos, (Triple{100, 100, 100}));
@@ -161,7 +164,7 @@ TEST_F(TransformsTest, ScaleStretchesFromTheCentreOfTheSelection) {
 TEST_F(TransformsTest, ScaleShrinksForADragToTheLeft) {
     loadVertices({{0, 0, 0}, {34, 0, -17}});
     select({1, 2});
-    scaleSelection(editor, -100, 0, true);  // by 12/17 about (17, 0, -8.5)
+    scaleSelection(editor, -100, 0);  // by 12/17 about (17, 0, -8.5)
     expectPosition(1, {5, 0, -2.5}, 1e-9);
     expectPosition(2, {29, 0, -14.5}, 1e-9);
 }
@@ -170,11 +173,11 @@ TEST_F(TransformsTest, ScaleChangesActiveAxesOnly) {
     loadVertices({{0, 0, 0}, {34, 34, 34}});
     select({1, 2});
     editor.modes.activeX = false;
-    scaleSelection(editor, -100, 0, true);
+    scaleSelection(editor, -100, 0);
     expectPosition(1, {0, 5, 5}, 1e-9);
     editor.modes.activeX = true;
     editor.modes.activeY = editor.modes.activeZ = false;
-    scaleSelection(editor, -100, 0, true);
+    scaleSelection(editor, -100, 0);
     expectPosition(1, {5, 5, 5}, 1e-9);
 }
 
@@ -182,7 +185,7 @@ TEST_F(TransformsTest, ScaleMovesDeletedVerticesButLeavesThemOutOfTheCentre) {
     loadVertices({{0, 0, 0}, {34, 0, 0}, {51, 17, 0}});
     select({1, 2, 3});
     vertex(3).deleted = true;
-    scaleSelection(editor, -100, 0, true);  // by 12/17 about (17, 0, 0)
+    scaleSelection(editor, -100, 0);  // by 12/17 about (17, 0, 0)
     expectPosition(1, {5, 0, 0}, 1e-9);
     expectPosition(3, {41, 12, 0}, 1e-9);
 }
@@ -190,7 +193,7 @@ TEST_F(TransformsTest, ScaleMovesDeletedVerticesButLeavesThemOutOfTheCentre) {
 TEST_F(TransformsTest, ScaleByEqualZeroesChangesNothing) {
     loadVertices({{1, 2, 4}, {3, 6, 8}});
     select({1, 2});
-    scaleSelection(editor, 0, 0, true);
+    scaleSelection(editor, 0, 0);
     EXPECT_EQ(vertex(1).pos, (Triple{1, 2, 4}));
     EXPECT_EQ(vertex(2).pos, (Triple{3, 6, 8}));
     EXPECT_EQ(newest().name, "Scale");
@@ -198,7 +201,7 @@ TEST_F(TransformsTest, ScaleByEqualZeroesChangesNothing) {
 
 TEST_F(TransformsTest, ScaleRecordsItsTwoNumbersAndNoCopies) {
     loadVertices({{0, 0, 0}});
-    scaleSelection(editor, 7, -2, true);
+    scaleSelection(editor, 7, -2);
     EXPECT_EQ(newest().name, "Scale");
     EXPECT_EQ(newest().numbers, (Triple{7, -2, 0}));
     EXPECT_EQ(newest().vertices, nullptr);
@@ -211,7 +214,7 @@ TEST_F(TransformsTest, ScaleIsUndoneByTheReciprocal) {
         SCOPED_TRACE(a);
         loadVertices({{1, -7, 3}, {5, 11, 0.5}, {2, 2, 2}});
         select({1, 2});
-        scaleSelection(editor, a, 3, true);
+        scaleSelection(editor, a, 3);
         EXPECT_NE(vertex(1).pos[0], 1);
         undoLast(editor);
         expectPosition(1, {1, -7, 3}, 1e-12);
@@ -222,7 +225,7 @@ TEST_F(TransformsTest, ScaleIsUndoneByTheReciprocal) {
 TEST_F(TransformsTest, UndoingAScaleByEqualDeltasEnlargesOnceMore) {
     loadVertices({{-1, 0, 0}, {1, 0, 0}});
     select({1, 2});
-    scaleSelection(editor, 10, 10, true);
+    scaleSelection(editor, 10, 10);
     EXPECT_NEAR(vertex(2).pos[0], 1.156692, 5e-7);
     undoLast(editor);
     EXPECT_NEAR(vertex(2).pos[0], 1.337936, 5e-7);  // 1.156692 squared
@@ -232,9 +235,9 @@ TEST_F(TransformsTest, UndoingAScaleByEqualDeltasEnlargesOnceMore) {
 TEST_F(TransformsTest, InCloneModeTheStepKeepsBothListsAndNoNumbers) {
     const auto run = [&](int which) {
         double angle = 30;
-        if (which == 0) moveSelection(editor, {1, 2, 3}, true);
-        if (which == 1) scaleSelection(editor, 5, 1, true);
-        if (which == 2) rotateSelection(editor, angle, Axis::Y, true);
+        if (which == 0) moveSelection(editor, {1, 2, 3});
+        if (which == 1) scaleSelection(editor, 5, 1);
+        if (which == 2) rotateSelection(editor, angle, Axis::Y);
     };
     for (int which = 0; which < 3; ++which) {
         SCOPED_TRACE(which);
@@ -265,11 +268,11 @@ TEST_F(TransformsTest, CloneModeIsOverWhenTheButtonsAreRefreshedInTheEnd) {
     window.onUpdateButtons = [&] { seen.push_back(editor.modes.cloneMode); };
     double angle = 45;
     editor.modes.cloneMode = true;
-    moveSelection(editor, {1, 2, 3}, true);
+    moveSelection(editor, {1, 2, 3});
     editor.modes.cloneMode = true;
-    scaleSelection(editor, 1, 2, true);
+    scaleSelection(editor, 1, 2);
     editor.modes.cloneMode = true;
-    rotateSelection(editor, angle, Axis::X, true);
+    rotateSelection(editor, angle, Axis::X);
     // Each: once for the step, once in the end.
     EXPECT_EQ(seen, (std::vector<bool>{true, false, true, false, true, false}));
 }
@@ -277,15 +280,15 @@ TEST_F(TransformsTest, CloneModeIsOverWhenTheButtonsAreRefreshedInTheEnd) {
 TEST_F(TransformsTest, MoveAndScaleRecordThenDrawThenRefreshTheButtons) {
     const std::vector<Seen> expected = {{.recorded = true, .changed = false, .drawn = false},
                                         {.recorded = true, .changed = true, .drawn = true}};
-    EXPECT_EQ(refreshesOf([&] { moveSelection(editor, {1, 2, 3}, true); }), expected);
-    EXPECT_EQ(refreshesOf([&] { scaleSelection(editor, 9, 3, true); }), expected);
+    EXPECT_EQ(refreshesOf([&] { moveSelection(editor, {1, 2, 3}); }), expected);
+    EXPECT_EQ(refreshesOf([&] { scaleSelection(editor, 9, 3); }), expected);
 }
 
 TEST_F(TransformsTest, RotateRefreshesTheButtonsBeforeItDraws) {
     const std::vector<Seen> expected = {{.recorded = true, .changed = false, .drawn = false},
                                         {.recorded = true, .changed = true, .drawn = false}};
     double angle = 90;
-    EXPECT_EQ(refreshesOf([&] { rotateSelection(editor, angle, Axis::Z, true); }), expected);
+    EXPECT_EQ(refreshesOf([&] { rotateSelection(editor, angle, Axis::Z); }), expected);
     const std::vector<Primitive> drawn = front.primitives();
     redrawAll(editor);
     EXPECT_EQ(front.primitives(), drawn);  // it did draw in the end
@@ -295,11 +298,11 @@ TEST_F(TransformsTest, AResultThatNoNumberCanHoldLeavesTheCoordinate) {
     constexpr double kHuge = 1.7e308;
     loadVertices({{kHuge, 1, -kHuge}, {0, 2, kHuge}});
     select({1, 2});
-    moveSelection(editor, {kHuge, 1, 0}, true);
+    moveSelection(editor, {kHuge, 1, 0});
     EXPECT_EQ(vertex(1).pos, (Triple{kHuge, 2, -kHuge}));
     EXPECT_EQ(vertex(2).pos, (Triple{kHuge, 3, kHuge}));
 
-    scaleSelection(editor, std::numeric_limits<double>::infinity(), 0, true);
+    scaleSelection(editor, std::numeric_limits<double>::infinity(), 0);
     for (int i = 1; i <= 2; ++i) {
         for (const double coordinate : vertex(i).pos) EXPECT_TRUE(std::isfinite(coordinate)) << i;
     }
@@ -307,9 +310,9 @@ TEST_F(TransformsTest, AResultThatNoNumberCanHoldLeavesTheCoordinate) {
 
 TEST_F(TransformsTest, NothingIsRecordedOrDrawnBeforeAModelIsLoaded) {
     double angle = 45;
-    moveSelection(editor, {1, 2, 3}, true);
-    scaleSelection(editor, 1, 2, true);
-    rotateSelection(editor, angle, Axis::Y, true);
+    moveSelection(editor, {1, 2, 3});
+    scaleSelection(editor, 1, 2);
+    rotateSelection(editor, angle, Axis::Y);
     EXPECT_FALSE(newest().valid);
     EXPECT_TRUE(front.primitives().empty());
     EXPECT_TRUE(store().Vertices.empty());

@@ -1,5 +1,6 @@
 // Weld and Delete Face. Snap and Delete have a file of their own.
-#include "edit/snap_delete.h"
+#include "edit/commands/tools.h"
+#include "test_commands.h"
 #include "tool_fixture.h"
 
 namespace corvane {
@@ -118,7 +119,7 @@ TEST_F(WeldTest, WithNothingSelectedNothingHappens) {
     expectGeoset(before);
     expectNoStep();
     expectNotDrawn();
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
 }
 
 TEST_F(WeldTest, BeforeAModelIsLoadedNothingHappens) {

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "dialogs.h"
-#include "main_window.h"
-#include "uveditor/uv_editor.h"
+#include "editor/dialogs.h"
+#include "editor/editor_window.h"
+#include "uveditor/commands/uv_editor.h"
 #include "views/drawing_surface.h"
 
 namespace corvane {
@@ -41,14 +41,14 @@ public:
                 return std::nullopt;
         }
     }
-    void messageBox(const std::string& caption, const std::string& text) override {
-        if (caption != kErrorCaption) return;
+    void messageBox(const Caption& caption, const std::string& text) override {
+        if (caption.severity != Severity::Error) return;
         error = text;
         ++errors;
     }
-    void rightToLeftMessageBox(const std::string& /*caption*/,
+    void rightToLeftMessageBox(const Caption& /*caption*/,
                                const std::string& /*text*/) override {}
-    bool yesNo(const std::string& /*caption*/, const std::string& /*text*/) override {
+    bool yesNo(const Caption& /*caption*/, const std::string& /*text*/) override {
         return agrees;
     }
 
@@ -75,7 +75,7 @@ public:
 };
 
 /// A window that shows nothing.
-class NoWindow : public MainWindow {
+class NoWindow : public EditorWindow {
 public:
     void updateButtons() override {}
     void showTip(const std::string& /*text*/) override {}

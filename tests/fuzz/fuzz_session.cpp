@@ -11,23 +11,22 @@
 #include <string>
 #include <vector>
 
-#include "edit/extrude.h"
+#include "edit/commands/drag_transforms.h"
+#include "edit/commands/tools.h"
 #include "edit/normals.h"
-#include "edit/placement.h"
+#include "test_commands.h"
 #include "edit/selection.h"
-#include "edit/snap_delete.h"
 #include "edit/transforms.h"
 #include "edit/undo_history.h"
-#include "editor.h"
+#include "editor/editor.h"
 #include "fuzz_dialogs.h"
-#include "groups/matrices.h"
-#include "groups/vertex_groups.h"
-#include "model/merge_geoset.h"
+#include "groups/commands/group_commands.h"
+#include "model/commands/merge_geoset.h"
 #include "model/model_files.h"
 #include "model/model_scanner.h"
-#include "model/open_model.h"
-#include "model/save_model.h"
-#include "uveditor/exchange.h"
+#include "model/commands/open_model.h"
+#include "model/commands/save_model.h"
+#include "uveditor/commands/exchange.h"
 
 namespace corvane {
 
@@ -46,15 +45,7 @@ struct Session {
     Editor editor{.pictures = {picture, picture, picture, picture},
                   .window = window,
                   .dialogs = dialogs,
-                  .userNumbers = {},
-                  .store = {},
-                  .workingCopy = {},
-                  .undo = {},
-                  .modes = {},
-                  .drag = {},
-                  .views = {},
-                  .perspective = {},
-                  .markers = {}};
+                  .userNumbers = {}};
 
     Session(const std::string& path, int geosetNumber) {
         dialogs.path = path;
@@ -69,10 +60,10 @@ struct Session {
     std::size_t size() const { return editor.store.Vertices.size(); }
 
     // Whether the save came without a message of an error.
-    bool save(bool singleGeoset = false, bool askPath = false) {
+    bool save(void (*command)(Editor&) = corvane::save) {
         const int before = dialogs.errors;
         dialogs.expectInput("1");
-        writeModel(editor, singleGeoset, askPath);
+        command(editor);
         return dialogs.errors == before;
     }
 };
@@ -123,7 +114,7 @@ void cloneByMoving(Session& session, Edits& edits) {
     const Triple delta = edits.takeTriple();
     if (session.size() > kMostToGrow) return;
     session.editor.modes.cloneMode = true;
-    moveSelection(session.editor, delta, true);
+    moveSelection(session.editor, delta);
     session.editor.modes.cloneMode = false;
 }
 
@@ -139,7 +130,7 @@ void merge(Session& session, Edits& edits) {
 
 void rotate(Session& session, Edits& edits) {
     double angle = edits.takeDistance() * 10;
-    rotateSelection(session.editor, angle, edits.takeAxis(), true);
+    rotateSelection(session.editor, angle, edits.takeAxis());
 }
 
 void exchangeTexture(Session& session, Edits& edits) {
@@ -178,12 +169,12 @@ constexpr std::array<Edit, 27> kEdits = {{
     {'e', [](Session& s, Edits&) { expandSelection(s.editor); }},
     {'s', selectPattern},
     {'o', selectOne},
-    {'m', [](Session& s, Edits& e) { moveSelection(s.editor, e.takeTriple(), true); }},
+    {'m', [](Session& s, Edits& e) { moveSelection(s.editor, e.takeTriple()); }},
     {'r', rotate},
     {'k',
      [](Session& s, Edits& e) {
          const Triple by = e.takeTriple();
-         scaleSelection(s.editor, by[0], by[1], true);
+         scaleSelection(s.editor, by[0], by[1]);
      }},
     {'d', [](Session& s, Edits&) { deleteSelection(s.editor); }},
     {'f', [](Session& s, Edits&) { deleteSelectedFaces(s.editor); }},
@@ -351,7 +342,7 @@ std::string savedAgain(const std::string& path, int geosetNumber, const Expected
 // The geoset alone is a model with that geoset.
 void checkSingleSave(Session& session, const std::string& path, const Expected& expected) {
     session.dialogs.path = path;
-    if (!session.save(true, true)) return;  // what stands before the geosets may not allow it
+    if (!session.save(saveGeoset)) return;  // what stands before the geosets may not allow it
     const Session alone(path, 1);
     promise(alone.isOpen(), "the geoset saved alone cannot be opened: " + alone.dialogs.error);
     promise(alone.size() == expected.vertices.size(),
@@ -365,11 +356,10 @@ void checkSave(Session& session, const std::string& folder) {
     const Expected expected = expectedOf(store);
     const int geosetNumber = store.geosetNumber;
     const bool hasPlace = static_cast<std::size_t>(geosetNumber) <= scanGeosets(before).size();
-    const bool plain = hasPlace && !session.editor.workingCopy.geosetRemoved && !expected.isEmpty();
+    const bool plain = hasPlace && !session.editor.store.isGeosetRemoved() && !expected.isEmpty();
 
     // A geoset that was removed before another one was read is gone from this, not from the file.
-    const std::string base(
-        readWorkingCopy(session.editor.store, session.editor.workingCopy).view());
+    const std::string base(store.base().text.view());
 
     const bool saved = session.save();
     if (!plain) return;  // the geoset is removed, or there is none; nothing may crash

@@ -1,6 +1,6 @@
-#include "groups/matrices.h"
+#include "groups/commands/group_commands.h"
 
-#include "model/open_model.h"
+#include "model/commands/open_model.h"
 #include "tool_fixture.h"
 
 namespace corvane {
@@ -151,7 +151,7 @@ TEST_F(AddMatrixTest, TheBonesTypedBeforeCancelMakeANewGroup) {
     EXPECT_EQ(store().matrixGroupCount(), 3U);
     EXPECT_EQ(matrixGroupText(store().matrixGroups[2]), "12 13 -1 -1 -1 -1 -1 ");
     EXPECT_EQ(askedBones(), (Bones{"1", "2", "3"}));
-    EXPECT_TRUE(store().modified);
+    EXPECT_TRUE(store().isModified());
     dialogs.asked.clear();
     viewMatrices(editor);
     EXPECT_EQ(dialogs.last().text, "0: 1\r\n1: 2, 3\r\n2: 12, 13\r\n");
@@ -181,7 +181,7 @@ TEST_F(AddMatrixTest, CancelAtTheFirstBoneAddsNoGroup) {
     for (const std::optional<std::string>& end : {std::optional<std::string>(""), {}}) {
         add({"abc", end});
         expectGeoset(before);
-        EXPECT_FALSE(store().modified);
+        EXPECT_FALSE(store().isModified());
         EXPECT_EQ(askedBones(), (Bones{"1", "1"}));
     }
 }
@@ -232,7 +232,7 @@ TEST_F(AddMatrixTest, BeforeAModelIsLoadedNothingIsAskedOrAdded) {
     expectGeoset({});
     expectNoStep();
     expectNotDrawn();
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "groups/vertex_groups.h"
+#include "groups/commands/group_commands.h"
 
 #include "groups/group_number.h"
 #include "tool_fixture.h"
@@ -68,7 +68,7 @@ TEST_F(AssignVertexGroupTest, TheSelectedVerticesGetTheGroupDeletedOnesIncluded)
     answer({"7"});
     assignVertexGroup(editor);
     expectGeoset(expected);
-    EXPECT_TRUE(store().modified);
+    EXPECT_TRUE(store().isModified());
 }
 
 TEST_F(AssignVertexGroupTest, OneBoxAsksForTheGroup) {
@@ -107,7 +107,7 @@ TEST_F(AssignVertexGroupTest, AnEmptyAnswerOrCancelChangesNothingAndRecordsNoSte
         assignVertexGroup(editor);
         expectGeoset(before);
         expectNoStep();
-        EXPECT_FALSE(store().modified);
+        EXPECT_FALSE(store().isModified());
     }
 }
 
@@ -217,7 +217,7 @@ TEST_F(SelectByVertexGroupTest, NoStepIsRecorded) {
     answer({"3"});
     selectByVertexGroup(editor);
     expectNoStep();
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
 }
 
 TEST_F(SelectByVertexGroupTest, BeforeAModelIsLoadedNothingHappens) {

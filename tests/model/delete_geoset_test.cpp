@@ -3,7 +3,8 @@
 #include <filesystem>
 
 #include "edit/undo_history.h"
-#include "model/save_model.h"
+#include "test_commands.h"
+#include "model/commands/save_model.h"
 #include "model_flow.h"
 
 namespace corvane {
@@ -161,33 +162,41 @@ TEST_F(DeleteGeosetTest, AModelWithoutGeosetsSaysThatThereIsNone) {
     expectUnchanged(before);
 }
 
-TEST_F(DeleteGeosetTest, AMissingWorkingCopyIsMadeAgainAndNothingIsRemoved) {
+TEST_F(DeleteGeosetTest, AMissingWorkingCopyIsMadeAgainWithoutTheGeoset) {
     openNew("three.mdl", modelOf(threeGeosets()), "2");
     std::filesystem::remove(store().workPath);
     deleteGeoset();
-    ASSERT_EQ(askedKinds(), "yesno message");
-    EXPECT_EQ(dialogs.last().title, "Error");
-    EXPECT_EQ(workBytes(), modelOf(threeGeosets()));
-    deleteGeoset();
-    EXPECT_EQ(askedKinds(), "yesno");
+    ASSERT_EQ(askedKinds(), "yesno");
     EXPECT_EQ(workBytes(), modelOf(threeWithoutTheSecond()));
+    EXPECT_EQ(modelBytes(), modelOf(threeGeosets()));
+}
+
+TEST_F(DeleteGeosetTest, TheRemovalIsAModificationUntilItIsSaved) {
+    openNew("three.mdl", modelOf(threeGeosets()), "2");
+    EXPECT_FALSE(store().isModified());
+    deleteGeoset();
+    EXPECT_TRUE(store().isModified());
+    dialogs.inputs.push_back("1");
+    switchGeoset(editor);
+    EXPECT_TRUE(store().isModified()) << "the file still has the geoset";
+    save();
+    EXPECT_FALSE(store().isModified());
 }
 
 TEST_F(DeleteGeosetTest, AWorkingCopyThatGoesMissingAfterwardsComesBackWithoutTheGeoset) {
-    openNew("three.mdl", modelOf(threeGeosets()), "2");
+    openNew("three.mdl", modelOf(threeGeosets()), "3");
     deleteGeoset();
     std::filesystem::remove(store().workPath);
     save();
-    EXPECT_EQ(askedKinds(), "message");
-    EXPECT_EQ(workBytes(), modelOf(threeWithoutTheSecond()));
-    EXPECT_EQ(modelBytes(), modelOf(threeGeosets()));
+    EXPECT_EQ(askedKinds(), "");
+    EXPECT_EQ(workBytes(), modelBytes());
+    EXPECT_EQ(modelBytes().find("GeosetId 2"), std::string::npos);
 }
 
 TEST_F(DeleteGeosetTest, AWorkingCopyThatCannotBeWrittenKeepsTheGeoset) {
     std::filesystem::create_directory(folder.path("gone"));
     openNew("gone/three.mdl", modelOf(threeGeosets()), "2");
     std::filesystem::remove_all(folder.path("gone"));
-    save();  // from now on the text comes from the open file
     deleteGeoset();
     ASSERT_EQ(askedKinds(), "yesno message");
     expectLast("message", "Error",

@@ -2,7 +2,8 @@
 #include <filesystem>
 
 #include "edit/undo_history.h"
-#include "model/save_model.h"
+#include "test_commands.h"
+#include "model/commands/save_model.h"
 #include "model_flow.h"
 
 namespace corvane {
@@ -38,8 +39,8 @@ TEST_F(EmptiedGeosetTest, WithNoVertexLeftItIsRemovedFromFileAndWorkingCopyAndAn
     EXPECT_EQ(vertex(1).pos, (Triple{0, 0, 3}));
     EXPECT_FALSE(vertex(1).deleted);
     EXPECT_FALSE(hasUndoStep());
-    EXPECT_FALSE(store().modified);
-    EXPECT_FALSE(editor.workingCopy.geosetRemoved);
+    EXPECT_FALSE(store().isModified());
+    EXPECT_FALSE(editor.store.isGeosetRemoved());
     EXPECT_EQ(front.primitives().size(), 12U);  // 2 axis marks, 6 edges, 4 vertices
 }
 
@@ -150,19 +151,15 @@ TEST_F(EmptiedGeosetTest, ATargetThatCannotBeWrittenLeavesEverything) {
     expectUnchanged(before);
 }
 
-TEST_F(EmptiedGeosetTest, AMissingWorkingCopyIsNoticedBeforeAnythingIsRemoved) {
+TEST_F(EmptiedGeosetTest, AMissingWorkingCopyIsPutBackWithTheRest) {
     openThree();
     deleteAllVertices();
     std::filesystem::remove(store().workPath);
-    save();
-    ASSERT_EQ(askedKinds(), "message");
-    EXPECT_NE(dialogs.last().text, "Removing geoset");
-    EXPECT_EQ(modelBytes(), modelOf(threeGeosets()));
-    EXPECT_TRUE(vertex(1).deleted);
     dialogs.inputs.push_back("1");
     save();
     EXPECT_EQ(askedKinds(), "message input");
     EXPECT_EQ(modelBytes(), modelOf(threeWithoutTheSecond()));
+    EXPECT_EQ(workBytes(), modelOf(threeWithoutTheSecond()));
 }
 
 TEST_F(EmptiedGeosetTest, WithTheFolderGoneTheRestIsSavedElsewhere) {
@@ -171,7 +168,8 @@ TEST_F(EmptiedGeosetTest, WithTheFolderGoneTheRestIsSavedElsewhere) {
     deleteAllVertices();
     std::filesystem::remove_all(folder.path("gone"));
     save();
-    ASSERT_EQ(askedKinds(), "message");  // the working copy is gone, its text is not
+    ASSERT_EQ(askedKinds(), "message message");
+    EXPECT_EQ(dialogs.last().title, "Error");
     dialogs.inputs.push_back("2");
     saveAs(folder.path("new.mdl"));
     EXPECT_EQ(askedKinds(), "save message input");

@@ -1,10 +1,11 @@
-#include "model/merge_geoset.h"
+#include "model/commands/merge_geoset.h"
 
 #include <filesystem>
 
 #include "edit/undo_history.h"
-#include "model/open_model.h"
-#include "model/save_model.h"
+#include "test_commands.h"
+#include "model/commands/open_model.h"
+#include "model/commands/save_model.h"
 #include "model_flow.h"
 
 namespace corvane {
@@ -110,7 +111,7 @@ TEST_F(MergeGeosetTest, LeavesTheOpenModelsFilesAndNumbersAlone) {
     EXPECT_EQ(modelBytes(), before.modelBytes);
     EXPECT_EQ(workBytes(), before.workBytes);
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"part.mdl", "three.mdl", "three_TMP.tdl"}));
-    EXPECT_TRUE(store().modified);
+    EXPECT_TRUE(store().isModified());
 }
 
 TEST_F(MergeGeosetTest, IsSavedIntoTheEditedGeoset) {

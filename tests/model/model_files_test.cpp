@@ -1,6 +1,7 @@
 // Names and reading. Writing is in replace_file_test.cpp.
 #include "model/model_files.h"
 
+#include <array>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -110,36 +111,22 @@ TEST(ReadModelFile, RefusesAFileThatTheUserMayNotRead) {
               path + ": Permission denied");
 }
 
-TEST(ReadOpenFile, ReadsFromTheStartHoweverFarTheDescriptorIs) {
+TEST(ReadModelFile, GivesTheStampOfTheBytesThatItRead) {
     const TempFolder folder;
     const std::string path = folder.write("hero.mdl", "one two");
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    ASSERT_GE(fd, 0);
-    EXPECT_EQ(readOpenFile(fd, path).view(), "one two");
-    EXPECT_EQ(readOpenFile(fd, path).view(), "one two");
-    ::close(fd);
+    FileStamp stamp;
+    EXPECT_EQ(readModelFile(path, &stamp).view(), "one two");
+    EXPECT_EQ(stampOf(path), stamp);
+    folder.write("hero.mdl", "one two three");
+    EXPECT_NE(stampOf(path), stamp);
 }
 
-TEST(ReadOpenFile, ReadsAFileWhoseNameHasVanished) {
-    const TempFolder folder;
-    const std::string path = folder.write("hero.mdl", "one two");
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    ASSERT_GE(fd, 0);
-    deleteFile(path);
-    EXPECT_EQ(readingResult(path), path + ": No such file or directory");
-    const ModelText text = readOpenFile(fd, path);
+TEST(JoinedText, HoldsThePiecesInTheirOrder) {
+    const std::array<std::string_view, 3> pieces = {"one ", "", "two"};
+    const ModelText text = joinedText("hero.mdl", pieces);
     EXPECT_EQ(text.view(), "one two");
-    EXPECT_EQ(text.path(), path);
-    ::close(fd);
-}
-
-TEST(ReadOpenFile, RefusesAClosedDescriptor) {
-    try {
-        readOpenFile(-1, "hero.mdl");
-        ADD_FAILURE() << "was read";
-    } catch (const FileError& error) {
-        EXPECT_STREQ(error.what(), "hero.mdl: Bad file descriptor");
-    }
+    EXPECT_EQ(text.path(), "hero.mdl");
+    EXPECT_EQ(joinedText("hero.mdl", {}).view(), "");
 }
 
 TEST(FileErrorType, NamesTheFileAndTheReason) {
@@ -227,21 +214,10 @@ TEST(StampOf, SeesATimeOfWritingThatDiffersInItsNanoseconds) {
     EXPECT_NE(before, after);
 }
 
-TEST(StampOf, OfADescriptorIsThatOfItsFile) {
-    const TempFolder folder;
-    const std::string path = folder.write("hero.mdl", "text");
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    ASSERT_GE(fd, 0);
-    EXPECT_TRUE(stampOf(fd));
-    EXPECT_EQ(stampOf(fd), stampOf(path));
-    ::close(fd);
-}
-
 TEST(StampOf, IsNothingWithoutAFile) {
     const TempFolder folder;
     EXPECT_FALSE(stampOf(folder.path("missing.mdl")));
     EXPECT_FALSE(stampOf(""));
-    EXPECT_FALSE(stampOf(-1));
 }
 
 TEST(WorkPathFor, ReplacesTheLastFourCharacters) {

@@ -1,10 +1,11 @@
-#include "model/new_model.h"
+#include "model/commands/new_model.h"
 
 #include <unistd.h>
 
 #include <algorithm>
 
 #include "edit/undo_history.h"
+#include "test_commands.h"
 #include "model_flow.h"
 
 namespace corvane {

@@ -2,7 +2,8 @@
 #include <filesystem>
 
 #include "edit/undo_history.h"
-#include "model/open_model.h"
+#include "test_commands.h"
+#include "model/commands/open_model.h"
 #include "model_flow.h"
 
 namespace corvane {

@@ -1,9 +1,10 @@
 // Opening and closing models. What is refused is in open_failures_test.cpp.
-#include "model/open_model.h"
+#include "model/commands/open_model.h"
 
 #include <filesystem>
 
 #include "edit/undo_history.h"
+#include "test_commands.h"
 #include "model_flow.h"
 
 namespace corvane {
@@ -43,7 +44,7 @@ TEST_F(OpenModelTest, ReadsTheGeosetIntoTheStore) {
     EXPECT_EQ(store().matrixGroups,
               (std::vector<MatrixGroup>{{0, -1, -1, -1, -1, -1, -1}, {1, 2, -1, -1, -1, -1, -1}}));
     EXPECT_TRUE(store().modelLoaded);
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
     EXPECT_EQ(store().geosetNumber, 1);
 }
 
@@ -166,7 +167,7 @@ TEST_F(OpenModelTest, AnotherModelTakesThePlaceOfTheFirst) {
     EXPECT_EQ(store().Vertices.size(), 3U);
     EXPECT_EQ(store().Faces.size(), 1U);
     EXPECT_EQ(store().matrixGroups.size(), 1U);
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
     EXPECT_FALSE(hasUndoStep());
     // The first one's working copy is gone, the model itself as it was.
     EXPECT_EQ(folder.names(),

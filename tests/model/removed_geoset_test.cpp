@@ -2,7 +2,8 @@
 #include <filesystem>
 
 #include "edit/undo_history.h"
-#include "model/save_model.h"
+#include "test_commands.h"
+#include "model/commands/save_model.h"
 #include "model_flow.h"
 
 namespace corvane {
@@ -92,7 +93,7 @@ TEST_F(RemovedGeosetTest, NoWritesTheWorkingCopyAsItIsAndAnotherGeosetIsChosen) 
     EXPECT_EQ(store().geosetNumber, 2);
     EXPECT_EQ(vertex(1).pos, (Triple{0, 0, 3}));
     EXPECT_FALSE(hasUndoStep());
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
     EXPECT_EQ(front.primitives().size(), 12U);  // 2 axis marks, 6 edges, 4 vertices
 
     save();
@@ -146,7 +147,7 @@ TEST_F(RemovedGeosetTest, CancellingSaveAsAsksNothing) {
     const Before before = remember();
     dialogs.asked.clear();
     dialogs.files.push_back(std::nullopt);
-    writeModel(editor, false, true);
+    corvane::saveAs(editor);
     EXPECT_EQ(askedKinds(), "save");
     expectUnchanged(before);
 }
@@ -209,10 +210,10 @@ TEST_F(RemovedGeosetTest, WhereNoGeosetHasItsNumberSaveAsWritesTheRestToTheNewFi
 TEST_F(RemovedGeosetTest, WhereNoGeosetHasItsNumberAnEditToItIsNotTakenForSaved) {
     openAndRemove("3");
     vertex(1).pos[0] = 99;
-    store().modified = true;
+    store().revisions.noteChanged();
     save();
     EXPECT_EQ(modelBytes(), withoutTheThird());
-    EXPECT_TRUE(store().modified);
+    EXPECT_TRUE(store().isModified());
 }
 
 TEST_F(RemovedGeosetTest, TheOnlyGeosetLeavesAModelWithoutGeosets) {

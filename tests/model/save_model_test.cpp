@@ -1,10 +1,12 @@
 // Saving: what the file, the working copy and the store hold afterwards. Saves that fail are in
 // save_failures_test.cpp, those that find the geoset emptied in emptied_geoset_test.cpp.
-#include "model/save_model.h"
+#include "model/commands/save_model.h"
 
 #include <filesystem>
 
-#include "edit/snap_delete.h"
+#include "edit/commands/tools.h"
+#include "test_commands.h"
+#include "edit/commands/drag_transforms.h"
 #include "edit/transforms.h"
 #include "edit/undo_history.h"
 #include "model_flow.h"
@@ -34,13 +36,13 @@ TEST_F(SaveModelTest, AnUnchangedModelComesOutByteForByte) {
 TEST_F(SaveModelTest, OnlyTheEditedGeosetChangesInTheFile) {
     const std::string path = openNew("three.mdl", modelOf(threeGeosets()), "2");
     select({1});
-    moveSelection(editor, {1, 2, 4}, true);
-    EXPECT_TRUE(store().modified);
+    moveSelection(editor, {1, 2, 4});
+    EXPECT_TRUE(store().isModified());
     save();
     EXPECT_EQ(askedKinds(), "");
     EXPECT_EQ(readFile(path), modelOf(threeWithAMovedVertex()));
     EXPECT_EQ(workBytes(), modelOf(threeWithAMovedVertex()));
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
     EXPECT_EQ(store().modelPath, path);
     EXPECT_EQ(store().savePath, path);
     EXPECT_EQ(store().workPath, folder.path("three_TMP.tdl"));
@@ -51,7 +53,7 @@ TEST_F(SaveModelTest, OnlyTheEditedGeosetChangesInTheFile) {
 TEST_F(SaveModelTest, TheFilesOwnLineBreaksAreKept) {
     openNew("three.mdl", withCrLf(modelOf(threeGeosets())), "2");
     select({1});
-    moveSelection(editor, {1, 2, 4}, true);
+    moveSelection(editor, {1, 2, 4});
     save();
     EXPECT_EQ(modelBytes(), withCrLf(modelOf(threeWithAMovedVertex())));
     EXPECT_EQ(workBytes(), modelBytes());
@@ -88,7 +90,7 @@ TEST_F(SaveModelTest, ADeletedVertexLeavesTheFileWithItsFacesAndTheOthersAreRenu
     save();
     EXPECT_EQ(modelBytes(), saved);
     undoLast(editor);
-    EXPECT_TRUE(store().modified);
+    EXPECT_TRUE(store().isModified());
     save();
     EXPECT_EQ(modelBytes(), text);
 }
@@ -138,8 +140,8 @@ TEST_F(SaveModelTest, AGroupThatNoMatrixGroupBacksIsWrittenAsItWas) {
 
 TEST_F(SaveModelTest, BeforeAModelIsOpenNothingIsAskedOrWritten) {
     save();
-    writeModel(editor, false, true);
-    writeModel(editor, true, true);
+    corvane::saveAs(editor);
+    saveGeoset(editor);
     EXPECT_EQ(askedKinds(), "");
     EXPECT_TRUE(folder.names().empty());
 }
@@ -148,7 +150,7 @@ TEST_F(SaveModelTest, SaveAsMakesTheNewFileTheModelAndMovesTheWorkingCopy) {
     const std::string text = modelOf(threeGeosets());
     const std::string old = openNew("three.mdl", text, "2");
     select({1});
-    moveSelection(editor, {1, 2, 4}, true);
+    moveSelection(editor, {1, 2, 4});
     const std::string path = folder.path("new.mdl");
     saveAs(path);
     ASSERT_EQ(askedKinds(), "save");
@@ -161,7 +163,7 @@ TEST_F(SaveModelTest, SaveAsMakesTheNewFileTheModelAndMovesTheWorkingCopy) {
     EXPECT_EQ(store().workPath, folder.path("new_TMP.tdl"));
     EXPECT_EQ(workBytes(), modelOf(threeWithAMovedVertex()));
     EXPECT_EQ(store().geosetNumber, 2);
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"new.mdl", "new_TMP.tdl", "three.mdl"}));
 
     // From now on Save writes there.
@@ -174,7 +176,7 @@ TEST_F(SaveModelTest, SaveAsMakesTheNewFileTheModelAndMovesTheWorkingCopy) {
 TEST_F(SaveModelTest, SaveAsOntoTheModelItselfIsASave) {
     const std::string path = openNew("three.mdl", modelOf(threeGeosets()), "2");
     select({1});
-    moveSelection(editor, {1, 2, 4}, true);
+    moveSelection(editor, {1, 2, 4});
     saveAs(path);
     EXPECT_EQ(readFile(path), modelOf(threeWithAMovedVertex()));
     EXPECT_EQ(workBytes(), modelOf(threeWithAMovedVertex()));
@@ -213,7 +215,7 @@ TEST_F(SaveModelTest, SaveGeosetWritesThatGeosetAloneAsTheModelFromNowOn) {
     EXPECT_EQ(store().workPath, folder.path("part_TMP.tdl"));
     EXPECT_EQ(store().geosetNumber, 1);
     EXPECT_EQ(static_cast<const Geoset&>(store()), before);
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"part.mdl", "part_TMP.tdl", "three.mdl"}));
 }
 
@@ -242,12 +244,12 @@ TEST_F(SaveModelTest, ASavedGeosetKeepsTheFilesLineBreaks) {
 TEST_F(SaveModelTest, CancellingTheDialogWritesNothing) {
     openNew("three.mdl", modelOf(threeGeosets()), "2");
     select({1});
-    moveSelection(editor, {1, 2, 4}, true);
+    moveSelection(editor, {1, 2, 4});
     const Before before = remember();
-    for (const bool singleGeoset : {false, true}) {
+    for (const auto command : {&corvane::saveAs, &corvane::saveGeoset}) {
         dialogs.asked.clear();
         dialogs.files.push_back(std::nullopt);
-        writeModel(editor, singleGeoset, true);
+        command(editor);
         EXPECT_EQ(askedKinds(), "save");
         expectUnchanged(before);
     }
@@ -256,9 +258,9 @@ TEST_F(SaveModelTest, CancellingTheDialogWritesNothing) {
 TEST_F(SaveModelTest, TheButtonsAreRefreshedOnceTheModelIsWritten) {
     openNew("three.mdl", modelOf(threeGeosets()), "2");
     vertex(1).pos[0] = 1;
-    store().modified = true;
+    store().revisions.noteChanged();
     bool modified = true;
-    window.onUpdateButtons = [&] { modified = store().modified; };
+    window.onUpdateButtons = [&] { modified = store().isModified(); };
     save();
     EXPECT_FALSE(modified);
     std::string path;
@@ -272,7 +274,7 @@ TEST_F(SaveModelTest, AModelThatIsASymbolicLinkStaysOne) {
     std::filesystem::create_symlink(real, folder.path("link.mdl"));
     open(folder.path("link.mdl"), "2");
     select({1});
-    moveSelection(editor, {1, 2, 4}, true);
+    moveSelection(editor, {1, 2, 4});
     save();
     EXPECT_TRUE(std::filesystem::is_symlink(folder.path("link.mdl")));
     EXPECT_EQ(readFile(real), modelOf(threeWithAMovedVertex()));

@@ -2,7 +2,8 @@
 #include <filesystem>
 
 #include "edit/undo_history.h"
-#include "model/open_model.h"
+#include "test_commands.h"
+#include "model/commands/open_model.h"
 #include "model_flow.h"
 
 namespace corvane {
@@ -45,7 +46,7 @@ TEST_F(SwitchGeosetTest, EditsNotSavedAreLostAndTheHistoryIsCleared) {
     vertex(1).pos = {7, 7, 7};
     switchTo("2");
     EXPECT_FALSE(hasUndoStep());
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
     switchTo("1");
     EXPECT_EQ(vertex(1).pos, (Triple{0, 0, 1}));
     EXPECT_EQ(modelBytes(), text);

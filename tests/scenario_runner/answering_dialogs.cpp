@@ -78,24 +78,24 @@ std::optional<std::string> AnsweringDialogs::inputBox(const std::string& prompt,
     return answer.text.toStdString();
 }
 
-QString AnsweringDialogs::pressed(const std::string& caption, const std::string& text,
+QString AnsweringDialogs::pressed(const Caption& caption, const std::string& text,
                                   const char* buttons, const QStringList& allowed) {
     QJsonObject event = dialogEvent("message");
-    event["caption"] = qt(caption);
+    event["caption"] = qt(caption.text);
     event["text"] = qt(text);
     event["buttons"] = buttons;
-    return take(event, qt(caption) + ": " + qt(text), allowed).text;
+    return take(event, qt(caption.text) + ": " + qt(text), allowed).text;
 }
 
-void AnsweringDialogs::messageBox(const std::string& caption, const std::string& text) {
+void AnsweringDialogs::messageBox(const Caption& caption, const std::string& text) {
     pressed(caption, text, "ok", {"ok"});
 }
 
-void AnsweringDialogs::rightToLeftMessageBox(const std::string& caption, const std::string& text) {
+void AnsweringDialogs::rightToLeftMessageBox(const Caption& caption, const std::string& text) {
     messageBox(caption, text);
 }
 
-bool AnsweringDialogs::yesNo(const std::string& caption, const std::string& text) {
+bool AnsweringDialogs::yesNo(const Caption& caption, const std::string& text) {
     return pressed(caption, text, "yesno", {"yes", "no"}) == "yes";
 }
 

@@ -6,7 +6,7 @@
 #include <deque>
 #include <functional>
 
-#include "dialogs.h"
+#include "editor/dialogs.h"
 
 namespace corvane::scenario {
 
@@ -30,9 +30,9 @@ public:
                                         const std::string& current) override;
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultAnswer) override;
-    void messageBox(const std::string& caption, const std::string& text) override;
-    void rightToLeftMessageBox(const std::string& caption, const std::string& text) override;
-    bool yesNo(const std::string& caption, const std::string& text) override;
+    void messageBox(const Caption& caption, const std::string& text) override;
+    void rightToLeftMessageBox(const Caption& caption, const std::string& text) override;
+    bool yesNo(const Caption& caption, const std::string& text) override;
 
 private:
     enum class Action { Text, Cancel, Default };
@@ -46,7 +46,7 @@ private:
     /// stops.
     Answer take(QJsonObject dialog, const QString& question, const QStringList& allowed = {});
     std::optional<std::string> pickFile(const char* mode, const std::string& filter);
-    QString pressed(const std::string& caption, const std::string& text, const char* buttons,
+    QString pressed(const Caption& caption, const std::string& text, const char* buttons,
                     const QStringList& allowed);
 
     std::function<void(const QString&)> stop_;

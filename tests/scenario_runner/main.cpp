@@ -11,6 +11,7 @@
 #include <functional>
 #include <optional>
 
+#include "app/process.h"
 #include "app/user_locale.h"
 #include "player.h"
 #include "script.h"
@@ -35,6 +36,7 @@ std::function<std::optional<QString>()> lineSource(QFile& file, const QString& p
 }  // namespace
 
 int main(int argc, char** argv) {
+    prepareProcess();
     QApplication application(argc, argv);
     QApplication::setApplicationName("Corvane");
     QApplication::setQuitOnLastWindowClosed(false);

@@ -2,11 +2,12 @@
 // model around it must mean the same afterwards.
 #include <gtest/gtest.h>
 
+#include "edit/commands/tools.h"
 #include "edit/selection.h"
-#include "edit/snap_delete.h"
+#include "test_commands.h"
 #include "edit/undo_history.h"
 #include "model/geoset_removal.h"
-#include "model/merge_geoset.h"
+#include "model/commands/merge_geoset.h"
 #include "model_flow.h"
 
 namespace corvane {

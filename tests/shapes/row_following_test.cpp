@@ -12,12 +12,13 @@
 #include <string>
 #include <vector>
 
-#include "edit/extrude.h"
+#include "edit/commands/drag_transforms.h"
+#include "edit/commands/tools.h"
 #include "edit/selection.h"
-#include "edit/snap_delete.h"
+#include "test_commands.h"
 #include "edit/transforms.h"
 #include "edit/undo_history.h"
-#include "model/merge_geoset.h"
+#include "model/commands/merge_geoset.h"
 #include "model_flow.h"
 
 namespace corvane {
@@ -192,7 +193,7 @@ protected:
 
     void cloneBy(const Triple& delta) {
         editor.modes.cloneMode = true;
-        moveSelection(editor, delta, true);
+        moveSelection(editor, delta);
         editor.modes.cloneMode = false;
     }
 };
@@ -205,7 +206,7 @@ INSTANTIATE_TEST_SUITE_P(Formats, FollowingRows,
 TEST_P(FollowingRows, StayByteForByteWhileNoVertexComesOrGoes) {
     const std::string before = readFile(path);
     selectAll(editor);
-    moveSelection(editor, {1, 2, 4}, true);
+    moveSelection(editor, {1, 2, 4});
     undoLast(editor);
     save();
     EXPECT_EQ(readFile(path), before);
@@ -371,7 +372,7 @@ TEST_P(FollowingRows, FollowThroughRandomEdits) {
                         open(path);  // goes on from the saved file
                         break;
                     }
-                    moveSelection(editor, delta, true);
+                    moveSelection(editor, delta);
                     break;
             }
             // A geoset with nothing left would be removed at a save.

@@ -4,16 +4,19 @@
 
 #include <utility>
 
+#include "edit/commands/tools.h"
 #include "edit/normals.h"
+#include "test_commands.h"
 #include "edit/selection.h"
+#include "edit/commands/drag_transforms.h"
 #include "edit/transforms.h"
-#include "groups/vertex_groups.h"
+#include "groups/commands/group_commands.h"
 #include "model/geoset_removal.h"
-#include "model/merge_geoset.h"
-#include "model/new_model.h"
+#include "model/commands/merge_geoset.h"
+#include "model/commands/new_model.h"
 #include "model_flow.h"
 #include "shape_models.h"
-#include "uveditor/exchange.h"
+#include "uveditor/commands/exchange.h"
 
 namespace corvane {
 namespace {
@@ -68,7 +71,7 @@ TEST_P(SavedShape, ComesOutTheSameAtASecondSave) {
 TEST_P(SavedShape, TakesAnEditAndKeepsTheOtherGeoset) {
     ASSERT_TRUE(openShape());
     select({4});
-    moveSelection(editor, {0, 0, 100}, true);
+    moveSelection(editor, {0, 0, 100});
     save();
     const std::string saved = readFile(path);
     ASSERT_EQ(readingError(saved, 1), "was read");
@@ -222,7 +225,7 @@ protected:
 TEST_F(MissingSection, IsNotWrittenWithoutData) {
     openBare();
     select({1});
-    moveSelection(editor, {0, 0, 10}, true);
+    moveSelection(editor, {0, 0, 10});
     const std::string saved = savedGeoset();
     for (const char* const word : {"Normals", "TVertices", "VertexGroup", "Groups"}) {
         EXPECT_EQ(saved.find(word), std::string::npos) << word;

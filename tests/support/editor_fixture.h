@@ -12,15 +12,15 @@
 #include <string>
 #include <vector>
 
-#include "editor.h"
+#include "editor/editor.h"
 #include "scripted_dialogs.h"
-#include "uveditor/uv_editor.h"
+#include "uveditor/commands/uv_editor.h"
 #include "views/recording_surface.h"
 
 namespace corvane {
 
 /// Stands in for the main window.
-class TestWindow : public MainWindow {
+class TestWindow : public EditorWindow {
 public:
     void updateButtons() override {
         ++buttonUpdates;
@@ -98,15 +98,7 @@ protected:
     Editor editor{.pictures = {front, top, left, perspective},
                   .window = window,
                   .dialogs = dialogs,
-                  .userNumbers = {},
-                  .store = {},
-                  .workingCopy = {},
-                  .undo = {},
-                  .modes = {},
-                  .drag = {},
-                  .views = {},
-                  .perspective = {},
-                  .markers = {}};
+                  .userNumbers = {}};
 
     GeosetStore& store() { return editor.store; }
 

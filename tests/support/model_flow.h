@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "editor_fixture.h"
-#include "model/open_model.h"
-#include "model/save_model.h"
+#include "model/commands/open_model.h"
+#include "model/commands/save_model.h"
 #include "model_texts.h"
 #include "test_models.h"
 
@@ -44,17 +44,17 @@ protected:
 
     void save() {
         dialogs.asked.clear();
-        writeModel(editor, false, false);
+        corvane::save(editor);
     }
     void saveAs(const std::string& path) {
         dialogs.asked.clear();
         dialogs.files.push_back(path);
-        writeModel(editor, false, true);
+        corvane::saveAs(editor);
     }
     void saveGeosetAs(const std::string& path) {
         dialogs.asked.clear();
         dialogs.files.push_back(path);
-        writeModel(editor, true, true);
+        saveGeoset(editor);
     }
 
     /// Delete Current Geoset, confirmed.
@@ -110,10 +110,10 @@ protected:
                       .workPath = now.workPath,
                       .geosetNumber = now.geosetNumber,
                       .modelLoaded = now.modelLoaded,
-                      .modified = now.modified,
+                      .modified = now.isModified(),
                       .modelBytes = modelBytes(),
                       .workBytes = workBytes(),
-                      .geosetRemoved = editor.workingCopy.geosetRemoved,
+                      .geosetRemoved = editor.store.isGeosetRemoved(),
                       .undo = {},
                       .drawn = front.primitives(),
                       .names = folder.names()};

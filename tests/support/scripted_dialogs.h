@@ -4,12 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "dialogs.h"
+#include "editor/dialogs.h"
 
 namespace corvane {
 
@@ -27,6 +28,8 @@ public:
     std::deque<std::optional<std::string>> inputs;  ///< answers to come; nullopt cancels
     std::deque<bool> yesNos;                        ///< answers to come
     std::vector<Asked> asked;
+    std::function<void()> onInput;    ///< called while an input box is shown
+    std::function<void()> onMessage;  ///< called while a message box is shown
 
     std::optional<std::string> openFile(const std::string& filter,
                                         const std::string& current) override {
@@ -41,16 +44,18 @@ public:
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultAnswer) override {
         asked.push_back({"input", title, prompt, defaultAnswer});
+        if (onInput) onInput();
         return take(inputs);
     }
-    void messageBox(const std::string& caption, const std::string& text) override {
-        asked.push_back({"message", caption, text, ""});
+    void messageBox(const Caption& caption, const std::string& text) override {
+        asked.push_back({"message", caption.text, text, ""});
+        if (onMessage) onMessage();
     }
-    void rightToLeftMessageBox(const std::string& caption, const std::string& text) override {
-        asked.push_back({"message", caption, text, "right to left"});
+    void rightToLeftMessageBox(const Caption& caption, const std::string& text) override {
+        asked.push_back({"message", caption.text, text, "right to left"});
     }
-    bool yesNo(const std::string& caption, const std::string& text) override {
-        asked.push_back({"yesno", caption, text, ""});
+    bool yesNo(const Caption& caption, const std::string& text) override {
+        asked.push_back({"yesno", caption.text, text, ""});
         return take(yesNos);
     }
 

@@ -10,7 +10,9 @@
 #include <vector>
 
 #include "edit/undo_history.h"
+#include "test_commands.h"
 #include "editor_fixture.h"
+#include "editor/run_edit.h"
 #include "views/ortho_view.h"
 
 namespace corvane {
@@ -179,7 +181,7 @@ protected:
         tool();
         expectGeoset({});
         EXPECT_FALSE(store().modelLoaded);
-        EXPECT_FALSE(store().modified);
+        EXPECT_FALSE(store().isModified());
         expectNoStep();
         expectNotDrawn();
     }

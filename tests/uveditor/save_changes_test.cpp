@@ -1,6 +1,7 @@
 // How texture coordinates come back to the geoset, and what protects those that are there.
 #include "edit/undo_history.h"
-#include "model/open_model.h"
+#include "test_commands.h"
+#include "model/commands/open_model.h"
 #include "uv_fixture.h"
 
 namespace corvane {
@@ -65,12 +66,12 @@ TEST_F(SaveChangesTest, NoStepIsRecordedAndTheViewsAreNotRedrawn) {
 TEST_F(SaveChangesTest, TheModelCountsAsChangedOnlyWhereACoordinateIsAnother) {
     edit({{0, 0.5}}, {1});
     saveChanges(uv, editor);
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
     uvMove(uv, 0, 0.25);
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
     EXPECT_TRUE(uv.unsaved);
     saveChanges(uv, editor);
-    EXPECT_TRUE(store().modified);
+    EXPECT_TRUE(store().isModified());
     EXPECT_FALSE(uv.unsaved);
 }
 
@@ -123,7 +124,7 @@ TEST_F(SaveChangesTest, AnotherGeosetOfEqualSizeIsWrittenOnlyWhenTheUserSaysSo) 
               "/models/hero.mdl. It has 2 vertices too, so saving writes them over its own. Write "
               "them?");
     EXPECT_EQ(tu(), (Values{7, 9}));
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
     EXPECT_TRUE(uv.unsaved);
     dialogs.yesNos = {true};
     saveChanges(uv, editor);

@@ -5,7 +5,8 @@
 #include <vector>
 
 #include "editor_fixture.h"
-#include "uveditor/exchange.h"
+#include "uveditor/commands/exchange.h"
+#include "uveditor/commands/texture_commands.h"
 #include "uveditor/uv_tools.h"
 #include "uveditor/uv_view.h"
 
@@ -35,13 +36,7 @@ protected:
 
     RecordingSurface view{kViewWidth, kViewHeight};
     TestUVWindow uvWindow;
-    UVEditor uv{.picture = view,
-                .window = uvWindow,
-                .dialogs = dialogs,
-                .data = {},
-                .savedU = {},
-                .savedV = {},
-                .imagePath = {}};
+    UVEditor uv{{.picture = view}, uvWindow, dialogs};
 
     void TearDown() override {
         EXPECT_TRUE(dialogs.files.empty()) << "a file dialog did not come";

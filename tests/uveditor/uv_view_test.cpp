@@ -1,4 +1,5 @@
 // The texture editor's view: where things are, what is drawn, zoom, pan, the readout.
+#include "uveditor/commands/texture_commands.h"
 #include "uveditor/uv_view.h"
 
 #include <cmath>

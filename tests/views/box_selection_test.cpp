@@ -1,6 +1,7 @@
-#include "views/box_selection.h"
+#include "views/commands/mouse.h"
 
 #include "edit/undo_history.h"
+#include "test_commands.h"
 #include "editor_fixture.h"
 
 namespace corvane {
@@ -158,7 +159,7 @@ TEST_F(BoxSelectionTest, WhileSelectionIsOffNothingHappensAtAll) {
     EXPECT_FALSE(newest().valid);
     EXPECT_TRUE(front.primitives().empty());
     EXPECT_EQ(editor.drag.dragStartH, 10);  // not even sorted
-    EXPECT_FALSE(store().modified);
+    EXPECT_FALSE(store().isModified());
 }
 
 TEST_F(BoxSelectionTest, BeforeAModelIsLoadedNothingIsRecorded) {

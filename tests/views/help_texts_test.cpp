@@ -1,10 +1,11 @@
+#include "views/commands/view_commands.h"
 #include "views/help_texts.h"
 
 #include <map>
 
-#include "model/open_model.h"
+#include "model/commands/open_model.h"
 #include "tool_fixture.h"
-#include "views/mouse.h"
+#include "views/commands/mouse.h"
 
 namespace corvane {
 namespace {

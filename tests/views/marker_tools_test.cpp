@@ -1,8 +1,8 @@
-#include "views/marker_tools.h"
+#include "views/commands/marker_commands.h"
 
-#include "model/open_model.h"
+#include "model/commands/open_model.h"
 #include "tool_fixture.h"
-#include "views/mouse.h"
+#include "views/commands/mouse.h"
 
 namespace corvane {
 namespace {
@@ -59,7 +59,7 @@ protected:
         tool();
         expectGeoset(before);
         expectNoStep();
-        EXPECT_FALSE(store().modified);
+        EXPECT_FALSE(store().isModified());
     }
 };
 

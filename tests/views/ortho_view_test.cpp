@@ -1,3 +1,4 @@
+#include "editor/run_edit.h"
 #include "views/ortho_view.h"
 
 #include "drawn_text.h"

@@ -1,3 +1,4 @@
+#include "views/commands/view_commands.h"
 #include "views/tool_modes.h"
 
 #include "editor_fixture.h"

@@ -1,0 +1,41 @@
+// The state of the main window in one place: everything the program knows while it runs. The
+// commands take it by reference; nothing else is global.
+#pragma once
+
+#include "base/numbers.h"
+#include "edit/undo_history.h"
+#include "editor/dialogs.h"
+#include "editor/editor_window.h"
+#include "model/geoset_store.h"
+#include "views/drawing_surface.h"
+#include "views/markers.h"
+#include "views/tool_modes.h"
+#include "views/view_state.h"
+
+namespace corvane {
+
+/// The drawing surfaces of the four pictures. Not owned; they outlive the Editor.
+struct Pictures {
+    DrawingSurface& front;
+    DrawingSurface& top;
+    DrawingSurface& left;
+    DrawingSurface& perspective;
+};
+
+/// All that the main window owns, for the lifetime of the window.
+struct Editor {
+    Pictures pictures;
+    EditorWindow& window;
+    Dialogs& dialogs;
+    UserNumberFormat userNumbers{};
+
+    GeosetStore store{};
+    UndoHistory undo{};
+    ToolModes modes{};
+    DragPoints drag{};
+    ViewStates views{};
+    PerspectiveState perspective{};
+    MarkerTable markers{};
+};
+
+}  // namespace corvane

@@ -1,0 +1,30 @@
+// What the commands ask of the main window. Kept narrow so that a test can stand in for it.
+#pragma once
+
+#include <string>
+
+namespace corvane {
+
+struct UVData;
+
+class EditorWindow {
+public:
+    virtual ~EditorWindow() = default;
+
+    /// Brings buttons, menu items and the title in line with the editor's state.
+    virtual void updateButtons() = 0;
+
+    /// Shows a one-line tip (UTF-8) unless tips are switched off.
+    virtual void showTip(const std::string& text) = 0;
+
+    /// Starts, or starts again, the single-shot timer that allows box selection when it fires.
+    virtual void startSelectTimer() = 0;
+
+    /// Shows the texture editor with new data.
+    virtual void showTextureEditor(UVData data) = 0;
+
+    /// Puts a text (UTF-8) on the clipboard.
+    virtual void copyText(const std::string& text) = 0;
+};
+
+}  // namespace corvane

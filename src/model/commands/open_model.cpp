@@ -1,0 +1,252 @@
+#include "model/commands/open_model.h"
+
+#include <memory>
+
+#include "base/numbers.h"
+#include "base/version.h"
+#include "editor/run_edit.h"
+#include "model/geoset_reader.h"
+#include "model/model_writer.h"
+
+namespace corvane {
+
+namespace {
+
+// Where the warning about decimal commas sends its reader.
+constexpr const char* kDecimalSeparatorPage = "docs/decimal-separator.md";
+
+void showReadError(Editor& editor, const std::string& what, const std::string& advice) {
+    editor.dialogs.messageBox(kErrorCaption, what + "\n\n" + advice);
+}
+
+// Whether a geoset that is not closed would still be the same one after a save.
+bool staysWhole(const ModelBase& base, const PickedGeoset& picked) {
+    const ModelText saved(
+        base.text.path(),
+        composeModel(base.text, base.geosets, picked.geosetNumber, picked.geoset).joined());
+    const std::vector<GeosetBlock> savedGeosets = scanGeosets(saved.view());
+    if (savedGeosets.size() != base.geosets.size()) return false;
+    try {
+        const Geoset again = parseGeoset(saved, savedGeosets, picked.geosetNumber);
+        return again.Vertices.size() == picked.geoset.Vertices.size() &&
+               again.Faces == picked.geoset.Faces &&
+               again.matrixGroups == picked.geoset.matrixGroups &&
+               again.rowSections.size() == picked.geoset.rowSections.size();
+    } catch (const ModelTextError&) {
+        return false;
+    }
+}
+
+void showNotFinite(Editor& editor, const ModelText& text, const ReadNotes& notes) {
+    const std::string numbers = notes.notFinite == 1
+                                    ? "1 number of its normals and texture coordinates is"
+                                    : std::to_string(notes.notFinite) +
+                                          " numbers of its normals and texture coordinates are";
+    editor.dialogs.messageBox(
+        kWarningCaption,
+        text.path() + ", line " + std::to_string(lineNumberAt(text.view(), notes.firstNotFinite)) +
+            ": " + numbers +
+            (notes.notFinite == 1
+                 ? " not finite and was read as 0."
+                 : " not finite and were read as 0; the first one is in this line.") +
+            " Recalculate Normals or "
+            "the texture coordinate editor give them values; a save writes what is shown then.");
+}
+
+// A model file as it was read.
+struct ReadModel {
+    SharedBase base;
+    FileStamp stamp;
+};
+
+// Nothing, after a message, where the file cannot be read.
+std::optional<ReadModel> readModel(Editor& editor, const std::string& path) {
+    try {
+        ReadModel read;
+        read.base = std::make_shared<const ModelBase>(readModelFile(path, &read.stamp));
+        return read;
+    } catch (const FileError&) {
+        editor.dialogs.messageBox(kErrorCaption, "Bad file name");
+        return std::nullopt;
+    }
+}
+
+// Makes a model and one of its geosets current, with a working copy of its own.
+std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
+                                        const ReadModel& model) {
+    if (clashesWithWorkingCopy(editor, path)) return std::nullopt;
+    try {
+        PendingFile workingCopy = prepareWorkingCopy(path, model.base->text.view());
+        std::optional<PickedGeoset> picked =
+            pickGeoset(editor, *model.base,
+                       "The file was not opened and is unchanged. Mend the line in a text editor, "
+                       "or choose another geoset or model.");
+        if (!picked) return std::nullopt;
+        editor.store.open(path, model.base, model.stamp, workingCopy);
+        takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
+        return picked;
+    } catch (const FileError& error) {
+        showReadError(editor,
+                      std::string("The working copy of the model cannot be made.\n") + error.what(),
+                      "The file was not opened. The folder must have room and let you write: free "
+                      "some space, or copy the model to another folder and open it there.");
+        return std::nullopt;
+    }
+}
+
+OpenOutcome openForMerge(Editor& editor, const std::string& path) {
+    const std::optional<ReadModel> model = readModel(editor, path);
+    if (!model) return {};
+    return {.picked = pickGeoset(editor, *model->base,
+                                 "Nothing was merged. Mend the line in a text editor, or choose "
+                                 "another geoset or model.")};
+}
+
+// The mouse release that ends the file dialog's double click may reach a view: it must not select
+// anything. So box selection is off until a timer fires.
+template <class Ask>
+OpenOutcome withoutSelecting(Editor& editor, Ask ask) {
+    editor.modes.selectEnabled = false;
+    editor.modes.editButtonsEnabled = true;
+    OpenOutcome outcome = ask();
+    editor.modes.selectEnabled = false;  // a timer from before may have fired under the dialog
+    show(editor, Show::Buttons);
+    editor.window.startSelectTimer();
+    return outcome;
+}
+
+void showOpened(Editor& editor, const OpenOutcome& outcome) {
+    if (!outcome.picked) return;
+    if (outcome.picked->geosetCount == 0) {
+        editor.window.showTip(editor.store.modelPath + " holds no geoset (no line \"Geoset {\").");
+    }
+    show(editor, Show::Views);
+    drawPerspective(editor);
+}
+
+}  // namespace
+
+bool clashesWithWorkingCopy(Editor& editor, const std::string& path) {
+    const GeosetStore& store = editor.store;
+    if (!store.workPath.empty() && (path == store.workPath || isSameFile(path, store.workPath))) {
+        editor.dialogs.messageBox(kErrorCaption,
+                                  path + " is the working copy of the model that is open, " +
+                                      store.modelPath + ". Choose another file.");
+        return true;
+    }
+    if (!store.modelPath.empty() && isSameFile(workPathFor(path), store.modelPath)) {
+        editor.dialogs.messageBox(kErrorCaption,
+                                  "The working copy of " + path + " would take the place of " +
+                                      store.modelPath +
+                                      ", which is open. Save that model under another name first.");
+        return true;
+    }
+    return false;
+}
+
+int chooseGeoset(Editor& editor, std::size_t geosetCount) {
+    if (geosetCount <= 1) return 1;
+    const std::string prompt = "Geoset to import(1 - " + std::to_string(geosetCount) + "):";
+    while (true) {
+        const std::optional<std::string> answer =
+            editor.dialogs.inputBox(prompt, "Geoset to open", "1");
+        const std::optional<double> number =
+            parseUserNumber(answer.value_or(""), editor.userNumbers);
+        if (number && *number >= 1 && *number <= static_cast<double>(geosetCount)) {
+            return roundToInt32(*number);
+        }
+    }
+}
+
+std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
+                                       const std::string& advice) {
+    PickedGeoset picked;
+    picked.geosetCount = base.geosets.size();
+    picked.geosetNumber = chooseGeoset(editor, base.geosets.size());
+    try {
+        ReadNotes notes;
+        picked.geoset = parseGeoset(base.text, base.geosets, picked.geosetNumber, &notes);
+        if (base.hasGeoset(picked.geosetNumber)) {
+            const GeosetBlock& block =
+                base.geosets[static_cast<std::size_t>(picked.geosetNumber) - 1];
+            if (!block.closed && !staysWhole(base, picked)) {
+                throw ModelTextError(base.text, block.begin,
+                                     "the geoset that starts here is not closed, and could not be "
+                                     "read again after a save.");
+            }
+        }
+        if (notes.notFinite > 0) showNotFinite(editor, base.text, notes);
+        return picked;
+    } catch (const ModelTextError& error) {
+        showReadError(
+            editor,
+            "Geoset " + std::to_string(picked.geosetNumber) + " cannot be read.\n" + error.what(),
+            advice);
+        return std::nullopt;
+    }
+}
+
+OpenOutcome openPath(Editor& editor, const std::string& path) {
+    const OpenOutcome outcome = withoutSelecting(editor, [&]() -> OpenOutcome {
+        const std::optional<ReadModel> model = readModel(editor, path);
+        if (!model) return {};
+        return {.picked = makeCurrent(editor, path, *model)};
+    });
+    showOpened(editor, outcome);
+    return outcome;
+}
+
+OpenOutcome openModel(Editor& editor, bool openMode) {
+    const OpenOutcome outcome = withoutSelecting(editor, [&]() -> OpenOutcome {
+        const std::optional<std::string> path =
+            editor.dialogs.openFile(kModelFilter, editor.store.modelPath);
+        if (!path) return {.cancelled = true, .picked = {}};
+        if (!openMode) return openForMerge(editor, *path);
+        const std::optional<ReadModel> model = readModel(editor, *path);
+        if (!model) return {};
+        return {.picked = makeCurrent(editor, *path, *model)};
+    });
+    if (openMode) showOpened(editor, outcome);
+    return outcome;
+}
+
+void openCommand(Editor& editor) { openModel(editor, true); }
+
+void switchGeoset(Editor& editor) {
+    // From the text in memory and not from the model file: they hold the same, but where they do not
+    // (after a geoset was removed, or another program wrote the model) a save goes by its numbers.
+    chooseAndRead(editor);
+}
+
+void chooseAndRead(Editor& editor) {
+    std::optional<PickedGeoset> picked =
+        pickGeoset(editor, editor.store.base(),
+                   "The geoset in memory stays as it is. Mend the line in a text editor, or choose "
+                   "another geoset.");
+    if (!picked) return;
+    takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
+    show(editor, Show::Views);
+}
+
+void takeIntoStore(Editor& editor, Geoset geoset, int geosetNumber) {
+    editor.store.takeGeoset(std::move(geoset), geosetNumber);
+    // The copies in the history belong to another mesh.
+    editor.undo = {};
+    show(editor, Show::Buttons);
+}
+
+void startUp(Editor& editor) {
+    editor.window.showTip(std::string("Welcome to Corvane ") + kVersionText);
+    show(editor, Show::Buttons);
+    if (formatUserNumber(1.23, editor.userNumbers) == "1,23") {
+        editor.dialogs.messageBox(
+            kWarningCaption,
+            std::string("Warning: You are using commas as a decimal instead of periods. The "
+                        "program will not work with that setting. Go to ") +
+                kDecimalSeparatorPage + " for instructions on changing that.");
+    }
+}
+
+void closeModel(Editor& editor) { editor.store.close(); }
+
+}  // namespace corvane

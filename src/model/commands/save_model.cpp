@@ -1,0 +1,281 @@
+#include "model/commands/save_model.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "editor/run_edit.h"
+#include "model/commands/open_model.h"
+#include "model/geoset_removal.h"
+#include "model/geoset_sections.h"
+#include "model/model_writer.h"
+#include "model/row_sections.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr const char* kRepeatAdvice =
+    "The file is as it was, and your edits are still here: mend the cause and save again, or save "
+    "to another place with Save As.";
+
+void showSaveError(Editor& editor, const std::string& what, const char* advice = kRepeatAdvice) {
+    editor.dialogs.messageBox(kErrorCaption, "The model was not saved.\n" + what + "\n\n" + advice);
+}
+
+// Makes the working copy hold what was saved. Where that fails the save stands, and so does the text
+// in memory, which is what the next save starts from.
+void renewWorkingCopy(Editor& editor) {
+    try {
+        editor.store.renewWorkingCopy();
+    } catch (const FileError& error) {
+        editor.dialogs.messageBox(
+            kWarningCaption,
+            "The model was saved, but its working copy could not be renewed.\n" +
+                std::string(error.what()) +
+                "\n\nYou can go on: nothing is lost. Free some space, then save again.");
+    }
+}
+
+// Writes a text to the model file and makes it the text that later saves start from.
+bool writeText(Editor& editor, const PiecedText& text) {
+    try {
+        editor.store.write(text);
+    } catch (const FileError& error) {
+        showSaveError(editor, error.what());
+        return false;
+    }
+    return true;
+}
+
+// What a save comes down to.
+enum class SaveKind {
+    Write,          // the model with the geoset in memory
+    WriteSingle,    // that geoset alone
+    AsItIs,         // the model without the geoset in memory, which was removed from it
+    AskOverwrite,   // the geoset in memory was removed, and another one has its number
+    RemoveEmptied,  // nothing of the geoset is left, so it is removed
+    Refuse,         // there is no geoset that could be written
+};
+
+// Whether no vertex or no face is left.
+bool isEmptied(const Geoset& geoset) {
+    return KeptVertices(geoset).count() == 0 || countKeptFaces(geoset) == 0;
+}
+
+SaveKind kindOfSave(const GeosetStore& store, bool singleGeoset) {
+    const bool removed = store.isGeosetRemoved();
+    const bool hasPlace = store.base().hasGeoset(store.geosetNumber);
+    const bool empty = isEmptied(store);
+    if (removed && !singleGeoset) return hasPlace ? SaveKind::AskOverwrite : SaveKind::AsItIs;
+    if (!hasPlace || (removed && empty)) return SaveKind::Refuse;
+    if (empty) return SaveKind::RemoveEmptied;
+    return singleGeoset ? SaveKind::WriteSingle : SaveKind::Write;
+}
+
+// Removes the emptied geoset from the model file and the working copy; another one takes its place
+// in memory.
+void removeEmptied(Editor& editor) {
+    GeosetStore& store = editor.store;
+    editor.dialogs.messageBox(kWarningCaption, "Removing geoset");
+    if (!writeText(editor, removeGeoset(store.base().text, store.geosetNumber))) return;
+    store.noteGeosetRemoved();
+    renewWorkingCopy(editor);
+    chooseAndRead(editor);
+}
+
+// Writes the text in memory to the model file as it is, without the geoset in memory.
+bool writeAsItIs(Editor& editor) {
+    try {
+        editor.store.writeAsItIs();
+    } catch (const FileError& error) {
+        showSaveError(editor, error.what());
+        return false;
+    }
+    renewWorkingCopy(editor);
+    return true;
+}
+
+// The number of the first kept vertex with a number that no file can hold; 0 for none.
+std::size_t firstUnwritable(const Geoset& geoset) {
+    for (std::size_t i = 0; i < geoset.Vertices.size(); ++i) {
+        const VertexRecord& vertex = geoset.Vertices[i];
+        const auto isFinite = [](double value) { return std::isfinite(value); };
+        const bool finite = std::ranges::all_of(vertex.pos, isFinite) &&
+                            std::ranges::all_of(vertex.normal, isFinite) && isFinite(vertex.tu) &&
+                            isFinite(vertex.tv);
+        if (!vertex.deleted && !finite) return i + 1;
+    }
+    return 0;
+}
+
+// Says, once for a geoset, that a save made rows up.
+void sayNeutralRows(Editor& editor, const NeutralRows& neutral) {
+    GeosetStore& store = editor.store;
+    if (neutral.rows == 0 || store.neutralRowsSaid) return;
+    store.neutralRowsSaid = true;
+    std::string names;
+    for (const std::string& name : neutral.sectionNames)
+        names += (names.empty() ? "" : ", ") + name;
+    editor.dialogs.messageBox(kWarningCaption, "The file also keeps " + names +
+                                                   " for every vertex. Vertices without a row of "
+                                                   "their own there, such as merged ones, were "
+                                                   "saved with neutral values (" +
+                                                   std::to_string(neutral.rows) + " rows).");
+}
+
+// The model's text with the geoset in memory in its place, or that geoset alone. Nothing after a
+// message.
+std::optional<PiecedText> compose(Editor& editor, bool singleGeoset, NeutralRows& neutral) {
+    const GeosetStore& store = editor.store;
+    const ModelBase& base = store.base();
+    try {
+        const auto composeText = singleGeoset ? composeSingleGeoset : composeModel;
+        return composeText(base.text, base.geosets, store.geosetNumber, store, &neutral);
+    } catch (const RowsCannotFollow& error) {
+        showSaveError(editor, error.what(),
+                      "Your edits are still here, but the rows of that section cannot follow the "
+                      "vertices that were added or deleted. Undo these edits, or mend the model in "
+                      "a text editor and open it anew.");
+    } catch (const ModelTextError& error) {
+        showSaveError(editor, error.what());
+    }
+    return std::nullopt;
+}
+
+void writeGeoset(Editor& editor, bool singleGeoset) {
+    GeosetStore& store = editor.store;
+    if (const std::size_t number = firstUnwritable(store); number > 0) {
+        showSaveError(
+            editor,
+            "Vertex " + std::to_string(number) + " has a coordinate too large for any number.",
+            "Undo what moved it there, or set its coordinates, and save again.");
+        return;
+    }
+    NeutralRows neutral;
+    const std::optional<PiecedText> text = compose(editor, singleGeoset, neutral);
+    if (!text || !writeText(editor, *text)) return;
+    store.noteSaved();
+    store.noteGeosetRead();
+    if (singleGeoset) store.geosetNumber = 1;
+    renewWorkingCopy(editor);
+    sayNeutralRows(editor, neutral);
+}
+
+void saveAsItIs(Editor& editor) {
+    if (!writeAsItIs(editor)) return;
+    editor.window.showTip("Saved without the geoset in memory, which was removed from the model.");
+}
+
+void askOverwrite(Editor& editor) {
+    const bool write = editor.dialogs.yesNo(
+        kWarningCaption,
+        "The geoset in memory was removed from the model. Saving writes it over "
+        "geoset " +
+            std::to_string(editor.store.geosetNumber) + ", which has its number now. Write it?");
+    if (!write) {
+        if (writeAsItIs(editor)) chooseAndRead(editor);
+    } else if (isEmptied(editor.store)) {
+        // Nothing is left to be written, and the geoset that has its number is another one.
+        saveAsItIs(editor);
+    } else {
+        writeGeoset(editor, false);
+    }
+}
+
+// Writes the geoset in memory to savePath as it stands to the model.
+void writeModel(Editor& editor, bool singleGeoset) {
+    const GeosetStore& store = editor.store;
+    switch (kindOfSave(store, singleGeoset)) {
+        case SaveKind::Write:
+        case SaveKind::WriteSingle:
+            writeGeoset(editor, singleGeoset);
+            break;
+        case SaveKind::AskOverwrite:
+            askOverwrite(editor);
+            break;
+        case SaveKind::AsItIs:
+            saveAsItIs(editor);
+            break;
+        case SaveKind::RemoveEmptied:
+            removeEmptied(editor);
+            break;
+        case SaveKind::Refuse:
+            showSaveError(editor,
+                          store.modelPath + " holds no geoset " +
+                              std::to_string(store.geosetNumber) + " to write to.",
+                          "Your edits are still here. Switch Geoset chooses another geoset of the "
+                          "model, if it has one.");
+            break;
+    }
+    show(editor, Show::Buttons);
+}
+
+// Asks for the file that then is the current model, and writes to it.
+void askAndWrite(Editor& editor, bool singleGeoset) {
+    GeosetStore& store = editor.store;
+    if (!store.modelLoaded) return;
+    const std::optional<std::string> path = askSavePath(editor);
+    if (!path) return;
+    store.modelPath = store.savePath = *path;
+    writeModel(editor, singleGeoset);
+}
+
+}  // namespace
+
+std::optional<std::string> askSavePath(Editor& editor) {
+    std::optional<std::string> path = editor.dialogs.saveFile(kModelFilter, editor.store.modelPath);
+    if (path && clashesWithWorkingCopy(editor, *path)) return std::nullopt;
+    return path;
+}
+
+void save(Editor& editor) {
+    GeosetStore& store = editor.store;
+    if (!store.modelLoaded) return;
+    store.savePath = store.modelPath;
+    if (store.isChangedOutside() &&
+        !editor.dialogs.yesNo(kWarningCaption,
+                              store.modelPath +
+                                  " was changed by another program or window since it was "
+                                  "opened or saved here. Saving replaces what it holds now. "
+                                  "Save?")) {
+        return;
+    }
+    writeModel(editor, false);
+}
+
+void saveAs(Editor& editor) { askAndWrite(editor, false); }
+
+void saveGeoset(Editor& editor) { askAndWrite(editor, true); }
+
+void deleteCurrentGeoset(Editor& editor) {
+    GeosetStore& store = editor.store;
+    if (!store.modelLoaded) return;
+    if (store.isGeosetRemoved()) {
+        editor.dialogs.messageBox(kWarningCaption,
+                                  "The geoset in memory is removed from the model already. The "
+                                  "model file follows with the next save.");
+        return;
+    }
+    if (!editor.dialogs.yesNo(kConfirmationCaption,
+                              "Removing a geoset is not undoable. Are you sure you want to "
+                              "continue?" +
+                                  store.modelPath + store.workPath)) {
+        return;
+    }
+    if (!store.base().hasGeoset(store.geosetNumber)) {
+        editor.dialogs.messageBox(kErrorCaption, store.modelPath + " holds no geoset " +
+                                                     std::to_string(store.geosetNumber) +
+                                                     " to be removed.");
+        return;
+    }
+    try {
+        store.removeGeoset(removeGeoset(store.base().text, store.geosetNumber));
+    } catch (const FileError& error) {
+        editor.dialogs.messageBox(kErrorCaption,
+                                  "The geoset was not removed.\n" + std::string(error.what()));
+        return;
+    }
+    show(editor, Show::Buttons);
+}
+
+}  // namespace corvane

@@ -1,0 +1,28 @@
+// The commands that write the model file, or take a geoset out of what a save will write.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "editor/editor.h"
+
+namespace corvane {
+
+/// Asks for a file to write a model to. Nothing where the user cancels, or after a message where
+/// the file is the working copy.
+std::optional<std::string> askSavePath(Editor& editor);
+
+/// The commands Save, Save As and Save Geoset. Save writes the model with the geoset in memory; Save
+/// As asks for the file first, which then is the current model; Save Geoset writes that geoset alone
+/// to a file that it asks for, as an unanimated model. A geoset with no vertex or no face left is
+/// removed from the file instead, and another one chosen and read. Messages for what fails; the
+/// file, the working copy and the store are then as they were.
+void save(Editor& editor);
+void saveAs(Editor& editor);
+void saveGeoset(Editor& editor);
+
+/// The command Delete Current Geoset: after a confirmation removes the geoset from the working
+/// copy. The store keeps it, and the model file changes with the next save.
+void deleteCurrentGeoset(Editor& editor);
+
+}  // namespace corvane

@@ -1,0 +1,188 @@
+#include "uveditor/commands/exchange.h"
+
+#include <algorithm>
+#include <string>
+
+#include "editor/run_edit.h"
+#include "uveditor/commands/texture_commands.h"
+#include "uveditor/uv_tools.h"
+
+namespace corvane {
+
+namespace {
+
+std::string flatMessage(Axis axis) {
+    const std::string letter(1, static_cast<char>(letterOf(axis) - 'a' + 'A'));
+    return "All selected vertices have the same " + letter +
+           " coordinate, so they cannot be stretched on the " + letter +
+           " axis. Nothing was changed; select more vertices, or remap from another view.";
+}
+
+std::string countText(std::size_t vertices) {
+    return std::to_string(vertices) + (vertices == 1 ? " vertex" : " vertices");
+}
+
+// Whether the two agree as far as both reach.
+bool agree(const std::vector<double>& a, const std::vector<double>& b) {
+    const auto count = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
+    return std::equal(a.begin(), a.begin() + count, b.begin());
+}
+
+// Whether the texture editor's data was taken from the mesh in memory.
+bool isTakenFrom(const UVState& uv, const GeosetStore& store) {
+    return uv.takenFrom == store.revisions.mesh();
+}
+
+// Whether Save Changes wrote to the mesh in memory; an undo may take back what it wrote.
+bool isSavedTo(const UVState& uv, const GeosetStore& store) {
+    return uv.savedTo == store.revisions.mesh();
+}
+
+bool askWriteToOther(UVEditor& uv, const GeosetStore& store) {
+    return uv.dialogs.yesNo(
+        kWarningCaption, "A geoset was read since these texture coordinates were taken: geoset " +
+                             std::to_string(store.geosetNumber) + " of " + store.modelPath +
+                             ". It has " + countText(store.Vertices.size()) +
+                             " too, so saving writes them over its own. Write them?");
+}
+
+// Tells of a Save Changes that fits only in part.
+std::string partlySavedMessage(bool otherGeoset, std::size_t vertices, std::size_t taken,
+                               std::size_t written) {
+    const std::string firsts = "The first " + std::to_string(written);
+    if (!otherGeoset) {
+        return "The geoset has " + countText(vertices) + " now, but had " + std::to_string(taken) +
+               " when its texture coordinates were taken. " + firsts +
+               " were written back. Choose UV Mapping in the main window to take them anew.";
+    }
+    return "Another geoset was read since these texture coordinates were taken: it has " +
+           countText(vertices) + ", theirs had " + std::to_string(taken) + ". " + firsts +
+           " were written to it. If they do not belong there, Switch Geoset in the main window "
+           "reads it again as it was last saved, without any of your later edits of it. Choose UV "
+           "Mapping to take its own coordinates.";
+}
+
+}  // namespace
+
+void openTextureEditor(Editor& editor) {
+    if (!editor.store.modelLoaded) {
+        editor.dialogs.messageBox("UV Mapping", "No model loaded.");
+        return;
+    }
+    editor.window.showTextureEditor(uvDataOf(editor.store));
+}
+
+void takeHandOver(UVEditor& uv, Editor& editor, UVData data) {
+    const bool mayBeUndone = isSavedTo(uv, editor.store);
+    const bool undone = mayBeUndone && !(agree(uv.savedU, data.u) && agree(uv.savedV, data.v));
+    if (undone &&
+        !uv.dialogs.yesNo(kConfirmationCaption,
+                          "Undo has put back texture coordinates from before Save Changes. Take "
+                          "these, and lose those in the texture editor? (No keeps them; Save "
+                          "Changes then writes them again.)")) {
+        return;
+    }
+    uv.takenFrom = editor.store.revisions.mesh();
+    getArray(uv, std::move(data));
+    // Undo still holds older ones, however often they were handed over since.
+    if (mayBeUndone) {
+        uv.savedU = uv.data.u;
+        uv.savedV = uv.data.v;
+    }
+}
+
+void noteEdits(UVEditor& uv, const Editor& editor) {
+    if (!isSavedTo(uv, editor.store) || uv.unsaved) return;
+    const std::vector<VertexRecord>& vertices = editor.store.Vertices;
+    const std::size_t count = std::min(vertices.size(), uv.savedU.size());
+    for (std::size_t i = 0; i < count && !uv.unsaved; ++i) {
+        uv.unsaved = vertices[i].tu != uv.savedU[i] || vertices[i].tv != uv.savedV[i];
+    }
+    if (!uv.unsaved) return;
+    editor.window.showTip(
+        "Undo took back texture coordinates, too. Save Changes in the texture editor writes them "
+        "again.");
+    uv.window.updateButtons();
+}
+
+void getArray(UVEditor& uv, UVData data) {
+    uv.data = std::move(data);
+    uv.dataReceived = true;
+    uv.unsaved = false;
+    uv.savedU.clear();
+    uv.savedV.clear();
+    uv.window.updateButtons();
+    if (uv.imageLoaded) {
+        const std::string reason = uv.window.loadPicture(uv.imagePath);
+        if (!reason.empty()) showPictureError(uv, uv.imagePath, reason);
+    }
+    redraw(uv);
+}
+
+std::size_t saveUVChanges(Editor& editor, std::span<const double> tx, std::span<const double> ty) {
+    std::vector<VertexRecord>& vertices = editor.store.Vertices;
+    const std::size_t count = std::min({vertices.size(), tx.size(), ty.size()});
+    bool changed = false;
+    for (std::size_t i = 0; i < count; ++i) {
+        changed = changed || vertices[i].tu != tx[i] || vertices[i].tv != ty[i];
+    }
+    const auto write = [&](Editor&) {
+        for (std::size_t i = 0; i < count; ++i) {
+            vertices[i].tu = tx[i];
+            vertices[i].tv = ty[i];
+        }
+    };
+    if (changed) {
+        runUnrecorded(editor, Show::Buttons, write);
+    } else {
+        show(editor, Show::Buttons);
+    }
+    return count;
+}
+
+void saveChanges(UVEditor& uv, Editor& editor) {
+    const std::size_t vertices = editor.store.Vertices.size();
+    const std::size_t taken = uv.data.u.size();
+    const bool otherGeoset = !isTakenFrom(uv, editor.store);
+    if (otherGeoset && vertices == taken && !askWriteToOther(uv, editor.store)) return;
+    // First, for the main window looks for edits of what was saved.
+    uv.savedU = uv.data.u;
+    uv.savedV = uv.data.v;
+    uv.savedU.resize(std::min(vertices, taken));
+    uv.savedV.resize(std::min(vertices, taken));
+    uv.savedTo = editor.store.revisions.mesh();
+    const std::size_t written = saveUVChanges(editor, uv.data.u, uv.data.v);
+    uv.unsaved = false;
+    uv.window.updateButtons();
+    if (vertices == taken) return;
+    uv.dialogs.messageBox(kWarningCaption,
+                          partlySavedMessage(otherGeoset, vertices, taken, written));
+}
+
+void remapSelection(UVEditor& uv, const Editor& editor, RemapPlane plane) {
+    if (!isTakenFrom(uv, editor.store)) {
+        uv.dialogs.messageBox(kErrorCaption,
+                              "Another geoset was read since these texture coordinates were taken. "
+                              "Its vertices lie elsewhere, so nothing was changed. Choose UV "
+                              "Mapping in the main window to take its own coordinates.");
+        return;
+    }
+    const RemapAxes axes = axesOf(plane);
+    for (const Axis axis : {axes.u, axes.v}) {
+        if (hasRemapExtent(editor.store, uv.data.selected, axis)) continue;
+        uv.dialogs.messageBox(kErrorCaption, flatMessage(axis));
+        return;
+    }
+    changeTexture(uv, [&](UVState& state) {
+        const std::vector<double> a = remap(editor.store, state.data.selected, axes.u);
+        const std::vector<double> b = remap(editor.store, state.data.selected, axes.v);
+        const std::size_t count = std::min(a.size(), state.data.u.size());
+        for (std::size_t i = 0; i < count; ++i) {
+            if (!state.data.selected[i]) continue;
+            assignCoordinate(state, state.data.u[i], a[i]);
+            assignCoordinate(state, state.data.v[i], 1 - b[i]);
+        }
+    });
+}
+
+}  // namespace corvane
