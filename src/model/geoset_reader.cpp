@@ -25,11 +25,7 @@ std::string quoted(std::string_view text) {
 constexpr std::array<std::string_view, 9> kNotFinite = {
     "nan", "inf", "infinity", "1.#IND", "1.#J", "1.#INF", "1.#QNAN", "1.#SNAN", "nan(ind)"};
 
-std::string_view trimmed(std::string_view field) {
-    while (!field.empty() && Lexer::isBlank(field.front())) field.remove_prefix(1);
-    while (!field.empty() && Lexer::isBlank(field.back())) field.remove_suffix(1);
-    return field;
-}
+std::string_view withoutBlanks(std::string_view field) { return trimmed(field, Lexer::isBlank); }
 
 bool isNotFinite(std::string_view field) {
     if (field.starts_with('-') || field.starts_with('+')) field.remove_prefix(1);
@@ -157,8 +153,9 @@ double GeosetReader::number(Lexer& row, std::size_t rowBegin, std::span<const do
         failAt(rowBegin, quotedLine(rowBegin) + " does not hold " + std::to_string(values.size()) +
                              " numbers in braces.");
     }
-    std::string_view field = trimmed({fieldBegin, static_cast<std::size_t>(fieldEnd - fieldBegin)});
-    if (last && field.ends_with(',')) field = trimmed(field.substr(0, field.size() - 1));
+    std::string_view field =
+        withoutBlanks({fieldBegin, static_cast<std::size_t>(fieldEnd - fieldBegin)});
+    if (last && field.ends_with(',')) field = withoutBlanks(field.substr(0, field.size() - 1));
     row.moveTo(fieldEnd);
     return oddNumber(field);
 }
@@ -237,7 +234,7 @@ void GeosetReader::readVertexGroup(Lexer& row, VertexRecord& record) const {
         field = field.substr(0, comment);
         row.moveTo(from + comment);
     }
-    field = trimmed(field);
+    field = withoutBlanks(field);
     const bool last = !row.skipBlanks();
     if (!last && !row.skip(',')) {
         failAt(rowBegin, quotedLine(rowBegin) + " is not a vertex group and a comma.");
@@ -288,7 +285,7 @@ void GeosetReader::readIndexList(Lexer& lexer, std::size_t vertexCount, std::siz
             const char* const fieldEnd =
                 std::find_if(field, lexer.end(), [](char ch) { return ch == ',' || ch == '}'; });
             const std::string_view wrong =
-                trimmed({field, static_cast<std::size_t>(fieldEnd - field)});
+                withoutBlanks({field, static_cast<std::size_t>(fieldEnd - field)});
             failAt(fieldBegin, quoted(wrong) + " is not a vertex index.");
         }
         if (corner < 0 || static_cast<std::size_t>(corner) >= vertexCount) {
@@ -379,7 +376,8 @@ void GeosetReader::readMatrices(Lexer& lexer, MatrixGroup& group) const {
         const char* const to = std::find_if(from, lexer.end(), [](char ch) {
             return ch == ',' || ch == '}' || ch == '{' || ch == '\n' || ch == '/';
         });
-        group[row] = int16(trimmed({from, static_cast<std::size_t>(to - from)}), "matrix index");
+        group[row] =
+            int16(withoutBlanks({from, static_cast<std::size_t>(to - from)}), "matrix index");
         lexer.moveTo(to);
         if (!lexer.skipBlanks() || (lexer.peek() != ',' && lexer.peek() != '}')) {
             failAt(begin, quotedLine(begin) + " is not a matrix group.");

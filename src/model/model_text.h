@@ -66,6 +66,14 @@ std::size_t lineNumberAt(std::string_view text, std::size_t offset);
 /// The line break that the text uses first; "\n" where it has none.
 std::string_view lineBreakOf(std::string_view text);
 
+/// `text` without the characters at both its ends that `isBlank` is true for.
+template <typename IsBlank>
+constexpr std::string_view trimmed(std::string_view text, IsBlank isBlank) {
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
+
 /// True when `checkIn` begins with `checkFor`.
 constexpr bool startsWith(std::string_view checkIn, std::string_view checkFor) {
     return checkIn.starts_with(checkFor);

@@ -141,6 +141,14 @@ TEST(LineBreakOf, IsTheFirstOneInTheText) {
     EXPECT_EQ(lineBreakOf(""), "\n");
 }
 
+TEST(Trimmed, LeavesOutWhatIsBlankAtBothEnds) {
+    const auto isDash = [](char ch) { return ch == '-'; };
+    EXPECT_EQ(trimmed("--a-b---", isDash), "a-b");
+    EXPECT_EQ(trimmed(" a-", isDash), " a");
+    EXPECT_EQ(trimmed("---", isDash), "");
+    EXPECT_EQ(trimmed("", isDash), "");
+}
+
 TEST(StartsWith, ComparesTheFirstCharacters) {
     EXPECT_TRUE(startsWith("\tVertices 8 {", "\tVertices"));
     EXPECT_TRUE(startsWith("\tVertices", "\tVertices"));
