@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <stdexcept>
 
 #include "model/lexer.h"
 #include "model/model_scanner.h"
@@ -216,7 +215,7 @@ RowSection readRowSection(const ModelText& text, const Section& section, int ord
 std::string composeRowSection(const RowSection& section, const std::vector<std::int16_t>& fileRows,
                               std::size_t& neutralRows) {
     if (isUnchanged(section, fileRows)) return section.text;
-    if (!section.problem.empty()) throw std::runtime_error(section.problem);
+    if (!section.problem.empty()) throw RowsCannotFollow(section.problem);
 
     const std::string_view text = section.text;
     std::string out(text.substr(0, section.countBegin));
