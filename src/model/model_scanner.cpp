@@ -171,10 +171,13 @@ std::vector<Section> scanKnownParts(const ModelText& model, const GeosetBlock& g
                                      *brace == lineBeginOf(text, *brace) &&
                                      section.begin != opening->keywordAt;
         if (!brace || takesTheGeosets) {
-            throw ModelTextError(model, opening->keywordAt,
-                                 "the section " + std::string(opening->keyword) +
-                                     " that starts here does not end (a closing brace \"}\" is "
-                                     "missing in its geoset).");
+            throw ModelTextError(
+                model, opening->keywordAt,
+                "the " +
+                    (opening->keyword.empty() ? "block"
+                                              : "section " + std::string(opening->keyword)) +
+                    " that starts here does not end (a closing brace \"}\" is missing in its "
+                    "geoset).");
         }
         section.bodyEnd = withIndentation(text, *brace, section.bodyBegin);
         section.end = *brace + 1;
