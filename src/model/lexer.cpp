@@ -10,7 +10,6 @@
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <cstring>
 
 namespace corvane {
 
@@ -31,9 +30,11 @@ constexpr std::array<Stop, 256> makeStops() {
 
 constexpr std::array<Stop, 256> kStops = makeStops();
 
-// The first `ch` of the line, or the place of its line break, or `to`.
-const char* findInLine(const char* from, const char* to, char ch) {
-    return std::find_if(from, to, [ch](char c) { return c == ch || c == '\n'; });
+// Where a string ends whose content begins at `from`: after its closing quote, or without one at
+// the end of its line, before the line break.
+const char* stringEnd(const char* from, const char* to) {
+    const char* const end = std::find_if(from, to, [](char c) { return c == '"' || c == '\n'; });
+    return end != to && *end == '"' ? end + 1 : end;
 }
 
 // The places, in the order of a file, that have blocks of their own only at the top of a model.
@@ -174,13 +175,11 @@ BlockEndFinder::Step BlockEndFinder::step() {
             if (--depth_ == 0) return Step::Closed;
             break;
         case Stop::Quote:
-            at_ = findInLine(at_ + 1, end_, '"');
-            // Without an end the string is the rest of the line.
-            if (at_ == end_ || *at_ == '\n') return Step::GoOn;
-            break;
+            at_ = stringEnd(at_ + 1, end_);
+            return Step::GoOn;
         case Stop::Slash:
             if (at_ + 1 != end_ && at_[1] == '/') {
-                at_ = findInLine(at_, end_, '\n');
+                at_ = std::find(at_, end_, '\n');
                 return Step::GoOn;
             }
             break;
@@ -231,8 +230,7 @@ bool Lexer::skipRareBlanks() {
 std::string_view Lexer::word() {
     const char* const from = at_;
     if (*at_ == '"') {
-        at_ = findInLine(at_ + 1, end_, '"');
-        if (at_ != end_ && *at_ == '"') ++at_;
+        at_ = stringEnd(at_ + 1, end_);
     } else {
         const auto ends = [&] {
             return isBlank(*at_) || *at_ == '{' || *at_ == '}' || *at_ == ',' || *at_ == '"' ||
@@ -272,32 +270,6 @@ bool opensTopLevelBlock(std::string_view text, std::size_t wordBegin) {
         lexer.word();
     }
     return false;
-}
-
-std::size_t lineBeginOf(std::string_view text, std::size_t offset) {
-    const std::size_t lineBreak = text.substr(0, offset).rfind('\n');
-    return lineBreak == std::string_view::npos ? 0 : lineBreak + 1;
-}
-
-std::size_t lineEndOf(std::string_view text, std::size_t offset) {
-    if (offset >= text.size()) return text.size();
-    const void* const found = std::memchr(text.data() + offset, '\n', text.size() - offset);
-    if (found == nullptr) return text.size();
-    return static_cast<std::size_t>(static_cast<const char*>(found) - text.data()) + 1;
-}
-
-std::string_view lineAt(std::string_view text, std::size_t offset) {
-    const std::size_t begin = lineBeginOf(text, offset);
-    std::string_view line = text.substr(begin, lineEndOf(text, offset) - begin);
-    if (begin == 0 && line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
-    if (line.ends_with('\n')) line.remove_suffix(1);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    return line;
-}
-
-bool isRestOfLineBlank(std::string_view text, std::size_t offset) {
-    const std::size_t at = text.find_first_not_of(" \t\r\v\f", offset);
-    return at == std::string_view::npos || text[at] == '\n' || text.substr(at, 2) == "//";
 }
 
 }  // namespace corvane

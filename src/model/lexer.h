@@ -77,16 +77,4 @@ bool isTopLevelKeyword(std::string_view keyword);
 /// at the top only, such as "Geoset {" or "Bone \"Head\" {". Its brace may be on the next line.
 bool opensTopLevelBlock(std::string_view text, std::size_t wordBegin);
 
-/// The offset at which the line with the byte at `offset` begins.
-std::size_t lineBeginOf(std::string_view text, std::size_t offset);
-
-/// The offset after the line break of the line with the byte at `offset`, or the end of the text.
-std::size_t lineEndOf(std::string_view text, std::size_t offset);
-
-/// The line with the byte at `offset`, without its line break and byte order mark.
-std::string_view lineAt(std::string_view text, std::size_t offset);
-
-/// Whether nothing but blanks and a comment is left of the line from `offset` on.
-bool isRestOfLineBlank(std::string_view text, std::size_t offset);
-
 }  // namespace corvane

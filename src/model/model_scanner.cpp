@@ -43,9 +43,7 @@ std::optional<SectionKind> kindOf(std::string_view keyword) {
 std::size_t withIndentation(std::string_view text, std::size_t offset, std::size_t least) {
     std::size_t begin = offset;
     while (begin > least && (text[begin - 1] == ' ' || text[begin - 1] == '\t')) --begin;
-    const bool first = begin == 0 || text[begin - 1] == '\n' ||
-                       (begin == kByteOrderMark.size() && text.starts_with(kByteOrderMark));
-    return first ? begin : offset;
+    return isLineBegin(text, begin) ? begin : offset;
 }
 
 // Where the content of a block begins whose opening brace is the byte before `afterBrace`.
@@ -185,11 +183,7 @@ std::vector<Section> scanKnownParts(const ModelText& model, const GeosetBlock& g
         least = section.end;
         if (!kind) continue;
         section.kind = *kind;
-        LineCursor header(model.view(), section.begin);
-        Line headerLine;
-        header.next(headerLine);
-        section.lineBreak =
-            headerLine.lineBreak.empty() ? lineBreakOf(model.view()) : headerLine.lineBreak;
+        section.lineBreak = lineBreakAt(model.view(), section.begin);
         sections.push_back(section);
     }
     return sections;

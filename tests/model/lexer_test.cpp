@@ -132,27 +132,5 @@ TEST(OpensTopLevelBlock, WantsAKnownKeywordAndABrace) {
     EXPECT_FALSE(opensTopLevelBlock("", 0));
 }
 
-TEST(LinesOfAText, AreFoundByAnyByteInThem) {
-    const std::string_view text =
-        "\xEF\xBB\xBF"
-        "ab\r\n\ncd";
-    EXPECT_EQ(lineAt(text, 4), "ab");
-    EXPECT_EQ(lineAt(text, 7), "");
-    EXPECT_EQ(lineAt(text, 8), "cd");
-    EXPECT_EQ(lineBeginOf(text, 6), 0U);
-    EXPECT_EQ(lineBeginOf(text, 9), 8U);
-    EXPECT_EQ(lineEndOf(text, 0), 7U);
-    EXPECT_EQ(lineEndOf(text, 7), 8U);
-    EXPECT_EQ(lineEndOf(text, 8), 10U);
-    EXPECT_EQ(lineEndOf(text, 10), 10U);
-}
-
-TEST(RestOfALine, IsBlankUpToItsBreakOrAComment) {
-    EXPECT_TRUE(isRestOfLineBlank("{ \t\r\nx", 1));
-    EXPECT_TRUE(isRestOfLineBlank("{ // x\ny", 1));
-    EXPECT_TRUE(isRestOfLineBlank("{", 1));
-    EXPECT_FALSE(isRestOfLineBlank("{ x\n", 1));
-}
-
 }  // namespace
 }  // namespace corvane
