@@ -44,8 +44,12 @@ bool isNotFinite(std::string_view field) {
 // Whether a row ends here, with or without a comma before its brace.
 bool isRowEnd(Lexer row) {
     row.skip(',');
-    return row.skipBlanks() && row.peek() == '}';
+    return row.skipPast('}');
 }
+
+// Whether a number ends at the lexer's place, which is no blank: at its comma, or, if it is the
+// last one of its row, at the row's end.
+bool isNumberEnd(const Lexer& row, bool last) { return last ? isRowEnd(row) : row.peek() == ','; }
 
 // Reads one geoset's sections into a Geoset. Holds what every step needs for its messages.
 class GeosetReader {
@@ -72,8 +76,7 @@ private:
         return quoted(lineAt(text_.view(), offset));
     }
 
-    std::string_view headerWord(Lexer& header) const;
-    std::int64_t headerCount(const Section& section, std::string_view count) const;
+    std::int64_t headerCount(const Section& section, int words) const;
     std::int16_t int16(std::string_view field, const char* what) const;
     double number(Lexer& row, std::size_t rowBegin, std::span<const double> values, bool last);
     double oddNumber(std::string_view field);
@@ -110,14 +113,11 @@ std::int16_t GeosetReader::int16(std::string_view field, const char* what) const
     return static_cast<std::int16_t>(*value);
 }
 
-// The next word of a header; empty where its brace follows.
-std::string_view GeosetReader::headerWord(Lexer& header) const {
-    if (!header.skipBlanks() || header.peek() == '{' || header.peek() == ',') return {};
-    return header.word();
-}
-
-std::int64_t GeosetReader::headerCount(const Section& section, std::string_view count) const {
-    const std::optional<std::int64_t> value = parseInteger(count);
+// The count in a header after `words` words.
+std::int64_t GeosetReader::headerCount(const Section& section, int words) const {
+    Lexer header(section.header, 0, section.header.size());
+    for (int i = 0; i < words; ++i) header.next();
+    const std::optional<std::int64_t> value = parseInteger(header.next().text);
     if (!value || *value < 0) {
         fail(section.header,
              "the header " + quotedLine(section.bodyBegin - 1) + " holds no count.");
@@ -135,17 +135,17 @@ double GeosetReader::number(Lexer& row, std::size_t rowBegin, std::span<const do
     const auto [stop, error] = std::from_chars(numberBegin, row.end(), value);
     if (error == std::errc{} && std::isfinite(value)) {
         row.moveTo(stop);
-        if (row.skipBlanks() && (last ? isRowEnd(row) : row.peek() == ',')) return value;
+        row.skipBlanks();
+        if (isNumberEnd(row, last)) return value;
     }
     // Not a plain number, but perhaps a number all the same.
     Lexer probe = row;
     probe.moveTo(numberBegin);
-    if (!probe.atEnd() && probe.peek() != ',' && probe.peek() != '{' && probe.peek() != '}') {
-        const std::string_view word = probe.word();
-        if (probe.skipBlanks() && (last ? isRowEnd(probe) : probe.peek() == ',')) {
-            row.moveTo(probe.at());
-            return oddNumber(word);
-        }
+    const Token word = probe.next();
+    probe.skipBlanks();
+    if (word.isWord() && isNumberEnd(probe, last)) {
+        row.moveTo(probe.at());
+        return oddNumber(word.text);
     }
     // Anything else is shown whole.
     const char* const fieldEnd = std::find(fieldBegin, row.end(), last ? '}' : ',');
@@ -211,9 +211,7 @@ VertexRecord& GeosetReader::recordOf(Geoset& geoset, std::size_t row, const Sect
 }
 
 void GeosetReader::readVertices(const Section& section, Geoset& geoset) {
-    Lexer header(section.header, 0, section.header.size());
-    headerWord(header);  // the keyword
-    const std::int64_t vertices = headerCount(section, headerWord(header));
+    const std::int64_t vertices = headerCount(section, 1);  // after the keyword
     if (vertices > kMaxVertices) {
         fail(section.header, "the geoset has " + std::to_string(vertices) + " vertices; at most " +
                                  std::to_string(kMaxVertices) + " can be edited.");
@@ -312,16 +310,14 @@ void GeosetReader::readIndexList(Lexer& lexer, std::size_t vertexCount, std::siz
                "the number of vertex indices in the list that starts in this line is "
                "not a multiple of three.");
     }
-    if (lexer.skipBlanks()) lexer.skip(',');
+    lexer.skipPast(',');
 }
 
 // Reads a group such as "Triangles { ... }" whose keyword the lexer is at.
 void GeosetReader::readTriangles(const Section& section, Lexer& lexer, Geoset& geoset,
                                  std::size_t& face) const {
     const std::size_t begin = lexer.offset();
-    const char ch = lexer.peek();
-    const bool isWord = ch != '{' && ch != '}' && ch != ',';
-    if (!isWord || lexer.word() != "Triangles" || !lexer.skipBlanks() || !lexer.skip('{')) {
+    if (lexer.next().text != "Triangles" || !lexer.skipPast('{')) {
         if (face == 0) {
             fail(section.header, "no \"Triangles {\" follows; only triangles can be edited.");
         }
@@ -333,15 +329,13 @@ void GeosetReader::readTriangles(const Section& section, Lexer& lexer, Geoset& g
         readIndexList(lexer, geoset.Vertices.size(), face, geoset.Faces);
     }
     if (!lexer.skip('}')) fail(section.header, "the list of triangles does not end.");
-    if (lexer.skipBlanks()) lexer.skip(',');
+    lexer.skipPast(',');
 }
 
 void GeosetReader::readFaces(const Section& section, Geoset& geoset) const {
-    // "Faces 1 36 {": the number of triangle groups, then the number of indices.
-    Lexer header(section.header, 0, section.header.size());
-    headerWord(header);  // the keyword
-    headerWord(header);  // the groups are counted as they come
-    const std::int64_t indices = headerCount(section, headerWord(header));
+    // "Faces 1 36 {": the number of triangle groups, which are counted as they come, and that of
+    // indices.
+    const std::int64_t indices = headerCount(section, 2);
     const std::int64_t faces = indices / 3 + (indices % 3 == 2 ? 1 : 0);  // to the nearest
     if (faces > kMaxFaces) {
         fail(section.header, "the geoset has " + std::to_string(faces) + " faces; at most " +
@@ -391,13 +385,11 @@ void GeosetReader::readGroups(const Section& section, Geoset& geoset) const {
     Lexer lexer = bodyOf(section);
     while (lexer.skipBlanks()) {
         const std::size_t begin = lexer.offset();
-        const char ch = lexer.peek();
-        const bool isWord = ch != '{' && ch != '}' && ch != ',';
-        if (!isWord || lexer.word() != "Matrices" || !lexer.skipBlanks() || !lexer.skip('{')) {
+        if (lexer.next().text != "Matrices" || !lexer.skipPast('{')) {
             failAt(begin, quotedLine(begin) + " is not a matrix group.");
         }
         readMatrices(lexer, geoset.matrixGroups.emplace_back());
-        if (lexer.skipBlanks()) lexer.skip(',');
+        lexer.skipPast(',');
     }
 }
 

@@ -227,18 +227,48 @@ bool Lexer::skipRareBlanks() {
     return false;
 }
 
-std::string_view Lexer::word() {
+// The end of the word that begins here.
+const char* Lexer::wordEnd() const {
+    const auto ends = [this](const char* at) {
+        return isBlank(*at) || *at == '{' || *at == '}' || *at == ',' || *at == '"' ||
+               (*at == '/' && at + 1 != end_ && at[1] == '/');
+    };
+    const char* at = at_;
+    while (at != end_ && !ends(at)) ++at;
+    return at;
+}
+
+Token Lexer::next() {
+    const bool found = skipBlanks();
+    Token token;
+    token.offset = offset();
+    if (!found) return token;
     const char* const from = at_;
-    if (*at_ == '"') {
-        at_ = stringEnd(at_ + 1, end_);
-    } else {
-        const auto ends = [&] {
-            return isBlank(*at_) || *at_ == '{' || *at_ == '}' || *at_ == ',' || *at_ == '"' ||
-                   (*at_ == '/' && at_ + 1 != end_ && at_[1] == '/');
-        };
-        while (at_ != end_ && !ends()) ++at_;
+    const auto mark = [&](Token::Kind kind) {
+        token.kind = kind;
+        at_ = from + 1;
+    };
+    switch (*from) {
+        case '{':
+            mark(Token::Kind::Open);
+            break;
+        case '}':
+            mark(Token::Kind::Close);
+            break;
+        case ',':
+            mark(Token::Kind::Comma);
+            break;
+        case '"':
+            token.kind = Token::Kind::String;
+            at_ = stringEnd(from + 1, end_);
+            break;
+        default:
+            token.kind = Token::Kind::Word;
+            at_ = wordEnd();
+            break;
     }
-    return {from, static_cast<std::size_t>(at_ - from)};
+    token.text = {from, static_cast<std::size_t>(at_ - from)};
+    return token;
 }
 
 std::optional<std::size_t> findBlockEnd(std::string_view text, std::size_t from, std::size_t to) {
@@ -261,15 +291,11 @@ bool isTopLevelKeyword(std::string_view keyword) {
 bool opensTopLevelBlock(std::string_view text, std::size_t wordBegin) {
     if (wordBegin >= text.size() || text[wordBegin] < 'A' || text[wordBegin] > 'Z') return false;
     Lexer lexer(text, wordBegin, text.size());
-    const std::string_view keyword = lexer.word();
-    if (!isTopLevelKeyword(keyword)) return false;
+    if (!isTopLevelKeyword(lexer.next().text)) return false;
     const std::size_t lineEnd = lineEndOf(text, wordBegin);
-    while (lexer.skipBlanks()) {
-        if (lexer.peek() == '{') return true;
-        if (lexer.peek() == '}' || lexer.peek() == ',' || lexer.offset() >= lineEnd) return false;
-        lexer.word();
-    }
-    return false;
+    Token token = lexer.next();
+    while (token.isWord() && token.offset < lineEnd) token = lexer.next();
+    return token.kind == Token::Kind::Open;
 }
 
 }  // namespace corvane

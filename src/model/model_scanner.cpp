@@ -71,41 +71,34 @@ std::optional<Opening> nextOpening(Lexer& lexer, std::string_view text, OnBare o
         if (inHeader) onBare(opening);
         inHeader = false;
     };
-    while (lexer.skipBlanks()) {
-        const char ch = lexer.peek();
-        if (ch == '{') {
-            opening.brace = lexer.offset();
+    while (true) {
+        const Token token = lexer.next();
+        if (token.kind == Token::Kind::Open) {
+            opening.brace = token.offset;
             if (!inHeader) {
                 opening.keyword = {};
                 opening.keywordAt = opening.brace;
             }
-            lexer.skip('{');
             return opening;
         }
-        if (ch == '}' || ch == ',') {
-            if (ch == '}') onStray(lexer.offset());
-            lexer.skip(ch);
+        if (!token.isWord()) {
+            if (token.kind == Token::Kind::Close) onStray(token.offset);
             leaveHeader();
+            if (token.kind == Token::Kind::End) return std::nullopt;
             continue;
         }
         // A header may have its brace on the next line, but not more of its words.
+        const std::string_view between = text.substr(headerEnd, token.offset - headerEnd);
+        if (inHeader && between.find('\n') != std::string_view::npos) leaveHeader();
         if (inHeader) {
-            const std::string_view between = text.substr(headerEnd, lexer.offset() - headerEnd);
-            if (between.find('\n') != std::string_view::npos) leaveHeader();
-        }
-        const std::size_t wordAt = lexer.offset();
-        const std::string_view word = lexer.word();
-        if (inHeader) {
-            onWord(word, wordAt);
+            onWord(token.text, token.offset);
         } else {
-            opening.keyword = word;
-            opening.keywordAt = wordAt;
+            opening.keyword = token.text;
+            opening.keywordAt = token.offset;
             inHeader = true;
         }
-        headerEnd = lexer.offset();
+        headerEnd = token.end();
     }
-    leaveHeader();
-    return std::nullopt;
 }
 
 constexpr auto kIgnoreBare = [](const Opening&) {};
@@ -268,7 +261,7 @@ std::vector<Section> scanParts(const ModelText& text, const GeosetBlock& geoset)
 
 std::string_view keywordIn(const Section& section) {
     Lexer lexer(section.header, 0, section.header.size());
-    return lexer.skipBlanks() ? lexer.word() : std::string_view();
+    return lexer.next().text;
 }
 
 }  // namespace corvane
