@@ -240,6 +240,12 @@ std::vector<ModelBlock> scanBlocks(std::string_view text) {
     return blocks;
 }
 
+ModelBlock scanBlockAt(std::string_view text, std::size_t begin) {
+    Lexer lexer(text, begin, text.size());
+    const auto opening = nextOpening(lexer, text, kIgnoreBare, kIgnoreWord, kIgnoreStray);
+    return opening ? blockAt(text, *opening, begin) : ModelBlock();
+}
+
 std::vector<GeosetBlock> scanGeosets(std::string_view text) {
     std::vector<GeosetBlock> blocks = scanBlocks(text);
     std::erase_if(blocks, [](const ModelBlock& block) { return block.keyword != kGeoset; });
