@@ -1,24 +1,22 @@
 #include "base/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
+
+#include "model/model_text.h"
 
 namespace corvane {
 
 namespace {
 
 constexpr int kSignificantDigits = 15;
-// Decimal exponent from which on a number is written in plain digits; below they would be many.
-constexpr int kLeastPlainExponent = -4;
-constexpr double kSmallestPlain = 1e-4;
+constexpr double kSmallestPlain = 1e-4;  // below, plain digits would be many
 
-std::string_view trimmed(std::string_view text) {
-    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-    return text;
+std::string_view withoutBlanks(std::string_view text) {
+    return trimmed(text, [](char c) { return c == ' ' || c == '\t'; });
 }
 
 // std::from_chars takes no plus sign; files and users may write one.
@@ -27,25 +25,23 @@ std::string_view withoutPlus(std::string_view text) {
     return text;
 }
 
-int countDigits(std::string_view mantissa) {
-    int digits = 0;
-    for (const char c : mantissa) {
-        if (c >= '0' && c <= '9') ++digits;
-    }
-    return digits;
-}
-
-// Writes `value` in scientific form, with at most 15 digits, into `buffer`.
-std::string_view scientific(double value, std::array<char, 64>& buffer) {
+// Writes a positive number with up to 15 digits into `buffer`. An exponent has a sign and two
+// digits at least.
+std::string_view withFewDigits(double value, std::array<char, 32>& buffer) {
     char* const begin = buffer.data();
     char* const end = begin + buffer.size();
-    auto result = std::to_chars(begin, end, value, std::chars_format::scientific);
-    const std::string_view shortest(begin, static_cast<std::size_t>(result.ptr - begin));
-    if (countDigits(shortest.substr(0, shortest.find('e'))) > kSignificantDigits) {
-        result =
-            std::to_chars(begin, end, value, std::chars_format::scientific, kSignificantDigits - 1);
+    const auto textTo = [&](const char* stop) {
+        return std::string_view(begin, static_cast<std::size_t>(stop - begin));
+    };
+    // So close to 0, where a double has fewer bits, fewer digits may stand for the same number.
+    if (value < std::numeric_limits<double>::min()) {
+        const std::string_view shortest =
+            textTo(std::to_chars(begin, end, value, std::chars_format::scientific).ptr);
+        constexpr std::size_t kLongestMantissa = kSignificantDigits + 1;  // and its period
+        if (shortest.find('e') <= kLongestMantissa) return shortest;
     }
-    return {begin, static_cast<std::size_t>(result.ptr - begin)};
+    return textTo(
+        std::to_chars(begin, end, value, std::chars_format::general, kSignificantDigits).ptr);
 }
 
 // Appends a number that has no more than six decimals and needs no exponent; false for others.
@@ -79,7 +75,7 @@ bool appendSixDecimals(std::string& out, double value) {
 }  // namespace
 
 std::optional<double> parseNumber(std::string_view text) {
-    text = withoutPlus(trimmed(text));
+    text = withoutPlus(withoutBlanks(text));
     const char* const end = text.data() + text.size();
     double value = 0;
     const auto [stop, error] = std::from_chars(text.data(), end, value);
@@ -100,7 +96,7 @@ std::optional<double> parseNumber(std::string_view text) {
 }
 
 std::optional<std::int64_t> parseInteger(std::string_view text) {
-    text = withoutPlus(trimmed(text));
+    text = withoutPlus(withoutBlanks(text));
     const char* const end = text.data() + text.size();
     std::int64_t value = 0;
     const auto [stop, error] = std::from_chars(text.data(), end, value);
@@ -114,55 +110,21 @@ void appendNumber(std::string& out, double value) {
         return;
     }
     if (appendSixDecimals(out, value)) return;
-    std::array<char, 64> buffer{};
-    const std::string_view text = scientific(value, buffer);
-    const std::size_t e = text.find('e');
-    if (e == std::string_view::npos) {  // not finite: nothing shorter to make of it
-        out += text;
-        return;
+    if (value < 0) {
+        out += '-';
+        value = -value;
     }
-
-    // Take it apart: sign, digits without trailing zeros, exponent of the first digit.
-    std::array<char, 20> digits{};
-    std::size_t count = 0;
-    for (const char c : text.substr(0, e)) {
-        if (c >= '0' && c <= '9') digits[count++] = c;
-    }
-    while (count > 1 && digits[count - 1] == '0') --count;
-    int exponent = 0;
-    const char* exponentBegin = text.data() + e + 1;
-    if (*exponentBegin == '+') ++exponentBegin;
-    std::from_chars(exponentBegin, text.data() + text.size(), exponent);
-
-    if (value < 0) out += '-';
-    const auto put = [&](std::size_t from, std::size_t to) {
-        out.append(digits.data() + from, to - from);
-    };
-    if (exponent < kLeastPlainExponent || exponent >= kSignificantDigits) {
-        put(0, 1);
-        if (count > 1) {
-            out += '.';
-            put(1, count);
-        }
-        out += 'e';
-        appendInteger(out, exponent);
-        return;
-    }
-    if (exponent < 0) {
-        out += "0.";
-        out.append(static_cast<std::size_t>(-exponent - 1), '0');
-        put(0, count);
-        return;
-    }
-    const std::size_t whole = static_cast<std::size_t>(exponent) + 1;
-    if (count <= whole) {
-        put(0, count);
-        out.append(whole - count, '0');
-        return;
-    }
-    put(0, whole);
-    out += '.';
-    put(whole, count);
+    std::array<char, 32> buffer{};
+    const std::string_view text = withFewDigits(value, buffer);
+    const std::size_t mantissaEnd = std::min(text.find('e'), text.size());
+    out += text.substr(0, mantissaEnd);
+    if (mantissaEnd == text.size()) return;
+    // The exponent without plus sign and leading zeros.
+    out += 'e';
+    std::string_view exponent = text.substr(mantissaEnd + 1);
+    if (exponent.front() == '-') out += '-';
+    exponent.remove_prefix(exponent.find_first_not_of("+-0"));
+    out += exponent;
 }
 
 std::string formatNumber(double value) {

@@ -38,21 +38,13 @@ struct Change {
     std::string replacement;
 };
 
-// The number after a keyword that ends at an offset; nothing where none can be read.
-std::optional<IdReference> numberAfter(std::string_view text, std::size_t offset,
-                                       std::size_t lineEnd) {
-    Lexer lexer(text, offset, lineEnd);
-    if (!lexer.skipBlanks() || lexer.peek() == '{' || lexer.peek() == '}' || lexer.peek() == ',') {
-        return std::nullopt;
-    }
-    IdReference reference;
-    reference.begin = lexer.offset();
-    const std::optional<std::int64_t> id = parseInteger(lexer.word());
-    reference.end = lexer.offset();
-    const bool ends = !lexer.skipBlanks() || lexer.peek() == ',' || lexer.peek() == '}';
-    if (!id || !ends) return std::nullopt;
-    reference.id = *id;
-    return reference;
+// The number that a lexer comes to after a keyword; nothing where none can be read.
+std::optional<IdReference> numberAfter(Lexer lexer) {
+    const Token number = lexer.next();
+    const std::optional<std::int64_t> id = parseInteger(number.text);
+    const Token after = lexer.next();
+    if (!id || after.isWord() || after.kind == Token::Kind::Open) return std::nullopt;
+    return IdReference{.begin = number.offset, .end = number.end(), .id = *id};
 }
 
 // Adds the numbers after a keyword in a line, outside comments and strings.
@@ -67,11 +59,9 @@ void addReferences(std::string_view text, std::size_t lineBegin, std::size_t lin
         return;
     }
     Lexer lexer(text, lineBegin, lineEnd);
-    while (lexer.skipBlanks()) {
-        if (lexer.skip('{') || lexer.skip('}') || lexer.skip(',')) continue;
-        if (lexer.word() != property.keyword) continue;
-        if (const auto found = numberAfter(text, lexer.offset(), lineEnd))
-            references.push_back(*found);
+    for (Token token = lexer.next(); token.kind != Token::Kind::End; token = lexer.next()) {
+        if (token.text != property.keyword) continue;
+        if (const auto found = numberAfter(lexer)) references.push_back(*found);
     }
 }
 

@@ -1,6 +1,8 @@
 #include "model/lexer.h"
 
-#ifdef __SSE2__
+// CORVANE_NO_SSE2 builds what other processors get, so that it can be tested on this one.
+#if defined(__SSE2__) && !defined(CORVANE_NO_SSE2)
+#define CORVANE_LOOK_AT_CHUNKS
 #include <emmintrin.h>
 #endif
 
@@ -8,7 +10,6 @@
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <cstring>
 
 namespace corvane {
 
@@ -29,9 +30,11 @@ constexpr std::array<Stop, 256> makeStops() {
 
 constexpr std::array<Stop, 256> kStops = makeStops();
 
-// The first `ch` of the line, or the place of its line break, or `to`.
-const char* findInLine(const char* from, const char* to, char ch) {
-    return std::find_if(from, to, [ch](char c) { return c == ch || c == '\n'; });
+// Where a string ends whose content begins at `from`: after its closing quote, or without one at
+// the end of its line, before the line break.
+const char* stringEnd(const char* from, const char* to) {
+    const char* const end = std::find_if(from, to, [](char c) { return c == '"' || c == '\n'; });
+    return end != to && *end == '"' ? end + 1 : end;
 }
 
 // The places, in the order of a file, that have blocks of their own only at the top of a model.
@@ -60,11 +63,13 @@ constexpr std::array<std::string_view, 24> kTopLevelKeywords = {"Version",
                                                                 "BindPose",
                                                                 "SoundEmitter"};
 
-#ifdef __SSE2__
+#ifdef CORVANE_LOOK_AT_CHUNKS
 
 // How many bytes are looked at together where nothing but depths may change.
 constexpr std::ptrdiff_t kChunk = 16;
 
+// Few bits are set, if any, and std::popcount is a call where the processor is not known to have an
+// instruction for it: scanning a model would take half as long again.
 int countBits(unsigned bits) {
     int count = 0;
     for (; bits != 0; bits &= bits - 1) ++count;
@@ -170,13 +175,11 @@ BlockEndFinder::Step BlockEndFinder::step() {
             if (--depth_ == 0) return Step::Closed;
             break;
         case Stop::Quote:
-            at_ = findInLine(at_ + 1, end_, '"');
-            // Without an end the string is the rest of the line.
-            if (at_ == end_ || *at_ == '\n') return Step::GoOn;
-            break;
+            at_ = stringEnd(at_ + 1, end_);
+            return Step::GoOn;
         case Stop::Slash:
             if (at_ + 1 != end_ && at_[1] == '/') {
-                at_ = findInLine(at_, end_, '\n');
+                at_ = std::find(at_, end_, '\n');
                 return Step::GoOn;
             }
             break;
@@ -224,19 +227,48 @@ bool Lexer::skipRareBlanks() {
     return false;
 }
 
-std::string_view Lexer::word() {
+// The end of the word that begins here.
+const char* Lexer::wordEnd() const {
+    const auto ends = [this](const char* at) {
+        return isBlank(*at) || *at == '{' || *at == '}' || *at == ',' || *at == '"' ||
+               (*at == '/' && at + 1 != end_ && at[1] == '/');
+    };
+    const char* at = at_;
+    while (at != end_ && !ends(at)) ++at;
+    return at;
+}
+
+Token Lexer::next() {
+    const bool found = skipBlanks();
+    Token token;
+    token.offset = offset();
+    if (!found) return token;
     const char* const from = at_;
-    if (*at_ == '"') {
-        at_ = findInLine(at_ + 1, end_, '"');
-        if (at_ != end_ && *at_ == '"') ++at_;
-    } else {
-        const auto ends = [&] {
-            return isBlank(*at_) || *at_ == '{' || *at_ == '}' || *at_ == ',' || *at_ == '"' ||
-                   (*at_ == '/' && at_ + 1 != end_ && at_[1] == '/');
-        };
-        while (at_ != end_ && !ends()) ++at_;
+    const auto mark = [&](Token::Kind kind) {
+        token.kind = kind;
+        at_ = from + 1;
+    };
+    switch (*from) {
+        case '{':
+            mark(Token::Kind::Open);
+            break;
+        case '}':
+            mark(Token::Kind::Close);
+            break;
+        case ',':
+            mark(Token::Kind::Comma);
+            break;
+        case '"':
+            token.kind = Token::Kind::String;
+            at_ = stringEnd(from + 1, end_);
+            break;
+        default:
+            token.kind = Token::Kind::Word;
+            at_ = wordEnd();
+            break;
     }
-    return {from, static_cast<std::size_t>(at_ - from)};
+    token.text = {from, static_cast<std::size_t>(at_ - from)};
+    return token;
 }
 
 std::optional<std::size_t> findBlockEnd(std::string_view text, std::size_t from, std::size_t to) {
@@ -259,41 +291,11 @@ bool isTopLevelKeyword(std::string_view keyword) {
 bool opensTopLevelBlock(std::string_view text, std::size_t wordBegin) {
     if (wordBegin >= text.size() || text[wordBegin] < 'A' || text[wordBegin] > 'Z') return false;
     Lexer lexer(text, wordBegin, text.size());
-    const std::string_view keyword = lexer.word();
-    if (!isTopLevelKeyword(keyword)) return false;
+    if (!isTopLevelKeyword(lexer.next().text)) return false;
     const std::size_t lineEnd = lineEndOf(text, wordBegin);
-    while (lexer.skipBlanks()) {
-        if (lexer.peek() == '{') return true;
-        if (lexer.peek() == '}' || lexer.peek() == ',' || lexer.offset() >= lineEnd) return false;
-        lexer.word();
-    }
-    return false;
-}
-
-std::size_t lineBeginOf(std::string_view text, std::size_t offset) {
-    const std::size_t lineBreak = text.substr(0, offset).rfind('\n');
-    return lineBreak == std::string_view::npos ? 0 : lineBreak + 1;
-}
-
-std::size_t lineEndOf(std::string_view text, std::size_t offset) {
-    if (offset >= text.size()) return text.size();
-    const void* const found = std::memchr(text.data() + offset, '\n', text.size() - offset);
-    if (found == nullptr) return text.size();
-    return static_cast<std::size_t>(static_cast<const char*>(found) - text.data()) + 1;
-}
-
-std::string_view lineAt(std::string_view text, std::size_t offset) {
-    const std::size_t begin = lineBeginOf(text, offset);
-    std::string_view line = text.substr(begin, lineEndOf(text, offset) - begin);
-    if (begin == 0 && line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
-    if (line.ends_with('\n')) line.remove_suffix(1);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    return line;
-}
-
-bool isRestOfLineBlank(std::string_view text, std::size_t offset) {
-    const std::size_t at = text.find_first_not_of(" \t\r\v\f", offset);
-    return at == std::string_view::npos || text[at] == '\n' || text.substr(at, 2) == "//";
+    Token token = lexer.next();
+    while (token.isWord() && token.offset < lineEnd) token = lexer.next();
+    return token.kind == Token::Kind::Open;
 }
 
 }  // namespace corvane

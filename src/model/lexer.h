@@ -1,8 +1,9 @@
-// The smallest things in a model's text: blanks, comments, words, quoted strings and braces. The
-// scanner and the readers of sections all walk over the text with it.
+// The smallest things in a model's text: words, quoted strings, braces and commas, with blanks and
+// comments between them. The scanner and the readers of sections all walk over the text with it.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -10,7 +11,21 @@
 
 namespace corvane {
 
-/// Walks over a stretch of a text. Comments ("//" to the end of the line) and a byte order mark at
+/// One of these things.
+struct Token {
+    enum class Kind : std::uint8_t { Word, String, Open, Close, Comma, End };
+
+    Kind kind = Kind::End;
+    std::string_view text;   ///< a string's with its quotes; empty at the end
+    std::size_t offset = 0;  ///< of its first byte; at the end, the end of the stretch
+
+    std::size_t end() const { return offset + text.size(); }
+    /// Whether it may be a name or a value.
+    bool isWord() const { return kind == Kind::Word || kind == Kind::String; }
+};
+
+/// Walks over a stretch of a text, token by token, or by blanks and bytes where a reader knows what
+/// must follow. Comments ("//" to the end of the line) and a byte order mark at
 /// the beginning of the text count as blanks.
 class Lexer {
 public:
@@ -18,9 +33,13 @@ public:
     Lexer(std::string_view text, std::size_t from, std::size_t to)
         : begin_(text.data()), at_(text.data() + from), end_(text.data() + to) {}
 
+    /// Skips blanks and the token after them, and returns it. A string ends with its line at the
+    /// latest.
+    Token next();
+
     bool atEnd() const { return at_ == end_; }
-    /// The byte here; not at the end.
-    char peek() const { return *at_; }
+    /// The byte here; 0 at the end.
+    char peek() const { return at_ != end_ ? *at_ : '\0'; }
     std::size_t offset() const { return static_cast<std::size_t>(at_ - begin_); }
     const char* at() const { return at_; }
     const char* end() const { return end_; }
@@ -40,9 +59,8 @@ public:
         return true;
     }
 
-    /// Skips a word, or a quoted string, and returns it. Not at the end, a brace or a comma. A
-    /// string ends with its line at the latest.
-    std::string_view word();
+    /// Skips blanks, and then one byte if it is `ch`.
+    bool skipPast(char ch) { return skipBlanks() && skip(ch); }
 
     static constexpr bool isBlank(char ch) {
         return ch == ' ' || ch == '\t' || ch == '\n' || ch == '\r' || ch == '\v' || ch == '\f';
@@ -52,6 +70,7 @@ private:
     // What may begin a comment or a byte order mark.
     static constexpr bool isRare(char ch) { return ch == '/' || ch == kByteOrderMark[0]; }
     bool skipRareBlanks();
+    const char* wordEnd() const;
 
     const char* begin_;
     const char* at_;
@@ -76,17 +95,5 @@ bool isTopLevelKeyword(std::string_view keyword);
 /// Whether the first word of a line, which begins at `wordBegin`, begins a block that models have
 /// at the top only, such as "Geoset {" or "Bone \"Head\" {". Its brace may be on the next line.
 bool opensTopLevelBlock(std::string_view text, std::size_t wordBegin);
-
-/// The offset at which the line with the byte at `offset` begins.
-std::size_t lineBeginOf(std::string_view text, std::size_t offset);
-
-/// The offset after the line break of the line with the byte at `offset`, or the end of the text.
-std::size_t lineEndOf(std::string_view text, std::size_t offset);
-
-/// The line with the byte at `offset`, without its line break and byte order mark.
-std::string_view lineAt(std::string_view text, std::size_t offset);
-
-/// Whether nothing but blanks and a comment is left of the line from `offset` on.
-bool isRestOfLineBlank(std::string_view text, std::size_t offset);
 
 }  // namespace corvane

@@ -43,9 +43,7 @@ std::optional<SectionKind> kindOf(std::string_view keyword) {
 std::size_t withIndentation(std::string_view text, std::size_t offset, std::size_t least) {
     std::size_t begin = offset;
     while (begin > least && (text[begin - 1] == ' ' || text[begin - 1] == '\t')) --begin;
-    const bool first = begin == 0 || text[begin - 1] == '\n' ||
-                       (begin == kByteOrderMark.size() && text.starts_with(kByteOrderMark));
-    return first ? begin : offset;
+    return isLineBegin(text, begin) ? begin : offset;
 }
 
 // Where the content of a block begins whose opening brace is the byte before `afterBrace`.
@@ -73,41 +71,34 @@ std::optional<Opening> nextOpening(Lexer& lexer, std::string_view text, OnBare o
         if (inHeader) onBare(opening);
         inHeader = false;
     };
-    while (lexer.skipBlanks()) {
-        const char ch = lexer.peek();
-        if (ch == '{') {
-            opening.brace = lexer.offset();
+    while (true) {
+        const Token token = lexer.next();
+        if (token.kind == Token::Kind::Open) {
+            opening.brace = token.offset;
             if (!inHeader) {
                 opening.keyword = {};
                 opening.keywordAt = opening.brace;
             }
-            lexer.skip('{');
             return opening;
         }
-        if (ch == '}' || ch == ',') {
-            if (ch == '}') onStray(lexer.offset());
-            lexer.skip(ch);
+        if (!token.isWord()) {
+            if (token.kind == Token::Kind::Close) onStray(token.offset);
             leaveHeader();
+            if (token.kind == Token::Kind::End) return std::nullopt;
             continue;
         }
         // A header may have its brace on the next line, but not more of its words.
+        const std::string_view between = text.substr(headerEnd, token.offset - headerEnd);
+        if (inHeader && between.find('\n') != std::string_view::npos) leaveHeader();
         if (inHeader) {
-            const std::string_view between = text.substr(headerEnd, lexer.offset() - headerEnd);
-            if (between.find('\n') != std::string_view::npos) leaveHeader();
-        }
-        const std::size_t wordAt = lexer.offset();
-        const std::string_view word = lexer.word();
-        if (inHeader) {
-            onWord(word, wordAt);
+            onWord(token.text, token.offset);
         } else {
-            opening.keyword = word;
-            opening.keywordAt = wordAt;
+            opening.keyword = token.text;
+            opening.keywordAt = token.offset;
             inHeader = true;
         }
-        headerEnd = lexer.offset();
+        headerEnd = token.end();
     }
-    leaveHeader();
-    return std::nullopt;
 }
 
 constexpr auto kIgnoreBare = [](const Opening&) {};
@@ -170,10 +161,13 @@ std::vector<Section> scanKnownParts(const ModelText& model, const GeosetBlock& g
                                      *brace == lineBeginOf(text, *brace) &&
                                      section.begin != opening->keywordAt;
         if (!brace || takesTheGeosets) {
-            throw ModelTextError(model, opening->keywordAt,
-                                 "the section " + std::string(opening->keyword) +
-                                     " that starts here does not end (a closing brace \"}\" is "
-                                     "missing in its geoset).");
+            throw ModelTextError(
+                model, opening->keywordAt,
+                "the " +
+                    (opening->keyword.empty() ? "block"
+                                              : "section " + std::string(opening->keyword)) +
+                    " that starts here does not end (a closing brace \"}\" is missing in its "
+                    "geoset).");
         }
         section.bodyEnd = withIndentation(text, *brace, section.bodyBegin);
         section.end = *brace + 1;
@@ -181,11 +175,7 @@ std::vector<Section> scanKnownParts(const ModelText& model, const GeosetBlock& g
         least = section.end;
         if (!kind) continue;
         section.kind = *kind;
-        LineCursor header(model.view(), section.begin);
-        Line headerLine;
-        header.next(headerLine);
-        section.lineBreak =
-            headerLine.lineBreak.empty() ? lineBreakOf(model.view()) : headerLine.lineBreak;
+        section.lineBreak = lineBreakAt(model.view(), section.begin);
         sections.push_back(section);
     }
     return sections;
@@ -251,6 +241,12 @@ std::vector<ModelBlock> scanBlocks(std::string_view text) {
 
 bool isGeoset(const ModelBlock& block) { return block.keyword == kGeoset; }
 
+ModelBlock scanBlockAt(std::string_view text, std::size_t begin) {
+    Lexer lexer(text, begin, text.size());
+    const auto opening = nextOpening(lexer, text, kIgnoreBare, kIgnoreWord, kIgnoreStray);
+    return opening ? blockAt(text, *opening, begin) : ModelBlock();
+}
+
 std::vector<GeosetBlock> scanGeosets(std::string_view text) {
     std::vector<GeosetBlock> blocks = scanBlocks(text);
     std::erase_if(blocks, [](const ModelBlock& block) { return !isGeoset(block); });
@@ -272,7 +268,7 @@ std::vector<Section> scanParts(const ModelText& text, const GeosetBlock& geoset)
 
 std::string_view keywordIn(const Section& section) {
     Lexer lexer(section.header, 0, section.header.size());
-    return lexer.skipBlanks() ? lexer.word() : std::string_view();
+    return lexer.next().text;
 }
 
 }  // namespace corvane

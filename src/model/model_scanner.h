@@ -39,6 +39,12 @@ bool isGeoset(const ModelBlock& block);
 /// opens the next one.
 std::vector<ModelBlock> scanBlocks(std::string_view text);
 
+/// The one of scanBlocks(text) whose `begin` this is, with the same offsets, but without `strayAt`,
+/// which depends on what stands after the block. It looks at nothing before `begin` but whether a
+/// line begins there, so it is as good for a block behind another one on its line. From anywhere
+/// else it goes on to the next block; a default one where none follows.
+ModelBlock scanBlockAt(std::string_view text, std::size_t begin);
+
 /// The geosets of a model in file order; geoset n of the file is entry n - 1.
 std::vector<GeosetBlock> scanGeosets(std::string_view text);
 

@@ -16,34 +16,49 @@ ModelTextError::ModelTextError(const ModelText& text, std::size_t offset, const 
     : std::runtime_error(text.path() + ", line " +
                          std::to_string(lineNumberAt(text.view(), offset)) + ": " + reason) {}
 
-bool LineCursor::next(Line& line) {
-    if (next_ >= text_.size()) return false;
-    line.begin = next_;
-    const char* const from = text_.data() + next_;
-    const void* const found = std::memchr(from, '\n', text_.size() - next_);
-    std::size_t textEnd = text_.size();
-    line.end = text_.size();
-    if (found != nullptr) {
-        textEnd = static_cast<std::size_t>(static_cast<const char*>(found) - text_.data());
-        line.end = textEnd + 1;
-        if (textEnd > next_ && text_[textEnd - 1] == '\r') --textEnd;
-    }
-    std::size_t textBegin = next_;
-    if (next_ == 0 && text_.starts_with(kByteOrderMark)) textBegin = kByteOrderMark.size();
-    line.text = text_.substr(textBegin, textEnd - textBegin);
-    line.lineBreak = text_.substr(textEnd, line.end - textEnd);
-    next_ = line.end;
-    return true;
+std::size_t lineBeginOf(std::string_view text, std::size_t offset) {
+    const std::size_t lineBreak = text.substr(0, offset).rfind('\n');
+    return lineBreak == std::string_view::npos ? 0 : lineBreak + 1;
+}
+
+std::size_t lineEndOf(std::string_view text, std::size_t offset) {
+    if (offset >= text.size()) return text.size();
+    const void* const found = std::memchr(text.data() + offset, '\n', text.size() - offset);
+    if (found == nullptr) return text.size();
+    return static_cast<std::size_t>(static_cast<const char*>(found) - text.data()) + 1;
+}
+
+bool isLineBegin(std::string_view text, std::size_t offset) {
+    return offset == 0 || text[offset - 1] == '\n' || text.substr(0, offset) == kByteOrderMark;
+}
+
+std::string_view lineAt(std::string_view text, std::size_t offset) {
+    const std::size_t begin = lineBeginOf(text, offset);
+    std::string_view line = text.substr(begin, lineEndOf(text, offset) - begin);
+    if (begin == 0 && line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
+    if (line.ends_with('\n')) line.remove_suffix(1);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    return line;
 }
 
 std::size_t lineNumberAt(std::string_view text, std::size_t offset) {
     return 1 + countChar(text.substr(0, offset), '\n');
 }
 
-std::string_view lineBreakOf(std::string_view text) {
-    Line line;
-    if (LineCursor(text).next(line) && !line.lineBreak.empty()) return line.lineBreak;
+std::string_view lineBreakAt(std::string_view text, std::size_t offset) {
+    for (const std::size_t end : {lineEndOf(text, offset), lineEndOf(text, 0)}) {
+        const std::string_view upToEnd = text.substr(0, end);
+        if (upToEnd.ends_with("\r\n")) return upToEnd.substr(end - 2);
+        if (upToEnd.ends_with('\n')) return upToEnd.substr(end - 1);
+    }
     return "\n";
+}
+
+std::string_view lineBreakOf(std::string_view text) { return lineBreakAt(text, 0); }
+
+bool isRestOfLineBlank(std::string_view text, std::size_t offset) {
+    const std::size_t at = text.find_first_not_of(" \t\r\v\f", offset);
+    return at == std::string_view::npos || text[at] == '\n' || text.substr(at, 2) == "//";
 }
 
 std::size_t countChar(std::string_view text, char ch) {

@@ -38,33 +38,40 @@ public:
     ModelTextError(const ModelText& text, std::size_t offset, const std::string& reason);
 };
 
-/// One line of a text.
-struct Line {
-    std::size_t begin = 0;       ///< offset of its first byte
-    std::size_t end = 0;         ///< offset of the first byte after its line break
-    std::string_view text;       ///< without its line break; CR LF is one break
-    std::string_view lineBreak;  ///< "\n", "\r\n", or empty at the end of the file
-};
+// Lines of a text. A line is named by the offset of any byte in it, its line break included; the
+// offset of the text's end stands for its last line. LF and CR LF end a line.
 
-/// Walks over the lines of a text from an offset on. A byte order mark at the very start of the
-/// text belongs to the file but to no line's text.
-class LineCursor {
-public:
-    explicit LineCursor(std::string_view text, std::size_t from = 0) : text_(text), next_(from) {}
+/// The offset at which the line begins; 0 for the first line, whatever it begins with.
+std::size_t lineBeginOf(std::string_view text, std::size_t offset);
 
-    /// Reads the next line; false at the end of the text.
-    bool next(Line& line);
+/// The offset after the line's break, or the end of the text.
+std::size_t lineEndOf(std::string_view text, std::size_t offset);
 
-private:
-    std::string_view text_;
-    std::size_t next_;
-};
+/// Whether a line begins here, or would but for a byte order mark before it.
+bool isLineBegin(std::string_view text, std::size_t offset);
 
-/// The 1-based number of the line that holds the byte at `offset`.
+/// The line without its break and byte order mark.
+std::string_view lineAt(std::string_view text, std::size_t offset);
+
+/// The 1-based number of the line.
 std::size_t lineNumberAt(std::string_view text, std::size_t offset);
+
+/// The line's break. A last line that has none gets the text's first; "\n" where that has none.
+std::string_view lineBreakAt(std::string_view text, std::size_t offset);
 
 /// The line break that the text uses first; "\n" where it has none.
 std::string_view lineBreakOf(std::string_view text);
+
+/// Whether nothing but blanks and a comment is left of the line from `offset` on.
+bool isRestOfLineBlank(std::string_view text, std::size_t offset);
+
+/// `text` without the characters at both its ends that `isBlank` is true for.
+template <typename IsBlank>
+constexpr std::string_view trimmed(std::string_view text, IsBlank isBlank) {
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
 
 /// True when `checkIn` begins with `checkFor`.
 constexpr bool startsWith(std::string_view checkIn, std::string_view checkFor) {

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "model/geoset_sections.h"
-#include "model/lexer.h"
 #include "model/row_sections.h"
 
 namespace corvane {
@@ -19,11 +18,6 @@ std::string withLineBreaks(std::initializer_list<std::string_view> lines,
         text += lineBreak;
     }
     return text;
-}
-
-// Whether a line begins at an offset.
-bool isLineBegin(std::string_view text, std::size_t offset) {
-    return offset == 0 || text[offset - 1] == '\n' || text.substr(0, offset) == kByteOrderMark;
 }
 
 // Writes one geoset's parts anew in their places, and adds those that it lacks.
@@ -194,11 +188,7 @@ void addSingleGeosetHead(PiecedText& out, const ModelText& base, std::size_t end
             throw ModelTextError(base, block.begin,
                                  "the block Sequences that starts here does not end.");
         }
-        LineCursor cursor(text, block.begin);
-        Line header;
-        cursor.next(header);
-        const std::string_view lineBreak =
-            header.lineBreak.empty() ? lineBreakOf(text) : header.lineBreak;
+        const std::string_view lineBreak = lineBreakAt(text, block.begin);
         out.addView(text.substr(copied, block.begin - copied));
         out.addText(withLineBreaks(
             {"Sequences 1 {", "\tAnim \"Stand\" {", "\t\tInterval { 0, 3333 },", "\t}"},

@@ -50,8 +50,8 @@ struct NeutralRows {
 /// The whole model with geoset `geosetNumber` (1-based, must exist) written from `geoset`. Sections
 /// that the file's geoset lacks are added at its end where there is data for them; then its closing
 /// brace is added too, if it lacks one.
-/// Throws std::runtime_error (ModelTextError where a line is to blame) where the sections of that
-/// geoset cannot be found, or rows cannot follow their vertices.
+/// Throws ModelTextError where the sections of that geoset cannot be found, and RowsCannotFollow
+/// (row_sections.h) where rows cannot follow their vertices.
 PiecedText composeModel(const ModelText& base, const std::vector<GeosetBlock>& geosets,
                         int geosetNumber, const Geoset& geoset, NeutralRows* neutral = nullptr);
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <stdexcept>
 
 #include "model/lexer.h"
 #include "model/model_scanner.h"
@@ -58,7 +57,7 @@ void RowReader::addRow(std::size_t dataBegin, std::size_t dataEnd) {
     row.dataBegin = static_cast<std::uint32_t>(dataBegin);
     row.dataEnd = static_cast<std::uint32_t>(dataEnd);
     Lexer after = lexer_;
-    if (after.skipBlanks() && after.skip(',')) {
+    if (after.skipPast(',')) {
         row.hasComma = true;
         lexer_ = after;
     } else {
@@ -98,15 +97,14 @@ std::optional<std::size_t> RowReader::readNumbers() {
         const std::size_t begin = lexer_.offset();
         std::size_t end = begin;
         for (std::size_t column = 0; column < columns; ++column) {
-            const bool separated = column == 0 || (lexer_.skipBlanks() && lexer_.skip(','));
-            const std::string_view word =
-                separated && lexer_.skipBlanks() ? lexer_.word() : std::string_view();
-            if (!parseNumber(word)) {
+            const bool separated = column == 0 || lexer_.skipPast(',');
+            const Token number = separated ? lexer_.next() : Token();
+            if (!parseNumber(number.text)) {
                 reason_ = "the row that starts here does not hold " + std::to_string(columns) +
                           " numbers.";
                 return begin;
             }
-            end = lexer_.offset();
+            end = number.end();
         }
         addRow(begin, end);
         const std::string_view data = std::string_view(section_.text).substr(begin, end - begin);
@@ -125,9 +123,8 @@ std::optional<std::size_t> RowReader::readNumbers() {
 }
 
 std::optional<std::size_t> RowReader::read() {
-    Lexer first = lexer_;
-    if (!first.skipBlanks()) return std::nullopt;
-    return first.peek() == '{' ? readBraced() : readNumbers();
+    const Token first = Lexer(lexer_).next();
+    return first.kind == Token::Kind::Open ? readBraced() : readNumbers();
 }
 
 // What a vertex gets that no row belongs to: a direction of length 1, the first bone, no place on
@@ -142,10 +139,8 @@ std::string neutralData(const RowSection& section) {
         braced = data.starts_with('{');
         columns = 0;
         Lexer lexer(data, 0, data.size());
-        while (lexer.skipBlanks()) {
-            if (lexer.skip('{') || lexer.skip('}') || lexer.skip(',')) continue;
-            lexer.word();
-            ++columns;
+        for (Token token = lexer.next(); token.kind != Token::Kind::End; token = lexer.next()) {
+            if (token.isWord()) ++columns;
         }
     }
     std::string text;
@@ -195,14 +190,10 @@ RowSection readRowSection(const ModelText& text, const Section& section, int ord
     result.vertexCount = vertexCount;
 
     Lexer header(result.text, 0, section.header.size());
-    header.skipBlanks();
-    header.word();  // the keyword
-    header.skipBlanks();
-    result.countBegin = result.countEnd = header.offset();
-    if (header.peek() != '{') {
-        header.word();
-        result.countEnd = header.offset();
-    }
+    header.next();  // the keyword
+    const Token count = header.next();
+    result.countBegin = count.offset;
+    result.countEnd = count.isWord() ? count.end() : count.offset;
 
     RowReader reader(result, section.bodyEnd - section.begin);
     if (const std::optional<std::size_t> wrong = reader.read()) {

@@ -20,7 +20,8 @@ struct Section;
 RowSection readRowSection(const ModelText& text, const Section& section, int ordinal,
                           std::size_t vertexCount);
 
-/// Rows that cannot follow their vertices, because they cannot be told apart. what() says where.
+/// A section whose rows cannot be told apart would have to follow other vertices than it was read
+/// with. what() is the section's problem, with the file and the line.
 class RowsCannotFollow : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -29,7 +30,7 @@ public:
 /// The text of the section for vertices that came from these rows of the file (0-based, or kNoRow),
 /// from its header to its closing brace: as it was read where nothing was added or dropped. A
 /// vertex without a row gets the neutral one, and is counted in `neutralRows`.
-/// Throws RowsCannotFollow with the section's problem where it has one that matters.
+/// Throws RowsCannotFollow where the section has a problem and would not stay as it was read.
 std::string composeRowSection(const RowSection& section, const std::vector<std::int16_t>& fileRows,
                               std::size_t& neutralRows);
 

@@ -2,23 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 namespace corvane {
 namespace {
 
-// All words and marks of a text.
+// All tokens of a text.
 std::vector<std::string> piecesOf(std::string_view text) {
     std::vector<std::string> pieces;
     Lexer lexer(text, 0, text.size());
-    while (lexer.skipBlanks()) {
-        const char ch = lexer.peek();
-        if (ch == '{' || ch == '}' || ch == ',') {
-            lexer.skip(ch);
-            pieces.emplace_back(1, ch);
-        } else {
-            pieces.emplace_back(lexer.word());
-        }
+    for (Token token = lexer.next(); token.kind != Token::Kind::End; token = lexer.next()) {
+        pieces.emplace_back(token.text);
     }
     return pieces;
 }
@@ -30,6 +25,60 @@ TEST(LexerType, TellsWordsFromMarks) {
               (Pieces{"Faces", "1", "36", "{", "{", "0", ",", "1", "}", ",", "}"}));
     EXPECT_EQ(piecesOf(""), Pieces{});
     EXPECT_EQ(piecesOf(" \t\r\n\v\f"), Pieces{});
+}
+
+TEST(LexerType, NamesTheKindOfAToken) {
+    using Kind = Token::Kind;
+    const std::string_view text = "\tGeoset{ \"A b\", 1 }";
+    Lexer lexer(text, 0, text.size());
+    struct Expected {
+        Kind kind;
+        std::string_view text;
+        std::size_t offset;
+    };
+    for (const Expected& expected :
+         {Expected{Kind::Word, "Geoset", 1}, Expected{Kind::Open, "{", 7},
+          Expected{Kind::String, "\"A b\"", 9}, Expected{Kind::Comma, ",", 14},
+          Expected{Kind::Word, "1", 16}, Expected{Kind::Close, "}", 18}}) {
+        const Token token = lexer.next();
+        EXPECT_EQ(token.kind, expected.kind) << expected.text;
+        EXPECT_EQ(token.text, expected.text);
+        EXPECT_EQ(token.offset, expected.offset) << expected.text;
+        EXPECT_EQ(token.end(), expected.offset + expected.text.size()) << expected.text;
+        EXPECT_EQ(token.isWord(), expected.kind == Kind::Word || expected.kind == Kind::String);
+        EXPECT_EQ(lexer.offset(), token.end()) << expected.text;
+    }
+    EXPECT_EQ(lexer.next().kind, Kind::End);
+}
+
+TEST(LexerType, StaysAtTheEndOfItsStretch) {
+    const std::string_view text = "ab, cd // ef";
+    Lexer lexer(text, 1, 5);
+    EXPECT_EQ(lexer.next().text, "b");
+    EXPECT_EQ(lexer.next().kind, Token::Kind::Comma);
+    EXPECT_EQ(lexer.next().text, "c");
+    for (int i = 0; i < 2; ++i) {
+        const Token end = lexer.next();
+        EXPECT_EQ(end.kind, Token::Kind::End);
+        EXPECT_EQ(end.text, "");
+        EXPECT_EQ(end.offset, 5U);
+        EXPECT_FALSE(end.isWord());
+        EXPECT_TRUE(lexer.atEnd());
+        EXPECT_EQ(lexer.peek(), '\0');
+        EXPECT_FALSE(lexer.skip('d'));
+    }
+}
+
+TEST(LexerType, SkipsAMarkBehindBlanks) {
+    const std::string_view text = " // ,\n , x";
+    Lexer lexer(text, 0, text.size());
+    EXPECT_FALSE(lexer.skip(','));
+    EXPECT_TRUE(lexer.skipPast(','));
+    EXPECT_EQ(lexer.offset(), 8U);
+    EXPECT_FALSE(lexer.skipPast(','));
+    EXPECT_EQ(lexer.peek(), 'x');
+    EXPECT_TRUE(lexer.skipPast('x'));
+    EXPECT_FALSE(lexer.skipPast(','));
 }
 
 TEST(LexerType, PassesOverComments) {
@@ -130,28 +179,6 @@ TEST(OpensTopLevelBlock, WantsAKnownKeywordAndABrace) {
     EXPECT_FALSE(opensTopLevelBlock("Anim {", 0));
     EXPECT_FALSE(opensTopLevelBlock("\tGeoset {", 0));
     EXPECT_FALSE(opensTopLevelBlock("", 0));
-}
-
-TEST(LinesOfAText, AreFoundByAnyByteInThem) {
-    const std::string_view text =
-        "\xEF\xBB\xBF"
-        "ab\r\n\ncd";
-    EXPECT_EQ(lineAt(text, 4), "ab");
-    EXPECT_EQ(lineAt(text, 7), "");
-    EXPECT_EQ(lineAt(text, 8), "cd");
-    EXPECT_EQ(lineBeginOf(text, 6), 0U);
-    EXPECT_EQ(lineBeginOf(text, 9), 8U);
-    EXPECT_EQ(lineEndOf(text, 0), 7U);
-    EXPECT_EQ(lineEndOf(text, 7), 8U);
-    EXPECT_EQ(lineEndOf(text, 8), 10U);
-    EXPECT_EQ(lineEndOf(text, 10), 10U);
-}
-
-TEST(RestOfALine, IsBlankUpToItsBreakOrAComment) {
-    EXPECT_TRUE(isRestOfLineBlank("{ \t\r\nx", 1));
-    EXPECT_TRUE(isRestOfLineBlank("{ // x\ny", 1));
-    EXPECT_TRUE(isRestOfLineBlank("{", 1));
-    EXPECT_FALSE(isRestOfLineBlank("{ x\n", 1));
 }
 
 }  // namespace

@@ -273,6 +273,23 @@ TEST(ScanSections, RefusesASectionThatDoesNotEndInItsGeoset) {
     }
 }
 
+TEST(ScanSections, RefusesABlockWithoutANameThatDoesNotEnd) {
+    const ModelText model("hero.mdl",
+                          "Geoset {\n"
+                          "\tVertices 1 {\n"
+                          "\t}\n"
+                          "\t{ 5\n"
+                          "}\n");
+    try {
+        sectionsOf(model);
+        ADD_FAILURE() << "was accepted";
+    } catch (const ModelTextError& error) {
+        EXPECT_STREQ(error.what(),
+                     "hero.mdl, line 4: the block that starts here does not end (a closing brace "
+                     "\"}\" is missing in its geoset).");
+    }
+}
+
 TEST(ScanSections, TakesTheClosingBraceInAnyLayout) {
     for (const std::string line : {"\t} ", "\t},", " \t}", "\t\t}", "    }", "\t} // of { them"}) {
         const ModelText model("hero.mdl", "Geoset {\n\tNormals 1 {\n" + line + "\n}\n");

@@ -2,107 +2,90 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 namespace corvane {
 namespace {
 
-std::vector<Line> linesOf(std::string_view text, std::size_t from = 0) {
-    std::vector<Line> lines;
-    LineCursor cursor(text, from);
-    Line line;
-    while (cursor.next(line)) lines.push_back(line);
-    return lines;
+TEST(LinesOfAText, AreFoundByAnyByteInThem) {
+    const std::string_view text = "ab\r\n\ncd";
+    struct Expected {
+        std::size_t begin;
+        std::size_t end;
+        std::string_view line;
+        std::size_t number;
+    };
+    const Expected first = {0, 4, "ab", 1};
+    const Expected second = {4, 5, "", 2};
+    const Expected third = {5, 7, "cd", 3};
+    const Expected lines[] = {first, first, first, first, second, third, third, third};
+    for (std::size_t offset = 0; offset <= text.size(); ++offset) {
+        EXPECT_EQ(lineBeginOf(text, offset), lines[offset].begin) << offset;
+        EXPECT_EQ(lineEndOf(text, offset), lines[offset].end) << offset;
+        EXPECT_EQ(lineAt(text, offset), lines[offset].line) << offset;
+        EXPECT_EQ(lineNumberAt(text, offset), lines[offset].number) << offset;
+        EXPECT_EQ(isLineBegin(text, offset), offset == lines[offset].begin) << offset;
+    }
 }
 
-TEST(LineCursor, SplitsAtLineFeeds) {
-    const auto lines = linesOf("Geoset {\n\n\t}\n");
-    ASSERT_EQ(lines.size(), 3U);
-    EXPECT_EQ(lines[0].text, "Geoset {");
-    EXPECT_EQ(lines[0].lineBreak, "\n");
-    EXPECT_EQ(lines[0].begin, 0U);
-    EXPECT_EQ(lines[0].end, 9U);
-    EXPECT_EQ(lines[1].text, "");
-    EXPECT_EQ(lines[1].begin, 9U);
-    EXPECT_EQ(lines[1].end, 10U);
-    EXPECT_EQ(lines[2].text, "\t}");
-    EXPECT_EQ(lines[2].begin, 10U);
-    EXPECT_EQ(lines[2].end, 13U);
+TEST(LinesOfAText, AreEmptyInAnEmptyText) {
+    EXPECT_EQ(lineBeginOf("", 0), 0U);
+    EXPECT_EQ(lineEndOf("", 0), 0U);
+    EXPECT_EQ(lineAt("", 0), "");
+    EXPECT_EQ(lineNumberAt("", 0), 1U);
+    EXPECT_TRUE(isLineBegin("", 0));
 }
 
-TEST(LineCursor, TakesCarriageReturnAndLineFeedAsOneBreak) {
-    const auto lines = linesOf("}\r\n\r\n\t}\r\n");
-    ASSERT_EQ(lines.size(), 3U);
-    EXPECT_EQ(lines[0].text, "}");
-    EXPECT_EQ(lines[0].lineBreak, "\r\n");
-    EXPECT_EQ(lines[0].end, 3U);
-    EXPECT_EQ(lines[1].text, "");
-    EXPECT_EQ(lines[1].lineBreak, "\r\n");
-    EXPECT_EQ(lines[2].text, "\t}");
-    EXPECT_EQ(lines[2].end, 9U);
+TEST(LineAt, LeavesALoneCarriageReturnInTheLine) {
+    EXPECT_EQ(lineAt("a\rb\r\r\nc\n", 0), "a\rb\r");
 }
 
-TEST(LineCursor, LeavesALoneCarriageReturnInTheText) {
-    const auto lines = linesOf("a\rb\r\r\nc\n");
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[0].text, "a\rb\r");
-    EXPECT_EQ(lines[0].lineBreak, "\r\n");
-    EXPECT_EQ(lines[1].text, "c");
+// The file's first bytes, which no line's text begins with.
+TEST(LinesOfAText, TakeAByteOrderMarkAtTheBeginningOnly) {
+    const std::string_view text = "\xEF\xBB\xBFGeoset {\r\n\xEF\xBB\xBF}\r\n";
+    EXPECT_EQ(lineAt(text, 5), "Geoset {");
+    EXPECT_EQ(lineBeginOf(text, 5), 0U);
+    EXPECT_EQ(lineEndOf(text, 5), 13U);
+    EXPECT_EQ(lineAt(text, 14), "\xEF\xBB\xBF}");
+    EXPECT_TRUE(isLineBegin(text, 0));
+    EXPECT_TRUE(isLineBegin(text, 3));
+    EXPECT_FALSE(isLineBegin(text, 2));
+    EXPECT_TRUE(isLineBegin(text, 13));
+    EXPECT_FALSE(isLineBegin(text, 16));
+    EXPECT_EQ(lineAt("\xEF\xBB\xBF", 0), "");
+    EXPECT_EQ(lineEndOf("\xEF\xBB\xBF", 0), 3U);
 }
 
-TEST(LineCursor, ReadsALastLineWithoutABreak) {
-    const auto lines = linesOf("{\n}");
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[1].text, "}");
-    EXPECT_EQ(lines[1].lineBreak, "");
-    EXPECT_EQ(lines[1].begin, 2U);
-    EXPECT_EQ(lines[1].end, 3U);
+TEST(LinesOfAText, MayHave130000CharactersOfAnyValue) {
+    std::string line = "\t\t\t{ " + std::string(130000, '7') + " },\x1A\x80\xFF";
+    line += '\0';
+    const std::string text = line + "\r\n\t\t}\r\n";
+    EXPECT_EQ(lineAt(text, 65000), line);
+    EXPECT_EQ(lineEndOf(text, 65000), line.size() + 2);
+    EXPECT_EQ(lineBeginOf(text, 65000), 0U);
+    EXPECT_EQ(lineAt(text, line.size() + 3), "\t\t}");
 }
 
-TEST(LineCursor, FindsNoLineInAnEmptyText) {
-    EXPECT_TRUE(linesOf("").empty());
-    EXPECT_TRUE(linesOf("abc\n", 4).empty());
+TEST(LineBreakAt, IsThatOfTheLine) {
+    const std::string_view text = "a\r\nb\n\r\nc\r\r\n\nd";
+    EXPECT_EQ(lineBreakAt(text, 0), "\r\n");
+    EXPECT_EQ(lineBreakAt(text, 2), "\r\n");
+    EXPECT_EQ(lineBreakAt(text, 3), "\n");
+    EXPECT_EQ(lineBreakAt(text, 5), "\r\n");
+    EXPECT_EQ(lineBreakAt(text, 7), "\r\n");
+    EXPECT_EQ(lineBreakAt(text, 11), "\n");
 }
 
-TEST(LineCursor, StartsAtAnOffset) {
-    const auto lines = linesOf("one\ntwo\nthree\n", 4);
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[0].text, "two");
-    EXPECT_EQ(lines[0].begin, 4U);
-    EXPECT_EQ(lines[1].text, "three");
+TEST(LineBreakAt, IsTheTextsFirstWhereTheLineHasNone) {
+    EXPECT_EQ(lineBreakAt("a\r\nb\nc", 5), "\r\n");
+    EXPECT_EQ(lineBreakAt("a\nb\r\nc", 5), "\n");
+    EXPECT_EQ(lineBreakAt("ab\r", 1), "\n");
+    EXPECT_EQ(lineBreakAt("", 0), "\n");
 }
 
-TEST(LineCursor, LeavesAByteOrderMarkOutOfTheFirstLinesText) {
-    const auto lines = linesOf("\xEF\xBB\xBFGeoset {\r\n\xEF\xBB\xBF}\r\n");
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[0].text, "Geoset {");
-    EXPECT_EQ(lines[0].begin, 0U);
-    EXPECT_EQ(lines[0].end, 13U);
-    EXPECT_EQ(lines[1].text, "\xEF\xBB\xBF}");  // only at the very start
-}
-
-TEST(LineCursor, TakesAFileThatIsOnlyAByteOrderMark) {
-    const auto lines = linesOf("\xEF\xBB\xBF");
-    ASSERT_EQ(lines.size(), 1U);
-    EXPECT_EQ(lines[0].text, "");
-    EXPECT_EQ(lines[0].end, 3U);
-}
-
-TEST(LineCursor, ReadsLinesOf130000Characters) {
-    const std::string text = "\t\t\t{ " + std::string(130000, '7') + " },\r\n\t\t}\r\n";
-    const auto lines = linesOf(text);
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[0].text.size(), 130008U);
-    EXPECT_EQ(lines[0].text.substr(130000), "77777 },");
-    EXPECT_EQ(lines[1].text, "\t\t}");
-}
-
-TEST(LineCursor, PassesBytesOfAnyValue) {
-    const std::string_view text("Bone \"B\xFChne\0\x80\xFF\" {\n\x1A\n", 20);
-    const auto lines = linesOf(text);
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[0].text, std::string_view("Bone \"B\xFChne\0\x80\xFF\" {", 17));
-    EXPECT_EQ(lines[1].text, "\x1A");
+TEST(RestOfALine, IsBlankUpToItsBreakOrAComment) {
+    EXPECT_TRUE(isRestOfLineBlank("{ \t\r\nx", 1));
+    EXPECT_TRUE(isRestOfLineBlank("{ // x\ny", 1));
+    EXPECT_TRUE(isRestOfLineBlank("{", 1));
+    EXPECT_FALSE(isRestOfLineBlank("{ x\n", 1));
 }
 
 TEST(ModelTextType, HoldsACopyOfTheBytes) {
@@ -139,6 +122,14 @@ TEST(LineBreakOf, IsTheFirstOneInTheText) {
     EXPECT_EQ(lineBreakOf("\r\n"), "\r\n");
     EXPECT_EQ(lineBreakOf("no break"), "\n");
     EXPECT_EQ(lineBreakOf(""), "\n");
+}
+
+TEST(Trimmed, LeavesOutWhatIsBlankAtBothEnds) {
+    const auto isDash = [](char ch) { return ch == '-'; };
+    EXPECT_EQ(trimmed("--a-b---", isDash), "a-b");
+    EXPECT_EQ(trimmed(" a-", isDash), " a");
+    EXPECT_EQ(trimmed("---", isDash), "");
+    EXPECT_EQ(trimmed("", isDash), "");
 }
 
 TEST(StartsWith, ComparesTheFirstCharacters) {

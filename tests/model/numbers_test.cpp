@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <random>
 #include <string>
@@ -211,6 +214,81 @@ TEST(FormatNumber, ReadsBackToTheSame15Digits) {
         ASSERT_EQ(std::stod(text), std::stod(expected.data())) << text;
         ASSERT_LE(text.size(), std::string_view(expected.data()).size()) << text;
     }
+}
+
+// The text of a number by the rules alone: the fewest digits up to 15 that read back to it, or else
+// 15 digits.
+std::string plainText(double value) {
+    if (value == 0) return "0";
+    std::array<char, 64> buffer{};
+    for (int digits = 1; digits <= 15; ++digits) {
+        std::snprintf(buffer.data(), buffer.size(), "%.*e", digits - 1, std::fabs(value));
+        if (std::strtod(buffer.data(), nullptr) == std::fabs(value)) break;
+    }
+    const std::string text = buffer.data();
+    const std::size_t e = text.find('e');
+    std::string digits = text.substr(0, 1);
+    if (e > 1) digits += text.substr(2, e - 2);
+    digits.erase(digits.find_last_not_of('0') + 1);
+    const int exponent = std::stoi(text.substr(e + 1));
+    const std::string sign = value < 0 ? "-" : "";
+    if (exponent < -4 || exponent >= 15) {
+        if (digits.size() > 1) digits.insert(1, ".");
+        return sign + digits + "e" + std::to_string(exponent);
+    }
+    if (exponent < 0) {
+        return sign + "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
+    }
+    const std::size_t whole = static_cast<std::size_t>(exponent) + 1;
+    if (digits.size() <= whole) return sign + digits + std::string(whole - digits.size(), '0');
+    return sign + digits.insert(whole, ".");
+}
+
+TEST(FormatNumber, IsThePlainTextOfAnyDouble) {
+    std::mt19937_64 random(2);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same numbers every time
+    for (int i = 0; i < 20000; ++i) {
+        auto bits = static_cast<std::uint64_t>(random());
+        constexpr std::uint64_t kExponentBits = std::uint64_t{0x7FF} << 52U;
+        if (i % 4 == 0) bits &= ~kExponentBits;  // a double of the smallest kind
+        if (i % 8 == 0) bits &= ~((~std::uint64_t{0} >> 12U) << (1 + random() % 51));
+        if (i % 4 == 1) bits &= ~std::uint64_t{0} << (random() % 52);  // few bits set
+        const auto value = std::bit_cast<double>(bits);
+        if (!std::isfinite(value)) continue;
+        ASSERT_EQ(formatNumber(value), plainText(value)) << std::hexfloat << value;
+    }
+}
+
+TEST(FormatNumber, IsThePlainTextOfNumbersAsModelsHaveThem) {
+    std::mt19937_64 random(3);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same numbers every time
+    std::uniform_real_distribution<double> mantissa(-10, 10);
+    for (int i = 0; i < 20000; ++i) {
+        const double any = mantissa(random) * std::pow(10, static_cast<int>(random() % 24) - 7);
+        const double value = i % 2 == 0 ? any : static_cast<double>(static_cast<float>(any));
+        ASSERT_EQ(formatNumber(value), plainText(value)) << std::hexfloat << value;
+    }
+}
+
+TEST(FormatNumber, IsThePlainTextAroundEveryPowerOfTen) {
+    for (int exponent = -324; exponent <= 308; ++exponent) {
+        double value = std::strtod(("1e" + std::to_string(exponent)).c_str(), nullptr);
+        for (int step = 0; step < 4; ++step) value = std::nextafter(value, 0);
+        for (int step = 0; step < 9; ++step) {
+            ASSERT_EQ(formatNumber(value), plainText(value)) << std::hexfloat << value;
+            ASSERT_EQ(formatNumber(-value), plainText(-value)) << std::hexfloat << value;
+            value = std::nextafter(value, std::numeric_limits<double>::infinity());
+        }
+    }
+}
+
+TEST(FormatNumber, WritesTheSmallestAndTheLargestDoubles) {
+    using Limits = std::numeric_limits<double>;
+    EXPECT_EQ(formatNumber(Limits::denorm_min()), "5e-324");
+    EXPECT_EQ(formatNumber(-Limits::denorm_min()), "-5e-324");
+    EXPECT_EQ(formatNumber(1e-310), "1e-310");
+    EXPECT_EQ(formatNumber(Limits::min()), "2.2250738585072e-308");
+    EXPECT_EQ(formatNumber(std::nextafter(Limits::min(), 0)), "2.2250738585072e-308");
+    EXPECT_EQ(formatNumber(Limits::max()), "1.79769313486232e308");
+    EXPECT_EQ(formatNumber(-Limits::max()), "-1.79769313486232e308");
 }
 
 TEST(AppendNumber, AppendsToWhatIsThere) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_writer.h"
 #include "model_texts.h"
 
 namespace corvane {
@@ -131,11 +132,22 @@ TEST(ComposeRowSection, RefusesRowsThatCannotBeToldApartOnlyWhereTheyWouldHaveTo
     try {
         composeRowSection(read(section), {0}, neutral);
         ADD_FAILURE() << "was written";
-    } catch (const std::runtime_error& error) {
+    } catch (const RowsCannotFollow& error) {
         EXPECT_STREQ(error.what(),
                      "hero.mdl, line 7: in the section SkinWeights, the row that starts here does "
                      "not hold 8 numbers.");
     }
+}
+
+TEST(ComposeModelWithRows, TellsRowsThatCannotFollowFromOtherFailures) {
+    const ModelText text("hero.mdl",
+                         geosetWith("\tTangents 2 {\n\t\t{ 1, 0, 0, 1 },\n\t\t5,\n\t}\n"));
+    const auto geosets = scanGeosets(text.view());
+    Geoset geoset = parseGeoset(text, geosets, 1);
+    EXPECT_EQ(composeModel(text, geosets, 1, geoset).joined().find("Geoset"), 0U);
+    geoset.Vertices[0].deleted = true;
+    EXPECT_THROW(composeModel(text, geosets, 1, geoset), RowsCannotFollow);
+    EXPECT_THROW(composeSingleGeoset(text, geosets, 1, geoset), RowsCannotFollow);
 }
 
 TEST(ComposeRowSection, NamesWhatIsNoRow) {

@@ -29,6 +29,21 @@ TEST_P(ReadShape, HasTheSameSecondGeoset) {
 
 TEST_P(ReadShape, HasTwoGeosets) { EXPECT_EQ(scanGeosets(GetParam().text).size(), 2U); }
 
+TEST_P(ReadShape, HasTheSameBlocksOneByOne) {
+    const std::string& text = GetParam().text;
+    const std::vector<ModelBlock> blocks = scanBlocks(text);
+    ASSERT_GE(blocks.size(), 8U);
+    for (const ModelBlock& block : blocks) {
+        const ModelBlock alone = scanBlockAt(text, block.begin);
+        EXPECT_EQ(alone.keyword, block.keyword);
+        EXPECT_EQ(alone.begin, block.begin) << block.keyword;
+        EXPECT_EQ(alone.bodyBegin, block.bodyBegin) << block.keyword;
+        EXPECT_EQ(alone.bodyEnd, block.bodyEnd) << block.keyword;
+        EXPECT_EQ(alone.end, block.end) << block.keyword;
+        EXPECT_EQ(alone.closed, block.closed) << block.keyword;
+    }
+}
+
 TEST_P(ReadShape, LosesItsFirstGeosetAndNothingElse) {
     const std::string left = removeGeoset(ModelText("hero.mdl", GetParam().text), 1).joined();
     if (!GetParam().withoutFirst.empty()) {
