@@ -13,7 +13,6 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
-#include "edit/undo_history.h"
 #include "model/open_model.h"
 #include "views/help_texts.h"
 #include "views/ortho_view.h"
@@ -150,24 +149,13 @@ void frmCorvane::buildViewButtons() {
             button->setObjectName(entry.name);
             button->setAccessibleName(tr(entry.accessibleName));
             button->setToolTip(tr(entry.accessibleName));
-            button->setText(entry.caption);
-            button->setArrow(entry.arrow);
+            button->setText(entry.sign.caption);
+            button->setArrow(entry.sign.arrow);
             button->setFixedSize(kViewButtonSize, kViewButtonSize);
             connect(button, &QPushButton::clicked, this, [this, run = entry.run] { run(editor_); });
             grid->addWidget(button, entry.row, entry.column);
             buttons_.insert(entry.name, button);
-
-            const std::array<std::pair<Qt::ArrowType, int>, 4> arrowKeys = {{
-                {Qt::UpArrow, Qt::Key_Up},
-                {Qt::DownArrow, Qt::Key_Down},
-                {Qt::LeftArrow, Qt::Key_Left},
-                {Qt::RightArrow, Qt::Key_Right},
-            }};
-            for (const auto& [arrow, key] : arrowKeys) {
-                if (entry.arrow == arrow) keys.insert(key, button);
-            }
-            if (*entry.caption == '+') keys.insert(Qt::Key_Plus, button);
-            if (*entry.caption == '-') keys.insert(Qt::Key_Minus, button);
+            keys.insert(entry.sign.key, button);
         }
         // A picture that has the focus passes its keys to the buttons beside it.
         pictures[i]->onKey = [keys](int key) {
@@ -245,6 +233,7 @@ void frmCorvane::buildMenus() {
                     current = menu;
                     break;
                 case MenuEntry::Kind::Item:
+                case MenuEntry::Kind::Close:
                 case MenuEntry::Kind::Help:
                     items_.emplace_back(addEntry(*current, entry), &entry);
                     break;
@@ -258,16 +247,15 @@ QAction* frmCorvane::addEntry(QMenu& menu, const MenuEntry& entry) {
     action->setObjectName(entry.name);
     action->setShortcut(QKeySequence(QString(entry.shortcut)));
     action->setCheckable(entry.checked != nullptr);
-    const QString press(entry.press);
     if (entry.kind == MenuEntry::Kind::Help) {
         connect(action, &QAction::triggered, this,
                 [this, name = entry.name] { showHelp(editor_, name); });
-    } else if (!press.isEmpty()) {
-        connect(action, &QAction::triggered, button(entry.press), &QPushButton::click);
+    } else if (entry.kind == MenuEntry::Kind::Close) {
+        connect(action, &QAction::triggered, this, &QWidget::close);
     } else if (entry.run != nullptr) {
         connect(action, &QAction::triggered, this, [this, run = entry.run] { run(editor_); });
     } else {
-        connect(action, &QAction::triggered, this, &QWidget::close);
+        connect(action, &QAction::triggered, button(entry.press), &QPushButton::click);
     }
     return action;
 }
@@ -359,7 +347,7 @@ bool frmCorvane::isMet(Needs needs) const {
 void frmCorvane::updateButtons() {
     for (const ButtonGroup& group : toolPanel()) {
         for (const ButtonEntry& entry : group.buttons) {
-            if (entry.colour != nullptr) button(entry.name)->setBackColour(entry.colour(editor_));
+            if (entry.look != nullptr) button(entry.name)->setLook(entry.look(editor_));
         }
     }
     button("cmdSnap")->setEnabled(editor_.modes.editButtonsEnabled);
@@ -369,8 +357,8 @@ void frmCorvane::updateButtons() {
         const ToolButton* const pressed = button(entry->press);
         action->setEnabled(isMet(entry->needs) && (pressed == nullptr || pressed->isEnabled()));
         if (entry->checked != nullptr) action->setChecked(entry->checked(editor_));
-        if (entry->needs == Needs::UndoStep) {
-            action->setText('&' + QString::fromStdString(undoCaption(editor_.undo)));
+        if (entry->captionNow != nullptr) {
+            action->setText(QString::fromStdString(entry->captionNow(editor_)));
         }
     }
     for (PictureBox* const picture : {pbxFront_, pbxTop_, pbxLeft_}) {

@@ -256,18 +256,21 @@ void frmUVEditor::buildMenus() {
 }
 
 void frmUVEditor::updateButtons() {
-    const auto colour = [this](const char* name, Colour back) {
-        panel_->findChild<ToolButton*>(name)->setBackColour(back);
+    const auto colour = [this](const char* name, ButtonLook look) {
+        panel_->findChild<ToolButton*>(name)->setLook(look);
     };
-    const auto mode = [](bool on) { return on ? kWhite : kButtonFace; };
+    const auto mode = [](bool on) { return on ? ButtonLook{Look::On, kWhite} : ButtonLook{}; };
+    const auto axis = [](bool active) {
+        return ButtonLook{active ? Look::Plain : Look::Off, axisColour(active)};
+    };
     colour("cmdSelect", mode(uv_.selectMode == SelectMode::Select));
     colour("cmdAdd", mode(uv_.selectMode == SelectMode::Add));
     colour("cmdDeselect", mode(uv_.selectMode == SelectMode::Deselect));
     colour("cmdMove", mode(uv_.transformMode == TransformMode::Move));
     colour("cmdRotate", mode(uv_.transformMode == TransformMode::Rotate));
     colour("cmdScale", mode(uv_.transformMode == TransformMode::Scale));
-    colour("cmdUVX", axisColour(uv_.xEnabled));
-    colour("cmdUVY", axisColour(uv_.yEnabled));
+    colour("cmdUVX", axis(uv_.xEnabled));
+    colour("cmdUVY", axis(uv_.yEnabled));
     setWindowModified(uv_.unsaved);
 }
 
