@@ -210,10 +210,14 @@ void frmUVEditor::buildPanel() {
     QGridLayout& projection = *group(tr("Projection"));
     cboView_->setObjectName("cboView");
     cboView_->setAccessibleName(tr("View to project from"));
-    cboView_->addItems({"Top", "Front", "Left"});
+    for (const auto& [name, plane] : {std::pair("Top", RemapPlane::Top),
+                                      {"Front", RemapPlane::Front},
+                                      {"Left", RemapPlane::Left}}) {
+        cboView_->addItem(name, QVariant::fromValue(plane));
+    }
     projection.addWidget(cboView_, 0, 0);
     addTool(projection, "cmdRemap", "Rema&p", 1, 0,
-            [this] { remapSelection(uv_, main_, cboView_->currentText().toStdString()); });
+            [this] { remapSelection(uv_, main_, cboView_->currentData().value<RemapPlane>()); });
 
     QGridLayout& readout = *group(tr("Under the mouse"));
     int row = 0;

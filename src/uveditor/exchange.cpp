@@ -37,14 +37,14 @@ Range rangeOf(const Geoset& geoset, const std::vector<bool>& selected, Axis axis
     return range;
 }
 
-struct Plane {
-    const char* view;
+struct PlaneAxes {
     Axis u;
     Axis v;
 };
 
-constexpr std::array<Plane, 3> kPlanes = {
-    {{"Top", Axis::X, Axis::Z}, {"Front", Axis::X, Axis::Y}, {"Left", Axis::Z, Axis::Y}}};
+// By RemapPlane.
+constexpr std::array<PlaneAxes, 3> kPlanes = {
+    {{Axis::X, Axis::Z}, {Axis::X, Axis::Y}, {Axis::Z, Axis::Y}}};
 
 std::string flatMessage(Axis axis) {
     const std::string letter(1, static_cast<char>(letterOf(axis) - 'a' + 'A'));
@@ -209,10 +209,8 @@ bool hasRemapExtent(const Geoset& geoset, const std::vector<bool>& selected, Axi
     return !range.any || range.high != range.low;
 }
 
-void remapSelection(UVEditor& uv, const Editor& editor, const std::string& view) {
-    const auto* const plane = std::ranges::find_if(
-        kPlanes, [&](const Plane& candidate) { return candidate.view == view; });
-    if (plane == kPlanes.end()) return;
+void remapSelection(UVEditor& uv, const Editor& editor, RemapPlane plane) {
+    const PlaneAxes axes = kPlanes[static_cast<std::size_t>(plane)];
     if (!editor.undo.inTextureEditor) {
         uv.dialogs.messageBox(kErrorCaption,
                               "Another geoset was read since these texture coordinates were taken. "
@@ -220,13 +218,13 @@ void remapSelection(UVEditor& uv, const Editor& editor, const std::string& view)
                               "Mapping in the main window to take its own coordinates.");
         return;
     }
-    for (const Axis axis : {plane->u, plane->v}) {
+    for (const Axis axis : {axes.u, axes.v}) {
         if (hasRemapExtent(editor.store, uv.data.selected, axis)) continue;
         uv.dialogs.messageBox(kErrorCaption, flatMessage(axis));
         return;
     }
-    const std::vector<double> a = remap(editor.store, uv.data.selected, plane->u);
-    const std::vector<double> b = remap(editor.store, uv.data.selected, plane->v);
+    const std::vector<double> a = remap(editor.store, uv.data.selected, axes.u);
+    const std::vector<double> b = remap(editor.store, uv.data.selected, axes.v);
     const std::size_t count = std::min(a.size(), uv.data.u.size());
     for (std::size_t i = 0; i < count; ++i) {
         if (!uv.data.selected[i]) continue;

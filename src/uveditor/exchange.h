@@ -46,9 +46,12 @@ std::vector<double> remap(const Geoset& geoset, const std::vector<bool>& selecte
 /// Whether remap() has an extent to stretch on that axis, or nothing is selected.
 bool hasRemapExtent(const Geoset& geoset, const std::vector<bool>& selected, Axis axis);
 
-/// The command Remap: gives the selected texture vertices the coordinates of a projection from
-/// "Top", "Front" or "Left", and redraws. A message, and no change, where the selection is flat
-/// on an axis or the positions would be those of another geoset.
-void remapSelection(UVEditor& uv, const Editor& editor, const std::string& view);
+/// The view that Remap projects from.
+enum class RemapPlane { Top, Front, Left };
+
+/// The command Remap: gives the selected texture vertices the coordinates of a projection, and
+/// redraws. A message, and no change, where the selection is flat on an axis or the positions
+/// would be those of another geoset.
+void remapSelection(UVEditor& uv, const Editor& editor, RemapPlane plane);
 
 }  // namespace corvane
