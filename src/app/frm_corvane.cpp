@@ -4,12 +4,7 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QGuiApplication>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
@@ -75,11 +70,11 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers)
     buildPictures();
     buildViewButtons();
     buildToolPanel();
-    txtTips_->setObjectName("txtTips");
-    txtTips_->setAccessibleName(tr("Tip"));
-    txtTips_->setReadOnly(true);
-    buildMenus();
-    finishControls();
+    buildTipBox();
+    menus_ = addMenus(*this, mainMenus(), editor_, buttons_.byName);
+    // The tab order follows the eye: pictures with their buttons, the tool panel, the tip.
+    setFocusOrder(focusOrder_);
+    watchControls();
 
     fitMinimumSize();
     adjustSize();
@@ -143,26 +138,11 @@ void frmCorvane::buildViewButtons() {
         grid->setContentsMargins(0, 0, 0, 0);
         grid->setSpacing(0);
         grid->setSizeConstraint(QLayout::SetFixedSize);
-        QHash<int, ToolButton*> keys;
-        for (const ViewButton& entry : viewButtons()[i]) {
-            auto* const button = new ToolButton(column);
-            button->setObjectName(entry.name);
-            button->setAccessibleName(tr(entry.accessibleName));
-            button->setToolTip(tr(entry.accessibleName));
-            button->setText(entry.sign.caption);
-            button->setArrow(entry.sign.arrow);
+        focusOrder_.push_back(pictures[i]);
+        for (ToolButton* const button : addViewButtons(*grid, viewButtons()[i], editor_,
+                                                       *pictures[i], buttons_, focusOrder_)) {
             button->setFixedSize(kViewButtonSize, kViewButtonSize);
-            connect(button, &QPushButton::clicked, this, [this, run = entry.run] { run(editor_); });
-            grid->addWidget(button, entry.row, entry.column);
-            buttons_.insert(entry.name, button);
-            keys.insert(entry.sign.key, button);
         }
-        // A picture that has the focus passes its keys to the buttons beside it.
-        pictures[i]->onKey = [keys](int key) {
-            ToolButton* const button = keys.value(key);
-            if (button != nullptr) button->click();
-            return button != nullptr;
-        };
         viewColumns_.push_back(column);
     }
 }
@@ -172,111 +152,38 @@ void frmCorvane::buildToolPanel() {
     panelLayout->setContentsMargins(0, 0, 0, 0);
     panelLayout->setSpacing(4);
     for (const ButtonGroup& group : toolPanel()) {
-        auto* const box = new QGroupBox(tr(group.caption), toolPanel_);
-        auto* const grid = new QGridLayout(box);
-        grid->setContentsMargins(4, 4, 4, 4);
-        grid->setSpacing(2);
-        for (const ButtonEntry& entry : group.buttons) {
-            auto* const button = new ToolButton(box);
-            button->setObjectName(entry.name);
-            button->setAccessibleName(tr(entry.accessibleName));
-            button->setText(tr(entry.caption));
-            button->setMinimumWidth(button->fontMetrics().horizontalAdvance("MMM"));
-            connect(button, &QPushButton::clicked, this, [this, run = entry.run] { run(editor_); });
-            grid->addWidget(button, entry.row, entry.column);
-            buttons_.insert(entry.name, button);
-        }
-        panelLayout->addWidget(box);
+        QGridLayout& grid = addGroup(*toolPanel_, tr(group.caption));
+        addButtons(grid, group.buttons, editor_, buttons_, focusOrder_);
     }
-    buildReadouts(*toolPanel_);
+    for (const auto& [button, entry] : buttons_.panel) {
+        button->setMinimumWidth(button->fontMetrics().horizontalAdvance("MMM"));
+    }
+    buildReadouts();
     panelLayout->addStretch();
 }
 
-void frmCorvane::buildReadouts(QWidget& panel) {
-    auto* const box = new QGroupBox(tr("Under the mouse"), &panel);
-    auto* const grid = new QGridLayout(box);
-    grid->setContentsMargins(4, 4, 4, 4);
-    grid->setSpacing(2);
+void frmCorvane::buildReadouts() {
+    QGridLayout& grid = addGroup(*toolPanel_, tr("Under the mouse"));
     const std::array<std::pair<QLineEdit*, const char*>, 3> readouts = {
         {{txtX_, "X"}, {txtY_, "Y"}, {txtZ_, "Z"}}};
     int row = 0;
     for (const auto& [text, letter] : readouts) {
         text->setObjectName(QStringLiteral("txt") + letter);
         text->setAccessibleName(tr("%1 coordinate under the mouse").arg(letter));
-        text->setReadOnly(true);
-        text->setMinimumWidth(text->fontMetrics().horizontalAdvance("-00000.000 "));
-        grid->addWidget(new QLabel(letter, box), row, 0);
-        grid->addWidget(text, row, 1);
-        ++row;
-    }
-    panel.layout()->addWidget(box);
-}
-
-void frmCorvane::buildMenus() {
-    for (const MenuTable& table : mainMenus()) {
-        QMenu* const menu = menuBar()->addMenu(tr(table.caption));
-        menu->setObjectName(table.name);
-        menu->menuAction()->setObjectName(table.name);
-        menus_.emplace_back(menu, table.needs);
-        QMenu* current = menu;
-        for (const MenuEntry& entry : table.entries) {
-            switch (entry.kind) {
-                case MenuEntry::Kind::Separator:
-                    current->addSeparator();
-                    break;
-                case MenuEntry::Kind::Submenu:
-                    current = menu->addMenu(tr(entry.caption));
-                    current->setObjectName(entry.name);
-                    current->menuAction()->setObjectName(entry.name);
-                    break;
-                case MenuEntry::Kind::SubmenuEnd:
-                    current = menu;
-                    break;
-                case MenuEntry::Kind::Item:
-                case MenuEntry::Kind::Close:
-                case MenuEntry::Kind::Help:
-                    items_.emplace_back(addEntry(*current, entry), &entry);
-                    break;
-            }
-        }
+        addReadout(grid, row++, *text, letter, "-00000.000 ");
+        focusOrder_.push_back(text);
     }
 }
 
-QAction* frmCorvane::addEntry(QMenu& menu, const MenuEntry& entry) {
-    QAction* const action = menu.addAction(tr(entry.caption));
-    action->setObjectName(entry.name);
-    action->setShortcut(QKeySequence(QString(entry.shortcut)));
-    action->setCheckable(entry.checked != nullptr);
-    if (entry.kind == MenuEntry::Kind::Help) {
-        connect(action, &QAction::triggered, this,
-                [this, name = entry.name] { showHelp(editor_, name); });
-    } else if (entry.kind == MenuEntry::Kind::Close) {
-        connect(action, &QAction::triggered, this, &QWidget::close);
-    } else if (entry.run != nullptr) {
-        connect(action, &QAction::triggered, this, [this, run = entry.run] { run(editor_); });
-    } else {
-        connect(action, &QAction::triggered, button(entry.press), &QPushButton::click);
-    }
-    return action;
+void frmCorvane::buildTipBox() {
+    txtTips_->setObjectName("txtTips");
+    txtTips_->setAccessibleName(tr("Tip"));
+    txtTips_->setReadOnly(true);
+    focusOrder_.push_back(txtTips_);
 }
 
-// The tab order follows the eye: pictures with their buttons, the tool panel, the tip.
-void frmCorvane::finishControls() {
-    const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
-    QWidget* previous = nullptr;
-    const auto append = [&](QWidget* widget) {
-        if (previous != nullptr) setTabOrder(previous, widget);
-        previous = widget;
-    };
-    for (std::size_t i = 0; i < pictures.size(); ++i) {
-        append(pictures[i]);
-        for (const ViewButton& entry : viewButtons()[i]) append(button(entry.name));
-    }
-    for (const ButtonGroup& group : toolPanel()) {
-        for (const ButtonEntry& entry : group.buttons) append(button(entry.name));
-    }
-    for (QLineEdit* const text : {txtX_, txtY_, txtZ_, txtTips_}) append(text);
-
+// The mouse shows tips wherever it goes.
+void frmCorvane::watchControls() {
     central_->setMouseTracking(true);
     central_->installEventFilter(this);
     for (QWidget* const widget : central_->findChildren<QWidget*>()) {
@@ -345,22 +252,10 @@ bool frmCorvane::isMet(Needs needs) const {
 }
 
 void frmCorvane::updateButtons() {
-    for (const ButtonGroup& group : toolPanel()) {
-        for (const ButtonEntry& entry : group.buttons) {
-            if (entry.look != nullptr) button(entry.name)->setLook(entry.look(editor_));
-        }
-    }
+    showState(buttons_, editor_);
     button("cmdSnap")->setEnabled(editor_.modes.editButtonsEnabled);
     button("cmdDelete")->setEnabled(editor_.modes.editButtonsEnabled);
-    for (const auto& [menu, needs] : menus_) menu->menuAction()->setEnabled(isMet(needs));
-    for (const auto& [action, entry] : items_) {
-        const ToolButton* const pressed = button(entry->press);
-        action->setEnabled(isMet(entry->needs) && (pressed == nullptr || pressed->isEnabled()));
-        if (entry->checked != nullptr) action->setChecked(entry->checked(editor_));
-        if (entry->captionNow != nullptr) {
-            action->setText(QString::fromStdString(entry->captionNow(editor_)));
-        }
-    }
+    showState(menus_, editor_, buttons_.byName, [this](Needs needs) { return isMet(needs); });
     for (PictureBox* const picture : {pbxFront_, pbxTop_, pbxLeft_}) {
         picture->setEnabled(editor_.store.modelLoaded);
     }
@@ -413,10 +308,7 @@ bool frmCorvane::eventFilter(QObject* watched, QEvent* event) {
         fitMinimumSize();
         layOut();
     }
-    // A text box that has the focus must not keep the window's shortcuts to itself. Nothing can be
-    // typed into these.
-    if (event->type() == QEvent::ShortcutOverride && qobject_cast<QLineEdit*>(watched) != nullptr &&
-        !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+    if (isForShortcuts(*event) && qobject_cast<QLineEdit*>(watched) != nullptr) {
         event->ignore();
         return true;
     }

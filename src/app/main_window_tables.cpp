@@ -46,7 +46,7 @@ constexpr MenuEntry pressing(const char* name, const char* caption, const char* 
 
 // An item that shows the help box of the same name.
 constexpr MenuEntry helpItem(const char* name, const char* caption) {
-    return {.kind = Kind::Help, .name = name, .caption = caption};
+    return {.name = name, .caption = caption, .runNamed = showHelp};
 }
 
 constexpr std::array kFileMenu = {

@@ -1,4 +1,5 @@
-// What must hold for the tables of a window, checked when the program is compiled.
+// What must hold for the tables of a window, checked when the program is compiled. A group of a
+// panel is anything that has `buttons`.
 #pragma once
 
 #include <algorithm>
@@ -50,14 +51,14 @@ constexpr bool isSound(const MenuEntryOf<State>& entry) {
     const std::string_view press(entry.press);
     const std::string_view shortcut(entry.shortcut);
     const std::string_view caption(entry.caption);
-    const bool acts = entry.run != nullptr || !press.empty();
+    const int actions = (entry.run != nullptr ? 1 : 0) + (entry.runNamed != nullptr ? 1 : 0) +
+                        (press.empty() ? 0 : 1);
     const bool shows = entry.checked != nullptr || entry.captionNow != nullptr;
-    const bool isPlain = !acts && !shows && entry.needs == Needs::Nothing;
+    const bool isPlain = actions == 0 && !shows && entry.needs == Needs::Nothing;
     switch (entry.kind) {
         case Kind::Item:
-            return (entry.run != nullptr) != !press.empty() && !caption.empty();
+            return actions == 1 && !caption.empty();
         case Kind::Close:
-        case Kind::Help:
             return isPlain && !caption.empty();
         case Kind::Submenu:
             return isPlain && !caption.empty() && shortcut.empty();
@@ -87,11 +88,11 @@ constexpr bool entriesAreSound(std::span<const MenuTableOf<State>> menus) {
 }
 
 /// Whether every button that an item presses is one of these.
-template <class State>
+template <class State, class Group>
 constexpr bool pressesAreKnown(std::span<const MenuTableOf<State>> menus,
-                               std::span<const ButtonGroupOf<State>> panel) {
+                               std::span<const Group> panel) {
     const auto isButton = [&](std::string_view name) {
-        return std::ranges::any_of(panel, [&](const ButtonGroupOf<State>& group) {
+        return std::ranges::any_of(panel, [&](const Group& group) {
             return std::ranges::any_of(group.buttons, [&](const ButtonEntryOf<State>& button) {
                 return button.name == name;
             });
@@ -106,9 +107,8 @@ constexpr bool pressesAreKnown(std::span<const MenuTableOf<State>> menus,
 }
 
 /// Whether every menu, item and button has a name, and none has another one's.
-template <class State>
-constexpr bool namesDiffer(std::span<const MenuTableOf<State>> menus,
-                           std::span<const ButtonGroupOf<State>> panel,
+template <class State, class Group>
+constexpr bool namesDiffer(std::span<const MenuTableOf<State>> menus, std::span<const Group> panel,
                            std::span<const std::span<const ViewButtonOf<State>>> views) {
     using Kind = typename MenuEntryOf<State>::Kind;
     SeenValues<std::string_view> names;
@@ -120,7 +120,7 @@ constexpr bool namesDiffer(std::span<const MenuTableOf<State>> menus,
             if (!names.add(entry.name)) return false;
         }
     }
-    for (const ButtonGroupOf<State>& group : panel) {
+    for (const Group& group : panel) {
         for (const ButtonEntryOf<State>& button : group.buttons) {
             if (!names.add(button.name) || button.run == nullptr) return false;
         }
@@ -135,9 +135,9 @@ constexpr bool namesDiffer(std::span<const MenuTableOf<State>> menus,
 
 /// Whether no two captions of one menu or submenu underline the same letter, nor two of those that
 /// the Alt key reaches, the menus and the buttons.
-template <class State>
+template <class State, class Group>
 constexpr bool mnemonicsDiffer(std::span<const MenuTableOf<State>> menus,
-                               std::span<const ButtonGroupOf<State>> panel) {
+                               std::span<const Group> panel) {
     using Kind = typename MenuEntryOf<State>::Kind;
     const auto addTo = [](SeenValues<char>& letters, const char* caption) {
         const char letter = mnemonicOf(caption);
@@ -158,7 +158,7 @@ constexpr bool mnemonicsDiffer(std::span<const MenuTableOf<State>> menus,
             if (entry.kind == Kind::SubmenuEnd) nested = false;
         }
     }
-    for (const ButtonGroupOf<State>& group : panel) {
+    for (const Group& group : panel) {
         for (const ButtonEntryOf<State>& button : group.buttons) {
             if (!addTo(withAlt, button.caption)) return false;
         }

@@ -5,6 +5,7 @@
 #include <Qt>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "app/tool_button.h"
 
@@ -13,18 +14,18 @@ namespace corvane {
 /// What an item needs before it can be used.
 enum class Needs { Nothing, Model, UndoStep };
 
-/// One entry of a menu. An item either runs `run` or presses the button that `press` names; Close
-/// closes the window, Help shows the help box of the entry's own name. A submenu holds what comes
-/// before its end; there are none inside others.
+/// One entry of a menu. An item has one of `run`, `runNamed` and `press`; Close closes the window.
+/// A submenu holds what comes before its end; there are none inside others.
 template <class State>
 struct MenuEntryOf {
-    enum class Kind { Item, Close, Help, Separator, Submenu, SubmenuEnd };
+    enum class Kind { Item, Close, Separator, Submenu, SubmenuEnd };
     Kind kind = Kind::Item;
     const char* name = "";
     const char* caption = "";   ///< with the mnemonic's "&"
     const char* shortcut = "";  ///< as QKeySequence reads it
     void (*run)(State&) = nullptr;
-    const char* press = "";
+    void (*runNamed)(State&, std::string_view name) = nullptr;  ///< called with the entry's name
+    const char* press = "";  ///< the name of a button of the panel
     Needs needs = Needs::Nothing;
     bool (*checked)(const State&) = nullptr;            ///< for items with a check mark
     std::string (*captionNow)(const State&) = nullptr;  ///< for a caption that follows the state

@@ -18,6 +18,7 @@ using Kind = Entry::Kind;
 using Views = std::span<const std::span<const ViewButton>>;
 
 constexpr void (*kRun)(State&) = [](State&) {};
+constexpr void (*kRunNamed)(State&, std::string_view) = [](State&, std::string_view) {};
 constexpr bool (*kChecked)(const State&) = [](const State&) { return true; };
 
 constexpr Entry item(const char* name, const char* caption, const char* shortcut = "") {
@@ -61,10 +62,14 @@ constexpr auto windowWith(Entries... entries) {
     return Window<sizeof...(Entries)>{.entries = {entries...}};
 }
 
-TEST(TableChecksTest, AnItemEitherRunsOrPresses) {
+TEST(TableChecksTest, AnItemDoesOneThing) {
     EXPECT_TRUE(windowWith(item("a", "&A")).isSound());
     EXPECT_TRUE(windowWith(Entry{.name = "a", .caption = "&A", .press = "cmdA"}).isSound());
     EXPECT_FALSE(windowWith(Entry{.name = "a", .caption = "&A"}).isSound());
+    constexpr Entry named = {.name = "a", .caption = "&A", .runNamed = kRunNamed};
+    EXPECT_TRUE(windowWith(named).isSound());
+    constexpr Entry twice = {.name = "a", .caption = "&A", .run = kRun, .runNamed = kRunNamed};
+    EXPECT_FALSE(windowWith(twice).isSound());
     constexpr Entry both = {.name = "a", .caption = "&A", .run = kRun, .press = "cmdA"};
     EXPECT_FALSE(windowWith(both).isSound());
     EXPECT_FALSE(windowWith(Entry{.name = "a", .run = kRun}).isSound());
