@@ -17,20 +17,57 @@ namespace corvane {
 
 namespace {
 
-// Pixels, for the window at its smallest. The pictures stand in a grid of two by two.
-constexpr QSize kPictureSize(209, 201);
-constexpr QPoint kPictureOrigin(8, 8);
-constexpr int kColumnStep = 288;  // from one picture's left edge to the next one's
-constexpr int kRowStep = 224;
+// Pixels.
+constexpr QSize kPictureSize(209, 201);  // in the smallest window
 constexpr int kMargin = 8;
+constexpr int kRowGap = 23;        // between the upper and the lower pictures
 constexpr int kViewColumnGap = 3;  // between a picture and the buttons beside it
+constexpr int kColumnGap = 4;      // between those and what stands to their right
 constexpr int kViewButtonSize = 24;
-constexpr int kTipFrame = 16;      // what the tip's box needs besides its text
+constexpr int kTipFrame = 16;  // what the tip's box needs besides its text
 constexpr int kSelectDelay = 100;  // milliseconds from opening a model until a box selects
 
 QString fileName(const std::string& path) {
     return QFileInfo(QString::fromStdString(path)).fileName();
 }
+
+// Of the window's layout. The pictures take both columns before the panel's.
+enum Row { kPicturesRow, kSlackRow, kGapRow, kTipRow };
+enum Column { kTipColumn, kGapColumn, kPanelColumn };
+
+// A grid in which all that grows is of one size: an odd pixel that two columns or rows would have
+// to share stays empty.
+class EvenGrid : public QGridLayout {
+public:
+    void setGeometry(const QRect& rect) override {
+        const QSize extra = rect.size() - minimumSize();
+        const QSize odd(extra.width() % 2, extra.height() % 2);
+        QGridLayout::setGeometry(QRect(rect.topLeft(), rect.size() - odd));
+    }
+};
+
+// The space below the pictures that a panel higher than they are makes. Without it they would be
+// larger than their first size in the smallest window, by what the font makes of the panel.
+class PanelSlack : public QSpacerItem {
+public:
+    PanelSlack(const QLayout& pictures, const QWidget& panel, const QWidget& tip,
+               const bool& beside)
+        : QSpacerItem(0, 0), pictures_(pictures), panel_(panel), tip_(tip), beside_(beside) {}
+
+    QSize sizeHint() const override {
+        const int tips = beside_ ? kMargin + tip_.sizeHint().height() : 0;
+        const int pictures = pictures_.minimumSize().height();
+        return {0, std::max(0, panel_.sizeHint().height() - pictures - tips)};
+    }
+    QSize minimumSize() const override { return sizeHint(); }
+    QSize maximumSize() const override { return sizeHint(); }
+
+private:
+    const QLayout& pictures_;
+    const QWidget& panel_;
+    const QWidget& tip_;
+    const bool& beside_;  // whether the panel reaches down beside the tip
+};
 
 }  // namespace
 
@@ -45,6 +82,8 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers)
       txtY_(new QLineEdit(toolPanel_)),
       txtZ_(new QLineEdit(toolPanel_)),
       txtTips_(new QLineEdit(central_)),
+      layout_(new QGridLayout(central_)),
+      pictureGrid_(new EvenGrid),
       editor_{.pictures = {pbxFront_->surface(), pbxTop_->surface(), pbxLeft_->surface(),
                            pbxPersp_->surface()},
               .window = *this,
@@ -68,7 +107,7 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers)
 
     for (const Tip& tip : controlTips()) tips_.insert(tip.control, tip.text);
     buildPictures();
-    buildViewButtons();
+    fillPictureGrid();
     buildToolPanel();
     buildTipBox();
     menus_ = addMenus(*this, mainMenus(), editor_, buttons_.byName);
@@ -76,7 +115,7 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers)
     setFocusOrder(focusOrder_);
     watchControls();
 
-    fitMinimumSize();
+    layOut();
     adjustSize();
     updateButtons();
     button("cmdSelect")->setFocus();  // where a stray blank does no harm
@@ -130,21 +169,19 @@ void frmCorvane::connectPicture(PictureBox& picture, View view) {
     };
 }
 
-void frmCorvane::buildViewButtons() {
-    const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
-    for (std::size_t i = 0; i < pictures.size(); ++i) {
-        auto* const column = new QWidget(central_);
-        auto* const grid = new QGridLayout(column);
-        grid->setContentsMargins(0, 0, 0, 0);
-        grid->setSpacing(0);
-        grid->setSizeConstraint(QLayout::SetFixedSize);
-        focusOrder_.push_back(pictures[i]);
-        for (ToolButton* const button : addViewButtons(*grid, viewButtons()[i], editor_,
-                                                       *pictures[i], buttons_, focusOrder_)) {
-            button->setFixedSize(kViewButtonSize, kViewButtonSize);
-        }
-        viewColumns_.push_back(column);
+// The buttons that stand beside a picture.
+QWidget* frmCorvane::buildViewButtons(PictureBox& picture, std::span<const ViewButton> buttons) {
+    auto* const column = new QWidget(central_);
+    auto* const grid = new QGridLayout(column);
+    grid->setContentsMargins(kViewColumnGap, 0, kColumnGap, 0);
+    grid->setSpacing(0);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+    focusOrder_.push_back(&picture);
+    for (ToolButton* const button :
+         addViewButtons(*grid, buttons, editor_, picture, buttons_, focusOrder_)) {
+        button->setFixedSize(kViewButtonSize, kViewButtonSize);
     }
+    return column;
 }
 
 void frmCorvane::buildToolPanel() {
@@ -201,42 +238,46 @@ int frmCorvane::longestTip() const {
     return longest;
 }
 
-// The pictures at their first size and all that stands round them.
-void frmCorvane::fitMinimumSize() {
-    const QSize panel = toolPanel_->sizeHint();
-    const int picturesWidth = kPictureOrigin.x() + 2 * kColumnStep;
-    const int picturesHeight = kPictureOrigin.y() + kRowStep + kPictureSize.height();
-    const int tipsHeight = txtTips_->sizeHint().height() + kMargin;
-    tipsBesidePanel_ = longestTip() + kTipFrame <= picturesWidth - 2 * kMargin;
-    const int height = tipsBesidePanel_
-                           ? std::max(picturesHeight + tipsHeight, kMargin + panel.height())
-                           : std::max(picturesHeight, kMargin + panel.height()) + tipsHeight;
-    central_->setMinimumSize(picturesWidth + panel.width() + kMargin, height + kMargin);
+// The pictures two by two, each with its buttons beside it. They grow alike.
+void frmCorvane::fillPictureGrid() {
+    const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
+    for (int i = 0; i < 4; ++i) {
+        const auto index = static_cast<std::size_t>(i);
+        const int row = i / 2 * 2;  // there is a row between them
+        const int column = i % 2 * 2;
+        pictures[index]->setMinimumSize(kPictureSize);
+        pictureGrid_->addWidget(pictures[index], row, column);
+        pictureGrid_->setRowStretch(row, 1);
+        pictureGrid_->setColumnStretch(column, 1);
+        pictureGrid_->addWidget(buildViewButtons(*pictures[index], viewButtons()[index]), row,
+                                column + 1, Qt::AlignLeft | Qt::AlignTop);
+    }
+    pictureGrid_->setSpacing(0);
+    pictureGrid_->setRowMinimumHeight(1, kRowGap);
 }
 
-// All pictures grow alike; what stands beside them keeps its size.
+// The pictures take all the room that the panel beside them and the tip below leave.
 void frmCorvane::layOut() {
-    const QSize extra = (central_->size() - central_->minimumSize()).expandedTo(QSize(0, 0));
-    const QSize grown(extra.width() / 2, extra.height() / 2);
-    const QSize size = kPictureSize + grown;
-    const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
-    for (std::size_t i = 0; i < pictures.size(); ++i) {
-        const int column = static_cast<int>(i % 2);
-        const int row = static_cast<int>(i / 2);
-        const QPoint corner = kPictureOrigin + QPoint(column * (kColumnStep + grown.width()),
-                                                      row * (kRowStep + grown.height()));
-        pictures[i]->setGeometry(QRect(corner, size));
-        viewColumns_[i]->move(corner + QPoint(size.width() + kViewColumnGap, 0));
-    }
-    const int tipsHeight = txtTips_->sizeHint().height();
-    const int tipsTop = central_->height() - kMargin - tipsHeight;
-    const int panelLeft = kPictureOrigin.x() + 2 * (kColumnStep + grown.width());
-    // Where every tip fits under the pictures the panel beside it may be as high as the window.
-    const int tipsRight = tipsBesidePanel_ ? panelLeft : central_->width();
-    const int panelBottom = tipsBesidePanel_ ? central_->height() : tipsTop;
-    txtTips_->setGeometry(kMargin, tipsTop, tipsRight - 2 * kMargin, tipsHeight);
-    toolPanel_->setGeometry(panelLeft, kMargin, toolPanel_->sizeHint().width(),
-                            panelBottom - 2 * kMargin);
+    layout_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout_->setSpacing(0);
+    layout_->addLayout(pictureGrid_, kPicturesRow, kTipColumn, 1, 2);
+    layout_->addItem(new PanelSlack(*pictureGrid_, *toolPanel_, *txtTips_, tipsBesidePanel_),
+                     kSlackRow, kTipColumn);
+    layout_->setRowMinimumHeight(kGapRow, kMargin);
+    layout_->setRowStretch(kPicturesRow, 1);
+    layout_->setColumnMinimumWidth(kGapColumn, kMargin);
+    layout_->setColumnStretch(kTipColumn, 1);
+    toolPanel_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Minimum);
+    placeTip();
+}
+
+// The panel may be as high as the window where every tip fits under the pictures.
+void frmCorvane::placeTip() {
+    const int room = pictureGrid_->minimumSize().width() - kMargin;
+    tipsBesidePanel_ = longestTip() + kTipFrame <= room;
+    const int panelRows = tipsBesidePanel_ ? kTipRow + 1 : kGapRow;
+    layout_->addWidget(toolPanel_, kPicturesRow, kPanelColumn, panelRows, 1);
+    layout_->addWidget(txtTips_, kTipRow, kTipColumn, 1, tipsBesidePanel_ ? 1 : 3);
 }
 
 bool frmCorvane::isMet(Needs needs) const {
@@ -302,12 +343,7 @@ void frmCorvane::closeEvent(QCloseEvent* event) {
 }
 
 bool frmCorvane::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == central_ && event->type() == QEvent::Resize) layOut();
-    if (watched == central_ && event->type() == QEvent::LayoutRequest) {
-        // The panel or the tip needs another size now: the user chose another font, say.
-        fitMinimumSize();
-        layOut();
-    }
+    if (watched == txtTips_ && event->type() == QEvent::FontChange) placeTip();
     if (isForShortcuts(*event) && qobject_cast<QLineEdit*>(watched) != nullptr) {
         event->ignore();
         return true;

@@ -50,15 +50,16 @@ private:
     void copyText(const std::string& text) override;
 
     void buildPictures();
-    void buildViewButtons();
+    QWidget* buildViewButtons(PictureBox& picture, std::span<const ViewButton> buttons);
+    void fillPictureGrid();
     void buildToolPanel();
     void buildReadouts();
     void buildTipBox();
     void connectPicture(PictureBox& picture, View view);
     void watchControls();
     int longestTip() const;
-    void fitMinimumSize();
     void layOut();
+    void placeTip();
     void updateTitle();
     bool isMet(Needs needs) const;
     ToolButton* button(const char* name) const { return buttons_.byName.value(QString(name)); }
@@ -68,12 +69,13 @@ private:
     PictureBox* pbxTop_;
     PictureBox* pbxLeft_;
     PictureBox* pbxPersp_;
-    std::vector<QWidget*> viewColumns_;  // the buttons beside each picture, in picture order
     QWidget* toolPanel_;
     QLineEdit* txtX_;
     QLineEdit* txtY_;
     QLineEdit* txtZ_;
     QLineEdit* txtTips_;
+    QGridLayout* layout_;
+    QGridLayout* pictureGrid_;
     bool tipsBesidePanel_ = true;  // whether the tip's box ends where the tool panel begins
     QTimer tmrTime_;
     ButtonsOf<Editor> buttons_;
