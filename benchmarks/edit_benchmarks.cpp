@@ -2,11 +2,11 @@
 #include <benchmark/benchmark.h>
 
 #include "bench_editor.h"
+#include "edit/commands/drag_transforms.h"
 #include "edit/commands/tools.h"
 #include "edit/selection.h"
-#include "test_commands.h"
-#include "edit/commands/drag_transforms.h"
 #include "edit/transforms.h"
+#include "test_commands.h"
 #include "views/commands/mouse.h"
 
 namespace corvane {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "model/geoset_sections.h"
 #include "base/numbers.h"
+#include "model/geoset_sections.h"
 
 namespace corvane {
 

@@ -5,8 +5,8 @@
 
 #include "app/picture_box.h"
 #include "app/picture_painter.h"
-#include "redraw_shapes.h"
 #include "editor/run_edit.h"
+#include "redraw_shapes.h"
 #include "views/ortho_view.h"
 
 namespace corvane {

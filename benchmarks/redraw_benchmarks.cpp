@@ -1,6 +1,6 @@
 // The core's share of a redraw of the three views.
-#include "redraw_shapes.h"
 #include "editor/run_edit.h"
+#include "redraw_shapes.h"
 #include "views/ortho_view.h"
 
 namespace corvane {

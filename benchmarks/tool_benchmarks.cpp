@@ -7,10 +7,10 @@
 
 #include "bench_editor.h"
 #include "edit/clone.h"
-#include "edit/selection.h"
 #include "edit/commands/drag_transforms.h"
 #include "edit/commands/tools.h"
 #include "edit/normals.h"
+#include "edit/selection.h"
 #include "test_commands.h"
 
 namespace corvane {

@@ -86,7 +86,7 @@ void scale(UVBench& b) {
     drag(b, TransformMode::Scale, distance);
     distance = -distance;
 }
-void remapFromFront(UVBench& b) { remapSelection(b.uv, b.bench.editor, "Front"); }
+void remapFromFront(UVBench& b) { remapSelection(b.uv, b.bench.editor, RemapPlane::Front); }
 // Every coordinate is another one than in the geoset.
 void save(UVBench& b) {
     for (double& u : b.uv.data.u) u = -u;

@@ -4,12 +4,7 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QGuiApplication>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
@@ -23,13 +18,12 @@ namespace corvane {
 
 namespace {
 
-// Pixels, for the window at its smallest. The pictures stand in a grid of two by two.
-constexpr QSize kPictureSize(209, 201);
-constexpr QPoint kPictureOrigin(8, 8);
-constexpr int kColumnStep = 288;  // from one picture's left edge to the next one's
-constexpr int kRowStep = 224;
+// Pixels.
+constexpr QSize kPictureSize(209, 201);  // in the smallest window
 constexpr int kMargin = 8;
+constexpr int kRowGap = 23;        // between the upper and the lower pictures
 constexpr int kViewColumnGap = 3;  // between a picture and the buttons beside it
+constexpr int kColumnGap = 4;      // between those and what stands to their right
 constexpr int kViewButtonSize = 24;
 constexpr int kTipFrame = 16;      // what the tip's box needs besides its text
 constexpr int kSelectDelay = 100;  // milliseconds from opening a model until a box selects
@@ -37,6 +31,44 @@ constexpr int kSelectDelay = 100;  // milliseconds from opening a model until a 
 QString fileName(const std::string& path) {
     return QFileInfo(QString::fromStdString(path)).fileName();
 }
+
+// Of the window's layout. The pictures take both columns before the panel's.
+enum Row { kPicturesRow, kSlackRow, kGapRow, kTipRow };
+enum Column { kTipColumn, kGapColumn, kPanelColumn };
+
+// A grid in which all that grows is of one size: an odd pixel that two columns or rows would have
+// to share stays empty.
+class EvenGrid : public QGridLayout {
+public:
+    void setGeometry(const QRect& rect) override {
+        const QSize extra = rect.size() - minimumSize();
+        const QSize odd(extra.width() % 2, extra.height() % 2);
+        QGridLayout::setGeometry(QRect(rect.topLeft(), rect.size() - odd));
+    }
+};
+
+// The space below the pictures that a panel higher than they are makes. Without it they would be
+// larger than their first size in the smallest window, by what the font makes of the panel.
+class PanelSlack : public QSpacerItem {
+public:
+    PanelSlack(const QLayout& pictures, const QWidget& panel, const QWidget& tip,
+               const bool& beside)
+        : QSpacerItem(0, 0), pictures_(pictures), panel_(panel), tip_(tip), beside_(beside) {}
+
+    QSize sizeHint() const override {
+        const int tips = beside_ ? kMargin + tip_.sizeHint().height() : 0;
+        const int pictures = pictures_.minimumSize().height();
+        return {0, std::max(0, panel_.sizeHint().height() - pictures - tips)};
+    }
+    QSize minimumSize() const override { return sizeHint(); }
+    QSize maximumSize() const override { return sizeHint(); }
+
+private:
+    const QLayout& pictures_;
+    const QWidget& panel_;
+    const QWidget& tip_;
+    const bool& beside_;  // whether the panel reaches down beside the tip
+};
 
 }  // namespace
 
@@ -51,6 +83,8 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers)
       txtY_(new QLineEdit(toolPanel_)),
       txtZ_(new QLineEdit(toolPanel_)),
       txtTips_(new QLineEdit(central_)),
+      layout_(new QGridLayout(central_)),
+      pictureGrid_(new EvenGrid),
       editor_{.pictures = {pbxFront_->surface(), pbxTop_->surface(), pbxLeft_->surface(),
                            pbxPersp_->surface()},
               .window = *this,
@@ -66,15 +100,15 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers)
 
     for (const Tip& tip : controlTips()) tips_.insert(tip.control, tip.text);
     buildPictures();
-    buildViewButtons();
+    fillPictureGrid();
     buildToolPanel();
-    txtTips_->setObjectName("txtTips");
-    txtTips_->setAccessibleName(tr("Tip"));
-    txtTips_->setReadOnly(true);
-    buildMenus();
-    finishControls();
+    buildTipBox();
+    menus_ = addMenus(*this, mainMenus(), editor_, buttons_.byName);
+    // The tab order follows the eye: pictures with their buttons, the tool panel, the tip.
+    setFocusOrder(focusOrder_);
+    watchControls();
 
-    fitMinimumSize();
+    layOut();
     adjustSize();
     updateButtons();
     button("cmdSelect")->setFocus();  // where a stray blank does no harm
@@ -126,47 +160,19 @@ void frmCorvane::connectPicture(PictureBox& picture, View view) {
     picture.onResize = [this, view] { updateView(editor_, view); };
 }
 
-void frmCorvane::buildViewButtons() {
-    const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
-    for (std::size_t i = 0; i < pictures.size(); ++i) {
-        auto* const column = new QWidget(central_);
-        auto* const grid = new QGridLayout(column);
-        grid->setContentsMargins(0, 0, 0, 0);
-        grid->setSpacing(0);
-        grid->setSizeConstraint(QLayout::SetFixedSize);
-        QHash<int, ToolButton*> keys;
-        for (const ViewButton& entry : viewButtons()[i]) {
-            auto* const button = new ToolButton(column);
-            button->setObjectName(entry.name);
-            button->setAccessibleName(tr(entry.accessibleName));
-            button->setToolTip(tr(entry.accessibleName));
-            button->setText(entry.caption);
-            button->setArrow(entry.arrow);
-            button->setFixedSize(kViewButtonSize, kViewButtonSize);
-            connect(button, &QPushButton::clicked, this, [this, run = entry.run] { run(editor_); });
-            grid->addWidget(button, entry.row, entry.column);
-            buttons_.insert(entry.name, button);
-
-            const std::array<std::pair<Qt::ArrowType, int>, 4> arrowKeys = {{
-                {Qt::UpArrow, Qt::Key_Up},
-                {Qt::DownArrow, Qt::Key_Down},
-                {Qt::LeftArrow, Qt::Key_Left},
-                {Qt::RightArrow, Qt::Key_Right},
-            }};
-            for (const auto& [arrow, key] : arrowKeys) {
-                if (entry.arrow == arrow) keys.insert(key, button);
-            }
-            if (*entry.caption == '+') keys.insert(Qt::Key_Plus, button);
-            if (*entry.caption == '-') keys.insert(Qt::Key_Minus, button);
-        }
-        // A picture that has the focus passes its keys to the buttons beside it.
-        pictures[i]->onKey = [keys](int key) {
-            ToolButton* const button = keys.value(key);
-            if (button != nullptr) button->click();
-            return button != nullptr;
-        };
-        viewColumns_.push_back(column);
+// The buttons that stand beside a picture.
+QWidget* frmCorvane::buildViewButtons(PictureBox& picture, std::span<const ViewButton> buttons) {
+    auto* const column = new QWidget(central_);
+    auto* const grid = new QGridLayout(column);
+    grid->setContentsMargins(kViewColumnGap, 0, kColumnGap, 0);
+    grid->setSpacing(0);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+    focusOrder_.push_back(&picture);
+    for (ToolButton* const button :
+         addViewButtons(*grid, buttons, editor_, picture, buttons_, focusOrder_)) {
+        button->setFixedSize(kViewButtonSize, kViewButtonSize);
     }
+    return column;
 }
 
 void frmCorvane::buildToolPanel() {
@@ -174,111 +180,38 @@ void frmCorvane::buildToolPanel() {
     panelLayout->setContentsMargins(0, 0, 0, 0);
     panelLayout->setSpacing(4);
     for (const ButtonGroup& group : toolPanel()) {
-        auto* const box = new QGroupBox(tr(group.caption), toolPanel_);
-        auto* const grid = new QGridLayout(box);
-        grid->setContentsMargins(4, 4, 4, 4);
-        grid->setSpacing(2);
-        for (const ButtonEntry& entry : group.buttons) {
-            auto* const button = new ToolButton(box);
-            button->setObjectName(entry.name);
-            button->setAccessibleName(tr(entry.accessibleName));
-            button->setText(tr(entry.caption));
-            button->setMinimumWidth(button->fontMetrics().horizontalAdvance("MMM"));
-            connect(button, &QPushButton::clicked, this, [this, run = entry.run] { run(editor_); });
-            grid->addWidget(button, entry.row, entry.column);
-            buttons_.insert(entry.name, button);
-        }
-        panelLayout->addWidget(box);
+        QGridLayout& grid = addGroup(*toolPanel_, tr(group.caption));
+        addButtons(grid, group.buttons, editor_, buttons_, focusOrder_);
     }
-    buildReadouts(*toolPanel_);
+    for (const auto& [button, entry] : buttons_.panel) {
+        button->setMinimumWidth(button->fontMetrics().horizontalAdvance("MMM"));
+    }
+    buildReadouts();
     panelLayout->addStretch();
 }
 
-void frmCorvane::buildReadouts(QWidget& panel) {
-    auto* const box = new QGroupBox(tr("Under the mouse"), &panel);
-    auto* const grid = new QGridLayout(box);
-    grid->setContentsMargins(4, 4, 4, 4);
-    grid->setSpacing(2);
+void frmCorvane::buildReadouts() {
+    QGridLayout& grid = addGroup(*toolPanel_, tr("Under the mouse"));
     const std::array<std::pair<QLineEdit*, const char*>, 3> readouts = {
         {{txtX_, "X"}, {txtY_, "Y"}, {txtZ_, "Z"}}};
     int row = 0;
     for (const auto& [text, letter] : readouts) {
         text->setObjectName(QStringLiteral("txt") + letter);
         text->setAccessibleName(tr("%1 coordinate under the mouse").arg(letter));
-        text->setReadOnly(true);
-        text->setMinimumWidth(text->fontMetrics().horizontalAdvance("-00000.000 "));
-        grid->addWidget(new QLabel(letter, box), row, 0);
-        grid->addWidget(text, row, 1);
-        ++row;
-    }
-    panel.layout()->addWidget(box);
-}
-
-void frmCorvane::buildMenus() {
-    for (const MenuTable& table : mainMenus()) {
-        QMenu* const menu = menuBar()->addMenu(tr(table.caption));
-        menu->setObjectName(table.name);
-        menu->menuAction()->setObjectName(table.name);
-        menus_.emplace_back(menu, table.needs);
-        QMenu* current = menu;
-        for (const MenuEntry& entry : table.entries) {
-            switch (entry.kind) {
-                case MenuEntry::Kind::Separator:
-                    current->addSeparator();
-                    break;
-                case MenuEntry::Kind::Submenu:
-                    current = menu->addMenu(tr(entry.caption));
-                    current->setObjectName(entry.name);
-                    current->menuAction()->setObjectName(entry.name);
-                    break;
-                case MenuEntry::Kind::SubmenuEnd:
-                    current = menu;
-                    break;
-                case MenuEntry::Kind::Item:
-                case MenuEntry::Kind::Help:
-                    items_.emplace_back(addEntry(*current, entry), &entry);
-                    break;
-            }
-        }
+        addReadout(grid, row++, *text, letter, "-00000.000 ");
+        focusOrder_.push_back(text);
     }
 }
 
-QAction* frmCorvane::addEntry(QMenu& menu, const MenuEntry& entry) {
-    QAction* const action = menu.addAction(tr(entry.caption));
-    action->setObjectName(entry.name);
-    action->setShortcut(QKeySequence(QString(entry.shortcut)));
-    action->setCheckable(entry.checked != nullptr);
-    const QString press(entry.press);
-    if (entry.kind == MenuEntry::Kind::Help) {
-        connect(action, &QAction::triggered, this,
-                [this, name = entry.name] { showHelp(editor_, name); });
-    } else if (!press.isEmpty()) {
-        connect(action, &QAction::triggered, button(entry.press), &QPushButton::click);
-    } else if (entry.run != nullptr) {
-        connect(action, &QAction::triggered, this, [this, run = entry.run] { run(editor_); });
-    } else {
-        connect(action, &QAction::triggered, this, &QWidget::close);
-    }
-    return action;
+void frmCorvane::buildTipBox() {
+    txtTips_->setObjectName("txtTips");
+    txtTips_->setAccessibleName(tr("Tip"));
+    txtTips_->setReadOnly(true);
+    focusOrder_.push_back(txtTips_);
 }
 
-// The tab order follows the eye: pictures with their buttons, the tool panel, the tip.
-void frmCorvane::finishControls() {
-    const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
-    QWidget* previous = nullptr;
-    const auto append = [&](QWidget* widget) {
-        if (previous != nullptr) setTabOrder(previous, widget);
-        previous = widget;
-    };
-    for (std::size_t i = 0; i < pictures.size(); ++i) {
-        append(pictures[i]);
-        for (const ViewButton& entry : viewButtons()[i]) append(button(entry.name));
-    }
-    for (const ButtonGroup& group : toolPanel()) {
-        for (const ButtonEntry& entry : group.buttons) append(button(entry.name));
-    }
-    for (QLineEdit* const text : {txtX_, txtY_, txtZ_, txtTips_}) append(text);
-
+// The mouse shows tips wherever it goes.
+void frmCorvane::watchControls() {
     central_->setMouseTracking(true);
     central_->installEventFilter(this);
     for (QWidget* const widget : central_->findChildren<QWidget*>()) {
@@ -296,42 +229,46 @@ int frmCorvane::longestTip() const {
     return longest;
 }
 
-// The pictures at their first size and all that stands round them.
-void frmCorvane::fitMinimumSize() {
-    const QSize panel = toolPanel_->sizeHint();
-    const int picturesWidth = kPictureOrigin.x() + 2 * kColumnStep;
-    const int picturesHeight = kPictureOrigin.y() + kRowStep + kPictureSize.height();
-    const int tipsHeight = txtTips_->sizeHint().height() + kMargin;
-    tipsBesidePanel_ = longestTip() + kTipFrame <= picturesWidth - 2 * kMargin;
-    const int height = tipsBesidePanel_
-                           ? std::max(picturesHeight + tipsHeight, kMargin + panel.height())
-                           : std::max(picturesHeight, kMargin + panel.height()) + tipsHeight;
-    central_->setMinimumSize(picturesWidth + panel.width() + kMargin, height + kMargin);
+// The pictures two by two, each with its buttons beside it. They grow alike.
+void frmCorvane::fillPictureGrid() {
+    const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
+    for (int i = 0; i < 4; ++i) {
+        const auto index = static_cast<std::size_t>(i);
+        const int row = i / 2 * 2;  // there is a row between them
+        const int column = i % 2 * 2;
+        pictures[index]->setMinimumSize(kPictureSize);
+        pictureGrid_->addWidget(pictures[index], row, column);
+        pictureGrid_->setRowStretch(row, 1);
+        pictureGrid_->setColumnStretch(column, 1);
+        pictureGrid_->addWidget(buildViewButtons(*pictures[index], viewButtons()[index]), row,
+                                column + 1, Qt::AlignLeft | Qt::AlignTop);
+    }
+    pictureGrid_->setSpacing(0);
+    pictureGrid_->setRowMinimumHeight(1, kRowGap);
 }
 
-// All pictures grow alike; what stands beside them keeps its size.
+// The pictures take all the room that the panel beside them and the tip below leave.
 void frmCorvane::layOut() {
-    const QSize extra = (central_->size() - central_->minimumSize()).expandedTo(QSize(0, 0));
-    const QSize grown(extra.width() / 2, extra.height() / 2);
-    const QSize size = kPictureSize + grown;
-    const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
-    for (std::size_t i = 0; i < pictures.size(); ++i) {
-        const int column = static_cast<int>(i % 2);
-        const int row = static_cast<int>(i / 2);
-        const QPoint corner = kPictureOrigin + QPoint(column * (kColumnStep + grown.width()),
-                                                      row * (kRowStep + grown.height()));
-        pictures[i]->setGeometry(QRect(corner, size));
-        viewColumns_[i]->move(corner + QPoint(size.width() + kViewColumnGap, 0));
-    }
-    const int tipsHeight = txtTips_->sizeHint().height();
-    const int tipsTop = central_->height() - kMargin - tipsHeight;
-    const int panelLeft = kPictureOrigin.x() + 2 * (kColumnStep + grown.width());
-    // Where every tip fits under the pictures the panel beside it may be as high as the window.
-    const int tipsRight = tipsBesidePanel_ ? panelLeft : central_->width();
-    const int panelBottom = tipsBesidePanel_ ? central_->height() : tipsTop;
-    txtTips_->setGeometry(kMargin, tipsTop, tipsRight - 2 * kMargin, tipsHeight);
-    toolPanel_->setGeometry(panelLeft, kMargin, toolPanel_->sizeHint().width(),
-                            panelBottom - 2 * kMargin);
+    layout_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout_->setSpacing(0);
+    layout_->addLayout(pictureGrid_, kPicturesRow, kTipColumn, 1, 2);
+    layout_->addItem(new PanelSlack(*pictureGrid_, *toolPanel_, *txtTips_, tipsBesidePanel_),
+                     kSlackRow, kTipColumn);
+    layout_->setRowMinimumHeight(kGapRow, kMargin);
+    layout_->setRowStretch(kPicturesRow, 1);
+    layout_->setColumnMinimumWidth(kGapColumn, kMargin);
+    layout_->setColumnStretch(kTipColumn, 1);
+    toolPanel_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Minimum);
+    placeTip();
+}
+
+// The panel may be as high as the window where every tip fits under the pictures.
+void frmCorvane::placeTip() {
+    const int room = pictureGrid_->minimumSize().width() - kMargin;
+    tipsBesidePanel_ = longestTip() + kTipFrame <= room;
+    const int panelRows = tipsBesidePanel_ ? kTipRow + 1 : kGapRow;
+    layout_->addWidget(toolPanel_, kPicturesRow, kPanelColumn, panelRows, 1);
+    layout_->addWidget(txtTips_, kTipRow, kTipColumn, 1, tipsBesidePanel_ ? 1 : 3);
 }
 
 bool frmCorvane::isMet(Needs needs) const {
@@ -347,22 +284,10 @@ bool frmCorvane::isMet(Needs needs) const {
 }
 
 void frmCorvane::updateButtons() {
-    for (const ButtonGroup& group : toolPanel()) {
-        for (const ButtonEntry& entry : group.buttons) {
-            if (entry.colour != nullptr) button(entry.name)->setBackColour(entry.colour(editor_));
-        }
-    }
+    showState(buttons_, editor_);
     button("cmdSnap")->setEnabled(editor_.modes.editButtonsEnabled);
     button("cmdDelete")->setEnabled(editor_.modes.editButtonsEnabled);
-    for (const auto& [menu, needs] : menus_) menu->menuAction()->setEnabled(isMet(needs));
-    for (const auto& [action, entry] : items_) {
-        const ToolButton* const pressed = button(entry->press);
-        action->setEnabled(isMet(entry->needs) && (pressed == nullptr || pressed->isEnabled()));
-        if (entry->checked != nullptr) action->setChecked(entry->checked(editor_));
-        if (entry->needs == Needs::UndoStep) {
-            action->setText('&' + QString::fromStdString(undoCaption(editor_.undo)));
-        }
-    }
+    showState(menus_, editor_, buttons_.byName, [this](Needs needs) { return isMet(needs); });
     for (PictureBox* const picture : {pbxFront_, pbxTop_, pbxLeft_}) {
         picture->setEnabled(editor_.store.modelLoaded);
     }
@@ -409,16 +334,8 @@ void frmCorvane::closeEvent(QCloseEvent* event) {
 }
 
 bool frmCorvane::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == central_ && event->type() == QEvent::Resize) layOut();
-    if (watched == central_ && event->type() == QEvent::LayoutRequest) {
-        // The panel or the tip needs another size now: the user chose another font, say.
-        fitMinimumSize();
-        layOut();
-    }
-    // A text box that has the focus must not keep the window's shortcuts to itself. Nothing can be
-    // typed into these.
-    if (event->type() == QEvent::ShortcutOverride && qobject_cast<QLineEdit*>(watched) != nullptr &&
-        !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+    if (watched == txtTips_ && event->type() == QEvent::FontChange) placeTip();
+    if (isForShortcuts(*event) && qobject_cast<QLineEdit*>(watched) != nullptr) {
         event->ignore();
         return true;
     }

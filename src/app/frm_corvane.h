@@ -10,7 +10,7 @@
 #include "app/frm_uv_editor.h"
 #include "app/main_window_tables.h"
 #include "app/picture_box.h"
-#include "app/tool_button.h"
+#include "app/window_builder.h"
 #include "editor/editor.h"
 
 namespace corvane {
@@ -49,38 +49,39 @@ private:
     void showTextureEditor(UVData data) override;
     void copyText(const std::string& text) override;
 
-    void buildMenus();
-    QAction* addEntry(QMenu& menu, const MenuEntry& entry);
     void buildPictures();
-    void buildViewButtons();
+    QWidget* buildViewButtons(PictureBox& picture, std::span<const ViewButton> buttons);
+    void fillPictureGrid();
     void buildToolPanel();
-    void buildReadouts(QWidget& panel);
+    void buildReadouts();
+    void buildTipBox();
     void connectPicture(PictureBox& picture, View view);
-    void finishControls();
+    void watchControls();
     int longestTip() const;
-    void fitMinimumSize();
     void layOut();
+    void placeTip();
     void updateTitle();
     bool isMet(Needs needs) const;
-    ToolButton* button(const char* name) const { return buttons_.value(QString(name)); }
+    ToolButton* button(const char* name) const { return buttons_.byName.value(QString(name)); }
 
     QWidget* central_;
     PictureBox* pbxFront_;
     PictureBox* pbxTop_;
     PictureBox* pbxLeft_;
     PictureBox* pbxPersp_;
-    std::vector<QWidget*> viewColumns_;  // the buttons beside each picture, in picture order
     QWidget* toolPanel_;
     QLineEdit* txtX_;
     QLineEdit* txtY_;
     QLineEdit* txtZ_;
     QLineEdit* txtTips_;
+    QGridLayout* layout_;
+    QGridLayout* pictureGrid_;
     bool tipsBesidePanel_ = true;  // whether the tip's box ends where the tool panel begins
     QTimer tmrTime_;
-    QHash<QString, ToolButton*> buttons_;
-    QHash<QString, QString> tips_;  // by control name
-    std::vector<std::pair<QAction*, const MenuEntry*>> items_;
-    std::vector<std::pair<QMenu*, Needs>> menus_;
+    ButtonsOf<Editor> buttons_;
+    MenusOf<Editor> menus_;
+    std::vector<QWidget*> focusOrder_;  // for the tab key
+    QHash<QString, QString> tips_;      // by control name
     Editor editor_;
     std::unique_ptr<frmUVEditor> textureEditor_;  // made when it is first asked for
 };

@@ -3,13 +3,12 @@
 #pragma once
 
 #include <QComboBox>
-#include <QGridLayout>
 #include <QLineEdit>
 #include <QMainWindow>
-#include <functional>
 
 #include "app/picture_box.h"
-#include "app/tool_button.h"
+#include "app/uv_window_tables.h"
+#include "app/window_builder.h"
 #include "editor/editor.h"
 #include "uveditor/commands/uv_editor.h"
 
@@ -39,12 +38,10 @@ private:
     void updateButtons() override;
     std::string loadPicture(const std::string& path) override;
 
-    void buildMenus();
-    void buildPanel();
     void connectView();
-    void setFocusOrder();
-    void addTool(QGridLayout& grid, const char* name, const char* caption, int row, int column,
-                 std::function<void()> run);
+    void buildPanel();
+    void addPlanes(QGridLayout& grid);
+    void addReadouts(QGridLayout& grid);
 
     Editor& main_;
     PictureBox* pbxUVView_;
@@ -53,6 +50,9 @@ private:
     QLineEdit* txtUVX_;
     QLineEdit* txtUVY_;
     UVEditor uv_;
+    UVCommands commands_;
+    ButtonsOf<UVCommands> buttons_;
+    std::vector<QWidget*> focusOrder_;  // for the tab key
 };
 
 }  // namespace corvane

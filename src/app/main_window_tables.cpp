@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "app/table_checks.h"
 #include "edit/commands/tools.h"
 #include "edit/deletion.h"
 #include "edit/normals.h"
@@ -45,7 +46,7 @@ constexpr MenuEntry pressing(const char* name, const char* caption, const char* 
 
 // An item that shows the help box of the same name.
 constexpr MenuEntry helpItem(const char* name, const char* caption) {
-    return {.kind = Kind::Help, .name = name, .caption = caption};
+    return {.name = name, .caption = caption, .runNamed = showHelp};
 }
 
 constexpr std::array kFileMenu = {
@@ -81,7 +82,7 @@ constexpr std::array kFileMenu = {
               .run = deleteCurrentGeoset,
               .needs = Needs::Model},
     kSeparator,
-    MenuEntry{.name = "mnuExit", .caption = "E&xit", .shortcut = "Ctrl+Q"},
+    MenuEntry{.kind = Kind::Close, .name = "mnuExit", .caption = "E&xit", .shortcut = "Ctrl+Q"},
 };
 
 constexpr std::array kEditMenu = {
@@ -89,10 +90,13 @@ constexpr std::array kEditMenu = {
               .caption = "&Undo",
               .shortcut = "Ctrl+Z",
               .run = undoLast,
-              .needs = Needs::UndoStep},
+              .needs = Needs::UndoStep,
+              .captionNow = [](const Editor& editor) { return '&' + undoCaption(editor.undo); }},
     kSeparator,
-    MenuEntry{
-        .name = "mnuSelectAll", .caption = "Select &All", .shortcut = "Ctrl+A", .run = edit<"Select All", selectAll>},
+    MenuEntry{.name = "mnuSelectAll",
+              .caption = "Select &All",
+              .shortcut = "Ctrl+A",
+              .run = edit<"Select All", selectAll>},
     MenuEntry{.name = "mnuInvertSelection",
               .caption = "&Invert Selection",
               .shortcut = "Ctrl+I",
@@ -135,7 +139,8 @@ constexpr std::array kToolsMenu = {
     kSeparator,
     item("mnuExpandSelection", "&Expand Selection", edit<"Selection", expandSelection>, "Ctrl+E"),
     kSeparator,
-    item("mnuRecalculateNormals", "&Recalculate Normals", edit<"Recalculate Normals", recalculateNormals>),
+    item("mnuRecalculateNormals", "&Recalculate Normals",
+         edit<"Recalculate Normals", recalculateNormals>),
     item("mnuSnapNormals", "Snap &Normals", snapNormals),
     kSeparator,
     submenu("mnuMirror", "&Mirror"),
@@ -199,8 +204,7 @@ constexpr std::array kHelpMenu = {
     kSeparator,
     MenuEntry{.name = "mnuEnableTips",
               .caption = "Enable T&ips",
-              .run =
-                  toggleTips,
+              .run = toggleTips,
               .checked = [](const Editor& editor) { return editor.modes.tipsEnabled; }},
     kSeparator,
     helpItem("mnuAbout", "&About"),
@@ -214,49 +218,66 @@ constexpr std::array<MenuTable, 5> kMenus = {{
     {"mnuHelp", "&Help", Needs::Nothing, kHelpMenu},
 }};
 
-template <auto Mode>
-constexpr Colour (*modeColour)(const Editor&) =
-    [](const Editor& editor) { return colourOf(editor.modes, Mode); };
+template <SelectMode Mode>
+ButtonLook selectLook(const Editor& editor) {
+    const bool on = editor.modes.selectMode == Mode;
+    return {on ? Look::On : Look::Plain, colourOf(editor.modes, Mode)};
+}
+
+template <TransformMode Mode>
+ButtonLook transformLook(const Editor& editor) {
+    const bool on = editor.modes.transformMode == Mode;
+    return {on ? Look::On : Look::Plain, colourOf(editor.modes, Mode)};
+}
+
+template <bool ToolModes::*Active>
+ButtonLook axisLook(const Editor& editor) {
+    const bool active = editor.modes.*Active;
+    return {active ? Look::Plain : Look::Off, axisColour(active)};
+}
+
+ButtonLook cloneLook(const Editor& editor) {
+    return {editor.modes.cloneMode ? Look::On : Look::Plain, cloneColour(editor.modes)};
+}
 
 constexpr std::array kSelectButtons = {
     ButtonEntry{"cmdSelect", "&Select", "Select mode", 0, 0,
                 [](Editor& editor) { setSelectMode(editor, SelectMode::Select); },
-                modeColour<SelectMode::Select>},
+                selectLook<SelectMode::Select>},
     ButtonEntry{"cmdAdd", "&Add", "Add to selection mode", 1, 0,
                 [](Editor& editor) { setSelectMode(editor, SelectMode::Add); },
-                modeColour<SelectMode::Add>},
+                selectLook<SelectMode::Add>},
     ButtonEntry{"cmdDeselect", "&Deselect", "Deselect mode", 2, 0,
                 [](Editor& editor) { setSelectMode(editor, SelectMode::Deselect); },
-                modeColour<SelectMode::Deselect>},
+                selectLook<SelectMode::Deselect>},
 };
 
 constexpr std::array kTransformButtons = {
     ButtonEntry{"cmdMove", "&Move", "Move mode", 0, 0,
                 [](Editor& editor) { setTransformMode(editor, TransformMode::Move); },
-                modeColour<TransformMode::Move>},
+                transformLook<TransformMode::Move>},
     ButtonEntry{"cmdRotate", "&Rotate", "Rotate mode", 1, 0,
                 [](Editor& editor) { setTransformMode(editor, TransformMode::Rotate); },
-                modeColour<TransformMode::Rotate>},
+                transformLook<TransformMode::Rotate>},
     ButtonEntry{"cmdScale", "S&cale", "Scale mode", 2, 0,
                 [](Editor& editor) { setTransformMode(editor, TransformMode::Scale); },
-                modeColour<TransformMode::Scale>},
+                transformLook<TransformMode::Scale>},
     ButtonEntry{"cmdExtrude", "E&xtrude", "Extrude mode", 3, 0,
                 [](Editor& editor) { setTransformMode(editor, TransformMode::Extrude); },
-                modeColour<TransformMode::Extrude>},
-    ButtonEntry{"cmdClone", "Clo&ne", "Clone mode", 4, 0, toggleClone,
-                [](const Editor& editor) { return cloneColour(editor.modes); }},
+                transformLook<TransformMode::Extrude>},
+    ButtonEntry{"cmdClone", "Clo&ne", "Clone mode", 4, 0, toggleClone, cloneLook},
 };
 
 constexpr std::array kAxisButtons = {
     ButtonEntry{"cmdActivateX", "X", "X axis active", 0, 0,
                 [](Editor& editor) { toggleActive(editor, Axis::X); },
-                [](const Editor& editor) { return axisColour(editor.modes.activeX); }},
+                axisLook<&ToolModes::activeX>},
     ButtonEntry{"cmdActivateY", "Y", "Y axis active", 0, 1,
                 [](Editor& editor) { toggleActive(editor, Axis::Y); },
-                [](const Editor& editor) { return axisColour(editor.modes.activeY); }},
+                axisLook<&ToolModes::activeY>},
     ButtonEntry{"cmdActivateZ", "Z", "Z axis active", 0, 2,
                 [](Editor& editor) { toggleActive(editor, Axis::Z); },
-                [](const Editor& editor) { return axisColour(editor.modes.activeZ); }},
+                axisLook<&ToolModes::activeZ>},
 };
 
 constexpr std::array kEditButtons = {
@@ -278,36 +299,36 @@ void panBy(Editor& editor) {
 }
 
 constexpr std::array<ViewButton, 6> kFrontButtons = {{
-    {"cmdZoomInFront", "Zoom in, front view", "+", Qt::NoArrow, 0, 0,
+    {"cmdZoomInFront", "Zoom in, front view", kPlus, 0, 0,
      [](Editor& editor) { zoomIn(editor, View::Front); }},
-    {"cmdZoomOutFront", "Zoom out, front view", "-", Qt::NoArrow, 0, 2,
+    {"cmdZoomOutFront", "Zoom out, front view", kMinus, 0, 2,
      [](Editor& editor) { zoomOut(editor, View::Front); }},
-    {"cmdPanUF", "Look up, front view", "", Qt::UpArrow, 1, 1, panBy<View::Front, 0, 1>},
-    {"cmdPanLF", "Look left, front view", "", Qt::LeftArrow, 2, 0, panBy<View::Front, 1, 0>},
-    {"cmdPanRF", "Look right, front view", "", Qt::RightArrow, 2, 2, panBy<View::Front, -1, 0>},
-    {"cmdPanDF", "Look down, front view", "", Qt::DownArrow, 3, 1, panBy<View::Front, 0, -1>},
+    {"cmdPanUF", "Look up, front view", kUp, 1, 1, panBy<View::Front, 0, 1>},
+    {"cmdPanLF", "Look left, front view", kLeft, 2, 0, panBy<View::Front, 1, 0>},
+    {"cmdPanRF", "Look right, front view", kRight, 2, 2, panBy<View::Front, -1, 0>},
+    {"cmdPanDF", "Look down, front view", kDown, 3, 1, panBy<View::Front, 0, -1>},
 }};
 
 constexpr std::array<ViewButton, 6> kTopButtons = {{
-    {"cmdZoomInTop", "Zoom in, top view", "+", Qt::NoArrow, 0, 0,
+    {"cmdZoomInTop", "Zoom in, top view", kPlus, 0, 0,
      [](Editor& editor) { zoomIn(editor, View::Top); }},
-    {"cmdZoomOutTop", "Zoom out, top view", "-", Qt::NoArrow, 0, 2,
+    {"cmdZoomOutTop", "Zoom out, top view", kMinus, 0, 2,
      [](Editor& editor) { zoomOut(editor, View::Top); }},
-    {"cmdPanUT", "Look up, top view", "", Qt::UpArrow, 1, 1, panBy<View::Top, 0, 1>},
-    {"cmdPanLT", "Look left, top view", "", Qt::LeftArrow, 2, 0, panBy<View::Top, 1, 0>},
-    {"cmdPanRT", "Look right, top view", "", Qt::RightArrow, 2, 2, panBy<View::Top, -1, 0>},
-    {"cmdPanDT", "Look down, top view", "", Qt::DownArrow, 3, 1, panBy<View::Top, 0, -1>},
+    {"cmdPanUT", "Look up, top view", kUp, 1, 1, panBy<View::Top, 0, 1>},
+    {"cmdPanLT", "Look left, top view", kLeft, 2, 0, panBy<View::Top, 1, 0>},
+    {"cmdPanRT", "Look right, top view", kRight, 2, 2, panBy<View::Top, -1, 0>},
+    {"cmdPanDT", "Look down, top view", kDown, 3, 1, panBy<View::Top, 0, -1>},
 }};
 
 constexpr std::array<ViewButton, 6> kLeftButtons = {{
-    {"cmdZoomInLeft", "Zoom in, left view", "+", Qt::NoArrow, 0, 0,
+    {"cmdZoomInLeft", "Zoom in, left view", kPlus, 0, 0,
      [](Editor& editor) { zoomIn(editor, View::Left); }},
-    {"cmdZoomOutLeft", "Zoom out, left view", "-", Qt::NoArrow, 0, 2,
+    {"cmdZoomOutLeft", "Zoom out, left view", kMinus, 0, 2,
      [](Editor& editor) { zoomOut(editor, View::Left); }},
-    {"cmdPanUL", "Look up, left view", "", Qt::UpArrow, 1, 1, panBy<View::Left, 0, 1>},
-    {"cmdPanLL", "Look left, left view", "", Qt::LeftArrow, 2, 0, panBy<View::Left, 1, 0>},
-    {"cmdPanRL", "Look right, left view", "", Qt::RightArrow, 2, 2, panBy<View::Left, -1, 0>},
-    {"cmdPanDL", "Look down, left view", "", Qt::DownArrow, 3, 1, panBy<View::Left, 0, -1>},
+    {"cmdPanUL", "Look up, left view", kUp, 1, 1, panBy<View::Left, 0, 1>},
+    {"cmdPanLL", "Look left, left view", kLeft, 2, 0, panBy<View::Left, 1, 0>},
+    {"cmdPanRL", "Look right, left view", kRight, 2, 2, panBy<View::Left, -1, 0>},
+    {"cmdPanDL", "Look down, left view", kDown, 3, 1, panBy<View::Left, 0, -1>},
 }};
 
 // One press: model units for the offset and the distance, degrees for the turn.
@@ -315,15 +336,15 @@ constexpr int kPerspectiveStep = 2;
 constexpr int kPerspectiveTurn = 10;
 
 constexpr std::array<ViewButton, 5> kPerspectiveButtons = {{
-    {"cmdPerspZoomIn", "Zoom in, perspective view", "+", Qt::NoArrow, 0, 0,
+    {"cmdPerspZoomIn", "Zoom in, perspective view", kPlus, 0, 0,
      [](Editor& editor) { zoomPerspective(editor, -kPerspectiveStep); }},
-    {"cmdPerspZoomOut", "Zoom out, perspective view", "-", Qt::NoArrow, 0, 2,
+    {"cmdPerspZoomOut", "Zoom out, perspective view", kMinus, 0, 2,
      [](Editor& editor) { zoomPerspective(editor, kPerspectiveStep); }},
-    {"cmdPerspUp", "Look up, perspective view", "", Qt::UpArrow, 1, 1,
+    {"cmdPerspUp", "Look up, perspective view", kUp, 1, 1,
      [](Editor& editor) { raisePerspective(editor, -kPerspectiveStep); }},
-    {"Command1", "Turn, perspective view", "", Qt::RightArrow, 2, 2,
+    {"Command1", "Turn, perspective view", kRight, 2, 2,
      [](Editor& editor) { turnPerspective(editor, kPerspectiveTurn); }},
-    {"cmdPerspDown", "Look down, perspective view", "", Qt::DownArrow, 3, 1,
+    {"cmdPerspDown", "Look down, perspective view", kDown, 3, 1,
      [](Editor& editor) { raisePerspective(editor, kPerspectiveStep); }},
 }};
 
@@ -331,12 +352,21 @@ constexpr std::array<std::span<const ViewButton>, 4> kViewButtons = {
     std::span<const ViewButton>(kFrontButtons), std::span<const ViewButton>(kTopButtons),
     std::span<const ViewButton>(kLeftButtons), std::span<const ViewButton>(kPerspectiveButtons)};
 
+constexpr std::span<const MenuTable> kAllMenus = kMenus;
+constexpr std::span<const ButtonGroup> kAllGroups = kToolPanel;
+constexpr std::span<const std::span<const ViewButton>> kAllViews = kViewButtons;
+static_assert(entriesAreSound(kAllMenus), "an entry lacks what it does, or has too much");
+static_assert(pressesAreKnown(kAllMenus, kAllGroups), "an item presses no button");
+static_assert(namesDiffer(kAllMenus, kAllGroups, kAllViews), "a name is there twice or missing");
+static_assert(mnemonicsDiffer(kAllMenus, kAllGroups), "a letter is underlined twice");
+static_assert(keysDiffer(kAllMenus, kAllViews), "a key is there twice");
+
 }  // namespace
 
-std::span<const MenuTable> mainMenus() { return kMenus; }
+std::span<const MenuTable> mainMenus() { return kAllMenus; }
 
-std::span<const ButtonGroup> toolPanel() { return kToolPanel; }
+std::span<const ButtonGroup> toolPanel() { return kAllGroups; }
 
-std::span<const std::span<const ViewButton>> viewButtons() { return kViewButtons; }
+std::span<const std::span<const ViewButton>> viewButtons() { return kAllViews; }
 
 }  // namespace corvane

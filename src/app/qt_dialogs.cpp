@@ -51,8 +51,7 @@ QMessageBox::Icon iconOf(Severity severity) {
     return QMessageBox::NoIcon;
 }
 
-void showMessage(const Caption& caption, const std::string& text,
-                 Qt::LayoutDirection direction) {
+void showMessage(const Caption& caption, const std::string& text, Qt::LayoutDirection direction) {
     QMessageBox box(parentWindow());
     prepare(box, caption, text);
     box.setLayoutDirection(direction);

@@ -29,9 +29,9 @@ QStyle::PrimitiveElement arrowElement(Qt::ArrowType arrow) {
 
 }  // namespace
 
-void ToolButton::setBackColour(Colour colour) {
-    if (colour == backColour_) return;
-    backColour_ = colour;
+void ToolButton::setLook(ButtonLook look) {
+    if (look == look_) return;
+    look_ = look;
     update();
 }
 
@@ -44,16 +44,16 @@ void ToolButton::paintEvent(QPaintEvent* /*event*/) {
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
-    if (backColour_ == kButtonFace) {
+    if (look_.look == Look::Plain) {
         painter.drawControl(QStyle::CE_PushButton, option);
     } else {
-        const QColor back = resolved(backColour_, palette());
+        const QColor back = resolved(look_.colour, palette());
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setBrush(isDown() ? back.darker(110) : back);
         // A white button differs little from a light theme's buttons; its frame tells it apart.
         // A switched-off axis is not told as something that is on.
-        const bool on = backColour_ != kInactiveAxisColour;
-        painter.setPen(QPen(palette().color(on ? QPalette::Highlight : QPalette::Mid), 2));
+        const auto frame = look_.look == Look::On ? QPalette::Highlight : QPalette::Mid;
+        painter.setPen(QPen(palette().color(frame), 2));
         painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), kCornerRadius,
                                 kCornerRadius);
         painter.setPen(textColourOn(back));

@@ -7,6 +7,17 @@
 
 namespace corvane {
 
+/// Whether a button shows that something is on or switched off, or only what it does.
+enum class Look { Plain, On, Off };
+
+/// How a button is painted. A plain one looks like any other button, whatever its colour.
+struct ButtonLook {
+    Look look = Look::Plain;
+    Colour colour = kButtonFace;
+
+    bool operator==(const ButtonLook&) const = default;
+};
+
 class ToolButton : public QPushButton {
     Q_OBJECT
 
@@ -14,8 +25,8 @@ public:
     explicit ToolButton(QWidget* parent) : QPushButton(parent) {}
 
     /// kButtonFace for the look that buttons have.
-    Colour backColour() const { return backColour_; }
-    void setBackColour(Colour colour);
+    Colour backColour() const { return look_.colour; }
+    void setLook(ButtonLook look);
 
     /// Draws an arrow; Qt::NoArrow for none.
     void setArrow(Qt::ArrowType arrow);
@@ -24,7 +35,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    Colour backColour_ = kButtonFace;
+    ButtonLook look_;
     Qt::ArrowType arrow_ = Qt::NoArrow;
 };
 

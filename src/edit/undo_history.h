@@ -22,8 +22,8 @@ struct UndoRecord {
     Triple numbers{};  ///< A, B, C: deltas, angle or axis states; 0 where the step has none
     std::string name;  ///< as shown; empty in an empty slot
     std::shared_ptr<const std::vector<FaceRecord>> faces;
-    std::optional<Step> step;        ///< nothing in an empty slot
-    Axis axis = Axis::X;             ///< that a rotation turned about
+    std::optional<Step> step;          ///< nothing in an empty slot
+    Axis axis = Axis::X;               ///< that a rotation turned about
     std::uint64_t revisionBefore = 0;  ///< the geoset's revision before the step
 };
 

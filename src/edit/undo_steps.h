@@ -17,8 +17,8 @@ struct UndoCopies {
 
 /// How a step is reversed.
 enum class UndoneBy : std::uint8_t {
-    Copies,      ///< what was kept is put back
-    Moving,      ///< the same transforms with negated numbers
+    Copies,  ///< what was kept is put back
+    Moving,  ///< the same transforms with negated numbers
     Scaling,
     Rotating,
     Undeleting,  ///< what is selected now is deleted no more

@@ -26,8 +26,8 @@ bool isTransform(UndoneBy undoneBy) {
 }
 
 // What a save writes is what the file holds only where it really is the same: a transform is undone
-// by its opposite, which may miss the old number by its last digits, and the oldest step that can be
-// reached is reversed again and again.
+// by its opposite, which may miss the old number by its last digits, and the oldest step that can
+// be reached is reversed again and again.
 void countUndone(GeosetStore& store, const UndoRecord& step) {
     if (!step.step || !step.step->kind().changesModel) return;
     if (step.revisionBefore == store.revisions.saved() && store.isAsSaved()) {

@@ -1,5 +1,6 @@
 // The one place that runs an edit. An operation changes a geoset and knows nothing else; what every
-// edit must do besides is done here: record its step, count the revision, draw, refresh the buttons.
+// edit must do besides is done here: record its step, count the revision, draw, refresh the
+// buttons.
 #pragma once
 
 #include <cstdint>

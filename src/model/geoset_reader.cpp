@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/index_lists.h"
+#include "model/row_sections.h"
 #include "model/vertex_rows.h"
 
 namespace corvane {

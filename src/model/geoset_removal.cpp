@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "base/numbers.h"
 #include "model/lexer.h"
 #include "model/model_scanner.h"
-#include "base/numbers.h"
 
 namespace corvane {
 

@@ -6,13 +6,15 @@
 
 namespace corvane {
 
-ModelBase::ModelBase(ModelText itsText) : text(std::move(itsText)), blocks(scanBlocks(text.view())) {
+ModelBase::ModelBase(ModelText itsText)
+    : text(std::move(itsText)), blocks(scanBlocks(text.view())) {
     std::ranges::copy_if(blocks, std::back_inserter(geosets), isGeoset);
 }
 
 PendingFile prepareWorkingCopy(const std::string& modelPath, std::string_view text) {
     // It can be made again from memory, so a loss of power does no harm.
-    return {workPathFor(modelPath), std::array{text},
+    return {workPathFor(modelPath),
+            std::array{text},
             {.flushToDisk = false, .permissionsOf = modelPath}};
 }
 

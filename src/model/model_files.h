@@ -89,7 +89,7 @@ private:
 
 /// PendingFile and commit() in one step. Returns the stamp of the file that was written.
 FileStamp replaceFile(const std::string& path, std::span<const std::string_view> pieces,
-                 const ReplaceOptions& options = {});
+                      const ReplaceOptions& options = {});
 
 /// The stamp of the file that a path leads to; nothing where there is none.
 std::optional<FileStamp> stampOf(const std::string& path);

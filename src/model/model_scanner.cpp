@@ -118,7 +118,7 @@ ModelBlock blockAt(std::string_view text, const Opening& opening, std::size_t le
     block.bodyBegin = contentBegin(text, afterBrace);
     std::size_t unclosedAt = 0;
     // What models have at the top only never stands in a geoset.
-        if (const auto brace =
+    if (const auto brace =
             findTopLevelBlockEnd(text, afterBrace, text.size(), isGeoset(block), unclosedAt)) {
         endAfterBrace(block, text, *brace);
     } else {

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/numbers.h"
 #include "model/lexer.h"
 #include "model/model_scanner.h"
 #include "model/model_text.h"
-#include "base/numbers.h"
 
 namespace corvane {
 

@@ -8,8 +8,8 @@
 #include <span>
 #include <string>
 
-#include "model/geoset_reader.h"
 #include "base/numbers.h"
+#include "model/geoset_reader.h"
 #include "model/section_text.h"
 
 namespace corvane {

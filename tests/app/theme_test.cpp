@@ -152,21 +152,33 @@ protected:
 TEST_F(ToolButtonTest, AColouredButtonIsPaintedInItsColourInAnyTheme) {
     for (const QPalette& palette : {lightPalette(), darkPalette()}) {
         button.setPalette(palette);
-        button.setBackColour(kWhite);
+        button.setLook({Look::On, kWhite});
         EXPECT_EQ(backgroundPixel(), QColor(255, 255, 255));
         EXPECT_TRUE(showsInText(Qt::black));
-        button.setBackColour(kCloneColour);
+        button.setLook({Look::On, kCloneColour});
         EXPECT_EQ(backgroundPixel(), QColor(255, 128, 128));
         EXPECT_TRUE(showsInText(Qt::black));
-        button.setBackColour(kInactiveAxisColour);
+        button.setLook({Look::Off, kInactiveAxisColour});
         EXPECT_EQ(backgroundPixel(), QColor(128, 128, 128));
         EXPECT_TRUE(showsInText(Qt::black));
     }
 }
 
+TEST_F(ToolButtonTest, OnlyAButtonThatIsOnIsFramedInTheHighlightColour) {
+    QPalette palette = lightPalette();
+    palette.setColor(QPalette::Highlight, Qt::magenta);
+    palette.setColor(QPalette::Mid, Qt::cyan);
+    button.setPalette(palette);
+    const auto frame = [&] { return button.grab().toImage().pixelColor(40, 1); };
+    button.setLook({Look::On, kInactiveAxisColour});
+    EXPECT_EQ(frame(), QColor(Qt::magenta));
+    button.setLook({Look::Off, kInactiveAxisColour});
+    EXPECT_EQ(frame(), QColor(Qt::cyan));
+}
+
 TEST_F(ToolButtonTest, AButtonWithoutAColourLooksLikeOthers) {
-    button.setBackColour(kWhite);
-    button.setBackColour(kButtonFace);
+    button.setLook({Look::On, kWhite});
+    button.setLook({});
     QPushButton other("M");
     other.resize(button.size());
     other.setPalette(button.palette());

@@ -1,9 +1,9 @@
 // Background pictures of the texture editor: their formats, and what cannot be read.
 #include <sys/stat.h>
 
-#include <QBuffer>
 #include <QImageReader>
 
+#include "test_pictures.h"
 #include "uv_window_fixture.h"
 
 namespace corvane {
@@ -14,44 +14,6 @@ protected:
     void SetUp() override {
         UVWindowTest::SetUp();
         openTextureEditor();
-    }
-
-    /// The bytes of an image in a format of Qt's.
-    static std::string bytesOf(const QImage& image, const char* format) {
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::WriteOnly);
-        EXPECT_TRUE(image.save(&buffer, format, 100));
-        return bytes.toStdString();
-    }
-
-    static QImage plain(const QColor& colour, QSize size = {64, 64}) {
-        QImage image(size, QImage::Format_RGB32);
-        image.fill(colour);
-        return image;
-    }
-
-    /// A picture whose quarters are red, green, blue and yellow, from the upper left one on.
-    static QImage quarters() {
-        QImage image(64, 32, QImage::Format_RGB32);
-        for (int y = 0; y < 32; ++y) {
-            for (int x = 0; x < 64; ++x) {
-                const QColor top = x < 32 ? Qt::red : Qt::green;
-                const QColor bottom = x < 32 ? Qt::blue : Qt::yellow;
-                image.setPixelColor(x, y, y < 16 ? top : bottom);
-            }
-        }
-        return image;
-    }
-
-    /// A GIF of two frames of one pixel, the first one red, the second one blue.
-    static std::string animation() {
-        const std::string control("\x21\xF9\x04\x00\x0A\x00\x00\x00", 8);
-        const std::string frame("\x2C\x00\x00\x00\x00\x01\x00\x01\x00\x00\x02\x02", 12);
-        return std::string("GIF89a\x01\x00\x01\x00\x80\x00\x00", 13) +
-               std::string("\xFF\x00\x00\x00\x00\xFF", 6) +  // red, blue
-               control + frame + std::string("\x44\x01\x00", 3) + control + frame +
-               std::string("\x4C\x01\x00", 3) + ";";
     }
 
     void load(const std::string& path) {
@@ -190,7 +152,7 @@ TEST_F(UVPictureTest, ABrokenFileOfEachFormatIsRefusedAndTheOldPictureStays) {
          bmp.substr(0, 18) + std::string("\x00\x00\x00\x80\x00\x00\x00\x80", 8) + bmp.substr(26)},
         {"head.jpg", jpeg.substr(0, 20)},
         {"half.jpg", jpeg.substr(0, jpeg.size() / 2)},
-        {"almost.jpg", jpeg.substr(0, jpeg.size() - 2)},
+        {"almost.jpg", jpeg.substr(0, jpeg.size() - 3)},
         {"almost.bmp", bmp.substr(0, bmp.size() - 1)},
         {"head.gif", animation().substr(0, 10)},
         {"half.gif", animation().substr(0, 30)},
@@ -205,6 +167,43 @@ TEST_F(UVPictureTest, ABrokenFileOfEachFormatIsRefusedAndTheOldPictureStays) {
         expectRefused(path, Qt::red);
     }
     EXPECT_EQ(uv().imagePath, folder.path("good.bmp"));
+}
+
+TEST_F(UVPictureTest, AJpegMayHaveFillBytesBeforeItsMarks) {
+    std::string jpeg = bytesOf(plain(Qt::red), "JPG");
+    jpeg.insert(jpeg.find("\xFF\xDB"), "\xFF\xFF\xFF");
+    dialogs.asked.clear();
+    load(folder.write("filled.jpg", jpeg));
+    EXPECT_EQ(dialogs.asked.size(), 1U) << dialogs.last().text;
+    EXPECT_NEAR(shownColour().red(), 255, 2);
+}
+
+TEST_F(UVPictureTest, ColoursArePaintedWithoutTheirTransparency) {
+    for (const int alpha : {0, 1, 128, 255}) {
+        QImage image(8, 8, QImage::Format_ARGB32);
+        image.fill(qRgba(200, 100, 50, alpha));
+        load(folder.write("a.png", bytesOf(image, "PNG")));
+        EXPECT_EQ(shownColour(), QColor(200, 100, 50)) << alpha;
+        image = QImage(8, 8, QImage::Format_Indexed8);
+        image.setColorTable({qRgba(50, 100, 200, alpha)});
+        image.fill(0);
+        load(folder.write("b.png", bytesOf(image, "PNG")));
+        EXPECT_EQ(shownColour(), QColor(50, 100, 200)) << alpha;
+    }
+}
+
+TEST_F(UVPictureTest, AHugeFileIsRefusedWithItsSizeBeforeAnythingIsRead) {
+    load(folder.write("good.bmp", bytesOf(plain(Qt::red), "BMP")));
+    for (const char* const name : {"huge.jpg", "huge.gif", "huge.bmp"}) {
+        const std::string path = folder.write(name, bytesOf(quarters(), "JPG"));
+        std::filesystem::resize_file(path, std::uintmax_t{40} << 30U);
+        load(path);
+        EXPECT_NE(dialogs.last().text.find("has 40.00 GiB, more than 256.00 MiB"),
+                  std::string::npos)
+            << dialogs.last().text;
+        expectRefused(path, Qt::red);
+        std::filesystem::remove(path);
+    }
 }
 
 TEST_F(UVPictureTest, APictureThatIsCutOffIsRefusedWithThatReason) {

@@ -219,6 +219,50 @@ TEST_F(WindowLayoutTest, WithASmallFontTheTipEndsWhereTheToolPanelBegins) {
     QApplication::setFont(before);
 }
 
+TEST_F(WindowLayoutTest, ATipBoxThatMustBeWiderRunsBelowThePanelTooAndBack) {
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPixelSize(11);
+    QApplication::setFont(font);
+    showWindow();
+    const auto endsBeforePanel = [&] {
+        return place("txtTips").right() < place("cmdSelect").left();
+    };
+    const auto runsBelowPanel = [&] {
+        return place("txtTips").right() >= place("cmdSelect").right() &&
+               place("txtTips").top() > place("txtZ").bottom();
+    };
+    ASSERT_TRUE(endsBeforePanel());
+    font.setPixelSize(20);
+    QApplication::setFont(font);
+    EXPECT_TRUE(QTest::qWaitFor(runsBelowPanel));
+    font.setPixelSize(11);
+    QApplication::setFont(font);
+    EXPECT_TRUE(QTest::qWaitFor(endsBeforePanel));
+    window.reset();
+    QApplication::setFont(before);
+}
+
+TEST_F(WindowLayoutTest, ThePicturesAreOfOneSizeWithAnyFontAndAtAnySize) {
+    const QFont before = QApplication::font();
+    for (const int pixels : {7, 10, 13, 16, 21, 30}) {
+        QFont font = before;
+        font.setPixelSize(pixels);
+        QApplication::setFont(font);
+        showWindow();
+        EXPECT_EQ(widget("pbxFront").size(), QSize(209, 201)) << pixels;
+        const QSize first = window->size();
+        for (int extra = 0; extra < 12; ++extra) {
+            resizeTo(first + QSize(extra, 11 - extra));
+            EXPECT_EQ(widget("pbxFront").size(), QSize(209 + extra / 2, 201 + (11 - extra) / 2))
+                << pixels;
+            expectEqualPictures();
+        }
+    }
+    window.reset();
+    QApplication::setFont(before);
+}
+
 TEST_F(WindowLayoutTest, NoCaptionIsCutOffWithALargerFont) {
     const QFont before = QApplication::font();
     QFont larger = before;

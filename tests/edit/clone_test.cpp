@@ -1,7 +1,7 @@
 #include "edit/clone.h"
-#include "edit/selection.h"
 
 #include "edit/commands/drag_transforms.h"
+#include "edit/selection.h"
 #include "edit/transforms.h"
 #include "tool_fixture.h"
 #include "views/commands/view_commands.h"

@@ -1,5 +1,4 @@
 #include "edit/commands/drag_transforms.h"
-
 #include "tool_fixture.h"
 #include "views/commands/mouse.h"
 

@@ -1,9 +1,9 @@
-#include "edit/commands/tools.h"
 #include "edit/normals.h"
-#include "test_commands.h"
 
 #include <cmath>
 
+#include "edit/commands/tools.h"
+#include "test_commands.h"
 #include "tool_fixture.h"
 
 namespace corvane {

@@ -1,6 +1,5 @@
 #include "edit/commands/tools.h"
 #include "test_commands.h"
-
 #include "tool_fixture.h"
 
 namespace corvane {

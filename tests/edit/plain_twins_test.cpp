@@ -7,12 +7,12 @@
 #include <random>
 
 #include "edit/clone.h"
-#include "edit/selection.h"
 #include "edit/commands/drag_transforms.h"
 #include "edit/commands/tools.h"
 #include "edit/normals.h"
-#include "test_commands.h"
+#include "edit/selection.h"
 #include "model/geoset_sections.h"
+#include "test_commands.h"
 #include "tool_fixture.h"
 
 namespace corvane {
@@ -181,7 +181,9 @@ TEST_F(PlainTwinsTest, TheMeshesHoldWhatTheToolsHaveToTellApart) {
     }
 }
 
-TEST_F(PlainTwinsTest, Clone) { compareOnMeshes([](Editor& edited) { cloneSelected(edited.store); }, plain::cloneSelection); }
+TEST_F(PlainTwinsTest, Clone) {
+    compareOnMeshes([](Editor& edited) { cloneSelected(edited.store); }, plain::cloneSelection);
+}
 
 TEST_F(PlainTwinsTest, Extrude) {
     for (const std::array<bool, 3>& active :

@@ -4,8 +4,8 @@
 #include "edit/commands/drag_transforms.h"
 #include "edit/transforms.h"
 #include "edit/undo_history.h"
-#include "test_commands.h"
 #include "editor_fixture.h"
+#include "test_commands.h"
 
 namespace corvane {
 namespace {

@@ -1,9 +1,9 @@
-#include "edit/commands/tools.h"
 #include "edit/selection.h"
-#include "test_commands.h"
 
+#include "edit/commands/tools.h"
 #include "edit/undo_history.h"
 #include "editor_fixture.h"
+#include "test_commands.h"
 
 namespace corvane {
 namespace {

@@ -1,8 +1,7 @@
 #include "edit/commands/tools.h"
-#include "test_commands.h"
-
 #include "edit/undo_history.h"
 #include "editor_fixture.h"
+#include "test_commands.h"
 
 namespace corvane {
 namespace {

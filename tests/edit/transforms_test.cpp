@@ -1,15 +1,15 @@
 // Moving, scaling and what the three drag transforms have in common. Rotation has a file of its
 // own.
-#include "edit/commands/drag_transforms.h"
 #include "edit/transforms.h"
 
 #include <cmath>
 #include <limits>
 
+#include "edit/commands/drag_transforms.h"
 #include "edit/undo_history.h"
-#include "test_commands.h"
-#include "editor_fixture.h"
 #include "editor/run_edit.h"
+#include "editor_fixture.h"
+#include "test_commands.h"
 #include "views/ortho_view.h"
 
 namespace corvane {

@@ -1,13 +1,13 @@
 // How steps move through the history's slots. What undoing each kind of step does is in
 // undo_steps_test.cpp.
 #include "edit/undo_history.h"
-#include "test_commands.h"
 
 #include "edit/commands/drag_transforms.h"
 #include "edit/commands/tools.h"
-#include "views/commands/view_commands.h"
 #include "edit/transforms.h"
 #include "editor_fixture.h"
+#include "test_commands.h"
+#include "views/commands/view_commands.h"
 
 namespace corvane {
 namespace {
@@ -23,7 +23,8 @@ protected:
 
     /// Records moves by 1, 2, ... with nothing selected, so that undoing changes nothing.
     void pushSteps(int count) {
-        for (int i = 1; i <= count; ++i) pushUndo(editor, {}, {static_cast<double>(i), 0, 0}, "Move");
+        for (int i = 1; i <= count; ++i)
+            pushUndo(editor, {}, {static_cast<double>(i), 0, 0}, "Move");
     }
 
     /// Which of these steps a slot holds.

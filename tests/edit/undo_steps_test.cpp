@@ -1,10 +1,10 @@
 // What undoing does with a step of each name.
 #include "edit/commands/drag_transforms.h"
-#include "views/commands/view_commands.h"
 #include "edit/transforms.h"
 #include "edit/undo_history.h"
-#include "test_commands.h"
 #include "editor_fixture.h"
+#include "test_commands.h"
+#include "views/commands/view_commands.h"
 
 namespace corvane {
 namespace {

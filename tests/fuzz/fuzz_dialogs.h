@@ -46,11 +46,8 @@ public:
         error = text;
         ++errors;
     }
-    void rightToLeftMessageBox(const Caption& /*caption*/,
-                               const std::string& /*text*/) override {}
-    bool yesNo(const Caption& /*caption*/, const std::string& /*text*/) override {
-        return agrees;
-    }
+    void rightToLeftMessageBox(const Caption& /*caption*/, const std::string& /*text*/) override {}
+    bool yesNo(const Caption& /*caption*/, const std::string& /*text*/) override { return agrees; }
 
     /// What the next command's input boxes answer, from the first on.
     void expectInput(std::string text) {

@@ -14,7 +14,6 @@
 #include "edit/commands/drag_transforms.h"
 #include "edit/commands/tools.h"
 #include "edit/normals.h"
-#include "test_commands.h"
 #include "edit/selection.h"
 #include "edit/transforms.h"
 #include "edit/undo_history.h"
@@ -22,10 +21,11 @@
 #include "fuzz_dialogs.h"
 #include "groups/commands/group_commands.h"
 #include "model/commands/merge_geoset.h"
-#include "model/model_files.h"
-#include "model/model_scanner.h"
 #include "model/commands/open_model.h"
 #include "model/commands/save_model.h"
+#include "model/model_files.h"
+#include "model/model_scanner.h"
+#include "test_commands.h"
 #include "uveditor/commands/exchange.h"
 
 namespace corvane {

@@ -1,5 +1,4 @@
 #include "groups/commands/group_commands.h"
-
 #include "model/commands/open_model.h"
 #include "tool_fixture.h"
 

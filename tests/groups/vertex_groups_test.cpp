@@ -1,5 +1,4 @@
 #include "groups/commands/group_commands.h"
-
 #include "groups/group_number.h"
 #include "tool_fixture.h"
 

@@ -3,10 +3,10 @@
 #include <filesystem>
 
 #include "edit/undo_history.h"
-#include "test_commands.h"
 #include "model/commands/open_model.h"
 #include "model/commands/save_model.h"
 #include "model_flow.h"
+#include "test_commands.h"
 
 namespace corvane {
 namespace {

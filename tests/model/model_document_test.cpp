@@ -126,9 +126,9 @@ TEST_F(ModelDocumentTest, NothingChangesWhereTheNextWorkingCopyCannotTakeItsPlac
     const std::string tree = folder.path("trees/tree.mdl");
     PendingFile prepared = prepareWorkingCopy(tree, kTwo);
     std::filesystem::remove_all(folder.path("trees"));
-    EXPECT_THROW(document.open(tree, std::make_shared<const ModelBase>(ModelText(tree, kTwo)), {},
-                               prepared),
-                 FileError);
+    EXPECT_THROW(
+        document.open(tree, std::make_shared<const ModelBase>(ModelText(tree, kTwo)), {}, prepared),
+        FileError);
     EXPECT_EQ(document.workPath, folder.path("hero_TMP.tdl"));
     EXPECT_EQ(document.modelPath, path);
     EXPECT_EQ(text(), kModel);

@@ -1,12 +1,12 @@
 // Names and reading. Writing is in replace_file_test.cpp.
 #include "model/model_files.h"
 
-#include <array>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 
 #include "editor_fixture.h"

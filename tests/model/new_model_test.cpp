@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "edit/undo_history.h"
-#include "test_commands.h"
 #include "model_flow.h"
+#include "test_commands.h"
 
 namespace corvane {
 namespace {

@@ -4,8 +4,8 @@
 #include <filesystem>
 
 #include "edit/undo_history.h"
-#include "test_commands.h"
 #include "model_flow.h"
+#include "test_commands.h"
 
 namespace corvane {
 namespace {

@@ -115,9 +115,8 @@ TEST_F(SaveFailuresTest, AForeignWorkingCopyDoesNotStopASave) {
 TEST_F(SaveFailuresTest, ASecondWindowThatClosesDoesNotStopASave) {
     const std::string path = openAndEdit("three.mdl");
     TestWindow secondWindow;
-    Editor second{.pictures = {front, top, left, perspective},
-                  .window = secondWindow,
-                  .dialogs = dialogs};
+    Editor second{
+        .pictures = {front, top, left, perspective}, .window = secondWindow, .dialogs = dialogs};
     dialogs.files.push_back(path);
     dialogs.inputs.push_back("1");
     openCommand(second);

@@ -4,12 +4,12 @@
 
 #include <filesystem>
 
-#include "edit/commands/tools.h"
-#include "test_commands.h"
 #include "edit/commands/drag_transforms.h"
+#include "edit/commands/tools.h"
 #include "edit/transforms.h"
 #include "edit/undo_history.h"
 #include "model_flow.h"
+#include "test_commands.h"
 
 namespace corvane {
 namespace {

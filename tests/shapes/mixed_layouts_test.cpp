@@ -4,11 +4,11 @@
 
 #include "edit/commands/tools.h"
 #include "edit/selection.h"
-#include "test_commands.h"
 #include "edit/undo_history.h"
-#include "model/geoset_removal.h"
 #include "model/commands/merge_geoset.h"
+#include "model/geoset_removal.h"
 #include "model_flow.h"
+#include "test_commands.h"
 
 namespace corvane {
 namespace {

@@ -15,11 +15,11 @@
 #include "edit/commands/drag_transforms.h"
 #include "edit/commands/tools.h"
 #include "edit/selection.h"
-#include "test_commands.h"
 #include "edit/transforms.h"
 #include "edit/undo_history.h"
 #include "model/commands/merge_geoset.h"
 #include "model_flow.h"
+#include "test_commands.h"
 
 namespace corvane {
 namespace {

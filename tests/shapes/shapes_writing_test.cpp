@@ -4,18 +4,18 @@
 
 #include <utility>
 
+#include "edit/commands/drag_transforms.h"
 #include "edit/commands/tools.h"
 #include "edit/normals.h"
-#include "test_commands.h"
 #include "edit/selection.h"
-#include "edit/commands/drag_transforms.h"
 #include "edit/transforms.h"
 #include "groups/commands/group_commands.h"
-#include "model/geoset_removal.h"
 #include "model/commands/merge_geoset.h"
 #include "model/commands/new_model.h"
+#include "model/geoset_removal.h"
 #include "model_flow.h"
 #include "shape_models.h"
+#include "test_commands.h"
 #include "uveditor/commands/exchange.h"
 
 namespace corvane {

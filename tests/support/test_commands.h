@@ -23,7 +23,9 @@ inline void invertSelection(Editor& editor) { edit<"Invert Selection", invertSel
 inline void expandSelection(Editor& editor) { edit<"Selection", expandSelection>(editor); }
 inline void snapSelection(Editor& editor) { edit<"Snap", snapSelected>(editor); }
 inline void weldSelection(Editor& editor) { edit<"Weld", weldSelected>(editor); }
-inline void deleteSelectedFaces(Editor& editor) { edit<"Delete Face", deleteSelectedFaces>(editor); }
+inline void deleteSelectedFaces(Editor& editor) {
+    edit<"Delete Face", deleteSelectedFaces>(editor);
+}
 inline void recalculateNormals(Editor& editor) {
     edit<"Recalculate Normals", recalculateNormals>(editor);
 }

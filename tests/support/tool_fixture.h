@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "edit/undo_history.h"
-#include "test_commands.h"
-#include "editor_fixture.h"
 #include "editor/run_edit.h"
+#include "editor_fixture.h"
+#include "test_commands.h"
 #include "views/ortho_view.h"
 
 namespace corvane {

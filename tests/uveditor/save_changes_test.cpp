@@ -1,7 +1,7 @@
 // How texture coordinates come back to the geoset, and what protects those that are there.
 #include "edit/undo_history.h"
-#include "test_commands.h"
 #include "model/commands/open_model.h"
+#include "test_commands.h"
 #include "uv_fixture.h"
 
 namespace corvane {

@@ -1,11 +1,11 @@
 // The texture editor's view: where things are, what is drawn, zoom, pan, the readout.
-#include "uveditor/commands/texture_commands.h"
 #include "uveditor/uv_view.h"
 
 #include <cmath>
 
 #include "drawn_text.h"
 #include "uv_fixture.h"
+#include "uveditor/commands/texture_commands.h"
 
 namespace corvane {
 namespace {

@@ -1,8 +1,7 @@
-#include "views/commands/mouse.h"
-
 #include "edit/undo_history.h"
-#include "test_commands.h"
 #include "editor_fixture.h"
+#include "test_commands.h"
+#include "views/commands/mouse.h"
 
 namespace corvane {
 namespace {

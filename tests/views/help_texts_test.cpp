@@ -1,4 +1,3 @@
-#include "views/commands/view_commands.h"
 #include "views/help_texts.h"
 
 #include <map>
@@ -6,6 +5,7 @@
 #include "model/commands/open_model.h"
 #include "tool_fixture.h"
 #include "views/commands/mouse.h"
+#include "views/commands/view_commands.h"
 
 namespace corvane {
 namespace {

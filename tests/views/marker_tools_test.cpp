@@ -1,7 +1,6 @@
-#include "views/commands/marker_commands.h"
-
 #include "model/commands/open_model.h"
 #include "tool_fixture.h"
+#include "views/commands/marker_commands.h"
 #include "views/commands/mouse.h"
 
 namespace corvane {

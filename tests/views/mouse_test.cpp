@@ -1,7 +1,7 @@
 #include "views/commands/mouse.h"
 
-#include "editor_fixture.h"
 #include "editor/run_edit.h"
+#include "editor_fixture.h"
 #include "views/ortho_view.h"
 
 namespace corvane {

@@ -1,9 +1,9 @@
-#include "views/commands/view_commands.h"
 #include "views/navigation.h"
 
 #include "drawn_text.h"
-#include "editor_fixture.h"
 #include "editor/run_edit.h"
+#include "editor_fixture.h"
+#include "views/commands/view_commands.h"
 #include "views/ortho_view.h"
 
 namespace corvane {

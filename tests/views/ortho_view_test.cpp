@@ -1,7 +1,7 @@
-#include "editor/run_edit.h"
 #include "views/ortho_view.h"
 
 #include "drawn_text.h"
+#include "editor/run_edit.h"
 #include "editor_fixture.h"
 
 namespace corvane {

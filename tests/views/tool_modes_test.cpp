@@ -1,7 +1,7 @@
-#include "views/commands/view_commands.h"
 #include "views/tool_modes.h"
 
 #include "editor_fixture.h"
+#include "views/commands/view_commands.h"
 
 namespace corvane {
 namespace {

@@ -37,15 +37,13 @@ void runTransform(Editor& editor, const StepTaken& taken, Show what, Transform t
 }  // namespace
 
 void moveSelection(Editor& editor, const Triple& delta) {
-    runTransform(editor, {"Move", delta}, Show::ViewsThenButtons, [&](Geoset& geoset) {
-        moveSelected(geoset, delta, activeSlots(editor.modes));
-    });
+    runTransform(editor, {"Move", delta}, Show::ViewsThenButtons,
+                 [&](Geoset& geoset) { moveSelected(geoset, delta, activeSlots(editor.modes)); });
 }
 
 void scaleSelection(Editor& editor, double a, double b) {
-    runTransform(editor, {"Scale", {a, b, 0}}, Show::ViewsThenButtons, [&](Geoset& geoset) {
-        scaleSelected(geoset, a, b, activeSlots(editor.modes));
-    });
+    runTransform(editor, {"Scale", {a, b, 0}}, Show::ViewsThenButtons,
+                 [&](Geoset& geoset) { scaleSelected(geoset, a, b, activeSlots(editor.modes)); });
 }
 
 void rotateSelection(Editor& editor, double& angle, Axis axis) {

@@ -13,8 +13,8 @@ void moveSelection(Editor& editor, const Triple& delta);
 /// "Scale".
 void scaleSelection(Editor& editor, double a, double b);
 
-/// Turns the selection about its centre, by half of `angle` (degrees), which is in/out: it is halved
-/// in place. The step "Rotate" with the axis' letter.
+/// Turns the selection about its centre, by half of `angle` (degrees), which is in/out: it is
+/// halved in place. The step "Rotate" with the axis' letter.
 void rotateSelection(Editor& editor, double& angle, Axis axis);
 
 /// Extrudes the selected faces and moves the cap by `delta` along the active axes. The step

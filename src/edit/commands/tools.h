@@ -1,5 +1,6 @@
-// The tools of the menus that ask or answer something, or whose step is not taken before the change.
-// The others need no command of their own: the menu's table names their operation and their step.
+// The tools of the menus that ask or answer something, or whose step is not taken before the
+// change. The others need no command of their own: the menu's table names their operation and their
+// step.
 #pragma once
 
 #include "editor/editor.h"

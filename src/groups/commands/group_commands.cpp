@@ -52,9 +52,8 @@ void selectByVertexGroup(Editor& editor) {
         if (!answer) return;
         group = toInt16(*answer, editor.userNumbers);
     }
-    runChange(editor, Show::Views, [&](Editor&) {
-        selectGroup(editor.store, *group, editor.modes.selectMode);
-    });
+    runChange(editor, Show::Views,
+              [&](Editor&) { selectGroup(editor.store, *group, editor.modes.selectMode); });
 }
 
 void showVertexGroups(Editor& editor) {
@@ -79,8 +78,7 @@ void addMatrix(Editor& editor) {
         bones.push_back(*bone);
     }
     if (bones.empty()) return;
-    runUnrecorded(editor, Show::Buttons,
-                  [&](Editor&) { appendMatrixGroup(editor.store, bones); });
+    runUnrecorded(editor, Show::Buttons, [&](Editor&) { appendMatrixGroup(editor.store, bones); });
 }
 
 }  // namespace corvane

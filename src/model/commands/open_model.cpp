@@ -213,8 +213,9 @@ OpenOutcome openModel(Editor& editor, bool openMode) {
 void openCommand(Editor& editor) { openModel(editor, true); }
 
 void switchGeoset(Editor& editor) {
-    // From the text in memory and not from the model file: they hold the same, but where they do not
-    // (after a geoset was removed, or another program wrote the model) a save goes by its numbers.
+    // From the text in memory and not from the model file: they hold the same, but where they do
+    // not (after a geoset was removed, or another program wrote the model) a save goes by its
+    // numbers.
     chooseAndRead(editor);
 }
 

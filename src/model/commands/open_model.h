@@ -37,8 +37,8 @@ struct OpenOutcome {
     std::optional<PickedGeoset> picked;  ///< nothing where cancelled, or failed after a message
 };
 
-/// Makes the model file at a path the current one, with one of its geosets that the user picks where
-/// it has several. After a failure everything is as it was.
+/// Makes the model file at a path the current one, with one of its geosets that the user picks
+/// where it has several. After a failure everything is as it was.
 OpenOutcome openPath(Editor& editor, const std::string& path);
 
 /// Lets the user pick a model file and one of its geosets. With `openMode` they become the current

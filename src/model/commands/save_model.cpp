@@ -22,8 +22,8 @@ void showSaveError(Editor& editor, const std::string& what, const char* advice =
     editor.dialogs.messageBox(kErrorCaption, "The model was not saved.\n" + what + "\n\n" + advice);
 }
 
-// Makes the working copy hold what was saved. Where that fails the save stands, and so does the text
-// in memory, which is what the next save starts from.
+// Makes the working copy hold what was saved. Where that fails the save stands, and so does the
+// text in memory, which is what the next save starts from.
 void renewWorkingCopy(Editor& editor) {
     try {
         editor.store.renewWorkingCopy();

@@ -12,11 +12,11 @@ namespace corvane {
 /// the file is the working copy.
 std::optional<std::string> askSavePath(Editor& editor);
 
-/// The commands Save, Save As and Save Geoset. Save writes the model with the geoset in memory; Save
-/// As asks for the file first, which then is the current model; Save Geoset writes that geoset alone
-/// to a file that it asks for, as an unanimated model. A geoset with no vertex or no face left is
-/// removed from the file instead, and another one chosen and read. Messages for what fails; the
-/// file, the working copy and the store are then as they were.
+/// The commands Save, Save As and Save Geoset. Save writes the model with the geoset in memory;
+/// Save As asks for the file first, which then is the current model; Save Geoset writes that geoset
+/// alone to a file that it asks for, as an unanimated model. A geoset with no vertex or no face
+/// left is removed from the file instead, and another one chosen and read. Messages for what fails;
+/// the file, the working copy and the store are then as they were.
 void save(Editor& editor);
 void saveAs(Editor& editor);
 void saveGeoset(Editor& editor);

@@ -36,9 +36,8 @@ void uvPan(UVEditor& uv, int dx, int dy) {
 }
 
 void uvSelectAll(UVEditor& uv) {
-    changeTexture(uv, [](UVState& state) {
-        state.data.selected.assign(state.data.selected.size(), true);
-    });
+    changeTexture(
+        uv, [](UVState& state) { state.data.selected.assign(state.data.selected.size(), true); });
 }
 
 void uvInvertSelection(UVEditor& uv) {
