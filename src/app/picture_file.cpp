@@ -6,7 +6,6 @@
 #include <QLocale>
 #include <algorithm>
 #include <new>
-#include <string_view>
 #include <utility>
 
 namespace corvane {
@@ -66,7 +65,7 @@ public:
 
 private:
     static void note(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-        if (std::string_view(context.category) == "qt.gui.imageio.jpeg") ++count_;
+        if (qstrcmp(context.category, "qt.gui.imageio.jpeg") == 0) ++count_;
         previous_(type, context, text);
     }
 
