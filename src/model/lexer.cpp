@@ -141,7 +141,8 @@ public:
 
 private:
     enum class Step : std::uint8_t { GoOn, Closed, Unclosed };
-    Step step();
+    // Not put into the loop that calls it: that is faster where it holds little else.
+    [[gnu::noinline]] Step step();
     bool anotherBlockBegins() const;
 
     const char* begin_;
@@ -200,6 +201,10 @@ std::optional<std::size_t> BlockEndFinder::find() {
         if (end_ - at_ > kChunk && skipChunk(at_, depth_, least, topLevel_)) continue;
         const char* const chunkEnd = end_ - at_ > kChunk ? at_ + kChunk : end_;
         while (at_ < chunkEnd) {
+            if (kStops[static_cast<unsigned char>(*at_)] == Stop::None) {
+                ++at_;
+                continue;
+            }
             const Step done = step();
             if (done == Step::Closed) return static_cast<std::size_t>(at_ - begin_);
             if (done == Step::Unclosed) return std::nullopt;
