@@ -59,7 +59,7 @@ struct BenchEditor {
 
     /// The command Save.
     void save() {
-        save(editor);
+        corvane::save(editor);
         expectNoMessage();
     }
 

@@ -85,9 +85,8 @@ void timeTool(benchmark::State& state, Tool tool) {
 }
 
 void cloneAll(Editor& editor) {
-    if (!canClone(editor)) return;
-    pushUndo(editor, {.keepFaces = true, .keepVertices = true}, {}, "Clone");
-    cloneSelected(store());
+    if (!fitsLimits(editor.store, cloneGrowth(editor.store))) return;
+    edit<"Clone", cloneSelected>(editor);
 }
 
 void extrudeAll(Editor& editor) { extrudeSelection(editor, {0, 0, 5}); }

@@ -31,13 +31,7 @@ constexpr int kViewSide = 592;
 class UVBench {
 public:
     explicit UVBench(DrawingSurface& surface)
-        : uv{.picture = surface,
-             .window = uvWindow_,
-             .dialogs = bench.dialogs,
-             .data = {},
-             .savedU = {},
-             .savedV = {},
-             .imagePath = {}} {
+        : uv{{.picture = surface}, uvWindow_, bench.dialogs} {
         bench.loadSphere();
         for (VertexRecord& vertex : bench.editor.store.Vertices) {
             vertex.tu = 0.5 + vertex.pos[0] / (2 * kFittingRadius);

@@ -37,8 +37,8 @@ constexpr std::array kEditMenu = {
 };
 
 constexpr std::array<UVMenuTable, 2> kMenus = {{
-    {"mnuUVFile", "&File", Needs::Nothing, kFileMenu},
-    {"mnuUVEdit", "&Edit", Needs::Nothing, kEditMenu},
+    {"", "&File", Needs::Nothing, kFileMenu},
+    {"", "&Edit", Needs::Nothing, kEditMenu},
 }};
 
 constexpr ButtonLook modeLook(bool on) { return on ? ButtonLook{Look::On, kWhite} : ButtonLook{}; }

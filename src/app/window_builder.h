@@ -167,7 +167,7 @@ MenusOf<State> addMenus(QMainWindow& window, std::span<const MenuTableOf<State>>
     MenusOf<State> made;
     for (const MenuTableOf<State>& table : tables) {
         QMenu* const menu = window.menuBar()->addMenu(QMenu::tr(table.caption));
-        nameMenu(*menu, table.name);
+        if (*table.name != '\0') nameMenu(*menu, table.name);
         made.menus.emplace_back(menu, table.needs);
         addEntries(*menu, table.entries, made, connectItem);
     }

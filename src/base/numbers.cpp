@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-#include "model/model_text.h"
+#include "base/text.h"
 
 namespace corvane {
 

@@ -65,14 +65,6 @@ std::string_view lineBreakOf(std::string_view text);
 /// Whether nothing but blanks and a comment is left of the line from `offset` on.
 bool isRestOfLineBlank(std::string_view text, std::size_t offset);
 
-/// `text` without the characters at both its ends that `isBlank` is true for.
-template <typename IsBlank>
-constexpr std::string_view trimmed(std::string_view text, IsBlank isBlank) {
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-    return text;
-}
-
 /// True when `checkIn` begins with `checkFor`.
 constexpr bool startsWith(std::string_view checkIn, std::string_view checkFor) {
     return checkIn.starts_with(checkFor);

@@ -1,5 +1,7 @@
 #include "model/section_text.h"
 
+#include "base/text.h"
+
 #include <limits>
 #include <optional>
 

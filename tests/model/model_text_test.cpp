@@ -1,3 +1,4 @@
+#include "base/text.h"
 #include "model/model_text.h"
 
 #include <gtest/gtest.h>
