@@ -30,8 +30,7 @@ constexpr int kViewSide = 592;
 // texture coordinates are all over the unit square.
 class UVBench {
 public:
-    explicit UVBench(DrawingSurface& surface)
-        : uv{{.picture = surface}, uvWindow_, bench.dialogs} {
+    explicit UVBench(DrawingSurface& surface) : uv{{.picture = surface}, uvWindow_, bench.dialogs} {
         bench.loadSphere();
         for (VertexRecord& vertex : bench.editor.store.Vertices) {
             vertex.tu = 0.5 + vertex.pos[0] / (2 * kFittingRadius);

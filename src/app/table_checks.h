@@ -106,7 +106,8 @@ constexpr bool pressesAreKnown(std::span<const MenuTableOf<State>> menus,
     return true;
 }
 
-/// Whether every menu, item and button has a name, and none has another one's.
+/// Whether every item and button has a name, and none has another one's, nor a menu's. A menu may
+/// go without.
 template <class State, class Group>
 constexpr bool namesDiffer(std::span<const MenuTableOf<State>> menus, std::span<const Group> panel,
                            std::span<const std::span<const ViewButtonOf<State>>> views) {
@@ -114,7 +115,8 @@ constexpr bool namesDiffer(std::span<const MenuTableOf<State>> menus, std::span<
     SeenValues<std::string_view> names;
     names.add("");
     for (const MenuTableOf<State>& menu : menus) {
-        if (!names.add(menu.name)) return false;
+        const bool isNamed = *menu.name != '\0';
+        if (isNamed && !names.add(menu.name)) return false;
         for (const MenuEntryOf<State>& entry : menu.entries) {
             if (entry.kind == Kind::Separator || entry.kind == Kind::SubmenuEnd) continue;
             if (!names.add(entry.name)) return false;

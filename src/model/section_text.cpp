@@ -1,11 +1,10 @@
 #include "model/section_text.h"
 
-#include "base/text.h"
-
 #include <limits>
 #include <optional>
 
 #include "base/numbers.h"
+#include "base/text.h"
 
 namespace corvane {
 

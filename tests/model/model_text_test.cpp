@@ -1,7 +1,8 @@
-#include "base/text.h"
 #include "model/model_text.h"
 
 #include <gtest/gtest.h>
+
+#include "base/text.h"
 
 namespace corvane {
 namespace {

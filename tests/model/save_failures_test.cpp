@@ -243,8 +243,8 @@ TEST_F(SaveFailuresTest, AWorkingCopyThatCannotBeRenewedLeavesTheSaveStanding) {
                    "again.");
     EXPECT_EQ(modelBytes(), edited());
     EXPECT_EQ(store().modelPath, folder.path("new.mdl"));
-    EXPECT_EQ(folder.names(), (std::vector<std::string>{"new.mdl", "new_TMP.tdl", "three.mdl",
-                                                        "three_TMP.tdl"}));
+    EXPECT_EQ(folder.names(),
+              (std::vector<std::string>{"new.mdl", "new_TMP.tdl", "three.mdl", "three_TMP.tdl"}));
 
     fs::remove(folder.path("new_TMP.tdl"));
     vertex(2).pos = {7, 8, 9};

@@ -230,8 +230,7 @@ TEST_F(SaveScenario, AModelWrittenOutsideIsNotReplacedWithoutAsking) {
     first.send("answer message no\nmenu mnuSave\ndump\n");
     first.waitForDump();
     EXPECT_EQ(readFile(folder.path("hero.mdl")), other);
-    first.send(
-        "answer message yes\nmenu mnuSave\n");
+    first.send("answer message yes\nmenu mnuSave\n");
     const Played played = first.finish();
     EXPECT_EQ(played.exitCode, 0) << played.error();
     EXPECT_NE(played.dialogs()[1].find("was changed by another program or window"),
