@@ -6,6 +6,7 @@
 #include "edit/undo_history.h"
 #include "editor/dialogs.h"
 #include "editor/editor_window.h"
+#include "editor/way_back.h"
 #include "model/geoset_store.h"
 #include "views/drawing_surface.h"
 #include "views/markers.h"
@@ -36,6 +37,9 @@ struct Editor {
     ViewStates views{};
     PerspectiveState perspective{};
     MarkerTable markers{};
+
+    /// Where that goes which a command would drop; null where nothing is kept. Outlives the Editor.
+    WayBack* wayBack = nullptr;
 };
 
 }  // namespace corvane

@@ -1,0 +1,42 @@
+// Where everything goes that would otherwise be lost, so that it can be brought back. Kept narrow
+// so that the commands need to know no folder, no thread and no clock.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "model/snapshot.h"
+
+namespace corvane {
+
+/// Why something is kept.
+enum class KeptBecause : std::uint8_t {
+    Editing,         ///< edits that no save has written yet, while the program runs
+    Closed,          ///< the window was closed with unsaved edits
+    Ended,           ///< the program was told to end
+    AnotherOpened,   ///< another model was opened
+    Switched,        ///< another geoset was read
+    GeosetSaved,     ///< a geoset was saved alone, which then is the current model
+    GeosetRemoved,   ///< a save removed a geoset
+    LeftOut,         ///< a save left the geoset in memory out
+    TextureDropped,  ///< texture coordinates not handed back were dropped
+    Replaced,        ///< the text that a save replaced
+};
+
+class WayBack {
+public:
+    virtual ~WayBack() = default;
+
+    /// Keeps a snapshot. With KeptBecause::Editing it takes the place of the last one of those;
+    /// with any other reason it is an entry of its own, and the last one kept while editing goes,
+    /// for it held the same or less. Takes no longer than it takes to hand the snapshot over.
+    virtual void keep(Snapshot snapshot, KeptBecause because) = 0;
+
+    /// Keeps the text that a save is about to replace at a path. The text must not change.
+    virtual void keepReplaced(SharedBase text, const std::string& path) = 0;
+
+    /// The state kept while editing was saved: that entry goes.
+    virtual void noteSaved() = 0;
+};
+
+}  // namespace corvane
