@@ -6,9 +6,51 @@
 
 namespace corvane {
 
+namespace {
+
+// The block with its offsets moved and its keyword in another text.
+ModelBlock moved(ModelBlock block, std::string_view from, std::string_view to, std::size_t by) {
+    for (std::size_t* const offset : {&block.begin, &block.bodyBegin, &block.bodyEnd, &block.end}) {
+        *offset += by;  // modulo 2^64, so that it moves back, too
+    }
+    if (!block.keyword.empty()) {
+        const auto at = static_cast<std::size_t>(block.keyword.data() - from.data());
+        block.keyword = to.substr(at + by, block.keyword.size());
+    }
+    return block;
+}
+
+}  // namespace
+
+ModelBase::ModelBase(ModelText itsText, std::vector<ModelBlock> itsBlocks)
+    : text(std::move(itsText)), blocks(std::move(itsBlocks)) {
+    std::ranges::copy_if(blocks, std::back_inserter(geosets), isGeoset);
+}
+
 ModelBase::ModelBase(ModelText itsText)
     : text(std::move(itsText)), blocks(scanBlocks(text.view())) {
     std::ranges::copy_if(blocks, std::back_inserter(geosets), isGeoset);
+}
+
+SharedBase withGeosetWritten(const ModelBase& base, ModelText text, int geosetNumber) {
+    const std::string_view before = base.text.view();
+    const std::string_view after = text.view();
+    const ModelBlock& edited = base.geosets.at(static_cast<std::size_t>(geosetNumber) - 1);
+    const std::size_t by = after.size() - before.size();
+    const ModelBlock written = scanBlockAt(after, edited.begin);
+    const bool isCertain = written.closed && written.end == edited.end + by &&
+                           std::ranges::all_of(base.blocks, [](const ModelBlock& block) {
+                               return block.closed && block.strayAt == std::string_view::npos;
+                           });
+    if (!isCertain) return std::make_shared<const ModelBase>(std::move(text));
+    std::vector<ModelBlock> blocks;
+    blocks.reserve(base.blocks.size());
+    for (const ModelBlock& block : base.blocks) {
+        blocks.push_back(block.begin == edited.begin
+                             ? written
+                             : moved(block, before, after, block.begin > edited.begin ? by : 0));
+    }
+    return std::make_shared<const ModelBase>(std::move(text), std::move(blocks));
 }
 
 PendingFile prepareWorkingCopy(const std::string& modelPath, std::string_view text) {
@@ -40,11 +82,18 @@ void ModelDocument::writeText(std::string_view text) {
     unsavedRemoval_ = false;
 }
 
-void ModelDocument::write(const PiecedText& text) {
-    // Complete in memory before the file is touched.
-    auto saved = std::make_shared<const ModelBase>(joinedText(savePath, text.pieces()));
+// What is written is complete in memory before the file is touched.
+void ModelDocument::writeBase(SharedBase saved) {
     writeText(saved->text.view());
     base_ = std::move(saved);
+}
+
+void ModelDocument::write(const PiecedText& text) {
+    writeBase(std::make_shared<const ModelBase>(joinedText(savePath, text.pieces())));
+}
+
+void ModelDocument::writeGeoset(const PiecedText& text) {
+    writeBase(withGeosetWritten(*base_, joinedText(savePath, text.pieces()), geosetNumber));
 }
 
 void ModelDocument::writeAsItIs() { writeText(base_->text.view()); }

@@ -23,6 +23,8 @@ struct ModelBase {
     std::vector<GeosetBlock> geosets;  ///< those of the blocks that are geosets
 
     explicit ModelBase(ModelText itsText);
+    /// With blocks that are known already.
+    ModelBase(ModelText itsText, std::vector<ModelBlock> itsBlocks);
     // The blocks' keywords are views into the text.
     ModelBase(const ModelBase&) = delete;
     ModelBase& operator=(const ModelBase&) = delete;
@@ -33,6 +35,10 @@ struct ModelBase {
     }
 };
 using SharedBase = std::shared_ptr<const ModelBase>;
+
+/// A text that differs from `base` in nothing but geoset `geosetNumber` (1-based). Only that block
+/// is scanned anew, where the base's braces leave no doubt; the others keep their places.
+SharedBase withGeosetWritten(const ModelBase& base, ModelText text, int geosetNumber);
 
 /// A working copy of a text, complete but not yet in its place. `modelPath` is the model that it
 /// belongs to, whose permissions it takes. Throws FileError.
@@ -71,6 +77,8 @@ public:
     /// Writes a text to savePath and makes it the text in memory. Throws FileError, and then
     /// nothing has changed.
     void write(const PiecedText& text);
+    /// The same for a text that differs from the one in memory in nothing but the edited geoset.
+    void writeGeoset(const PiecedText& text);
     /// The same with the text in memory as it is.
     void writeAsItIs();
 
@@ -93,6 +101,7 @@ private:
     void placeWorkingCopy(PendingFile& prepared, const std::string& itsModel);
     bool isWorkingCopyOwn() const;
     void writeText(std::string_view text);
+    void writeBase(SharedBase saved);
 
     SharedBase base_;
     bool geosetRemoved_ = false;

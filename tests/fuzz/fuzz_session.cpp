@@ -349,6 +349,20 @@ void checkSingleSave(Session& session, const std::string& path, const Expected& 
             "the geoset saved alone has " + std::to_string(alone.size()) + " vertices");
 }
 
+// What is known of the text in memory without scanning it again is what is in it.
+void promiseSameBlocks(const ModelBase& base) {
+    const std::vector<ModelBlock> scanned = scanBlocks(base.text.view());
+    bool same = scanned.size() == base.blocks.size();
+    for (std::size_t i = 0; same && i < scanned.size(); ++i) {
+        const ModelBlock& a = scanned[i];
+        const ModelBlock& b = base.blocks[i];
+        same = a.keyword == b.keyword && a.begin == b.begin && a.bodyBegin == b.bodyBegin &&
+               a.bodyEnd == b.bodyEnd && a.end == b.end && a.closed == b.closed &&
+               a.strayAt == b.strayAt;
+    }
+    promise(same, "the blocks known after the save are not those of the text");
+}
+
 void checkSave(Session& session, const std::string& folder) {
     const GeosetStore& store = session.editor.store;
     const std::string path = store.modelPath;
@@ -371,6 +385,7 @@ void checkSave(Session& session, const std::string& folder) {
         return;
     }
     const std::string first = bytesOf(path);
+    promiseSameBlocks(store.base());
     promiseSameAround(base, first, geosetNumber);
     checkSingleSave(session, folder + "/alone.mdl", expected);
 

@@ -45,6 +45,7 @@ protected:
     void save() {
         dialogs.asked.clear();
         corvane::save(editor);
+        expectBlocksAsScanned();
     }
     void saveAs(const std::string& path) {
         dialogs.asked.clear();
@@ -55,6 +56,25 @@ protected:
         dialogs.asked.clear();
         dialogs.files.push_back(path);
         saveGeoset(editor);
+    }
+
+    /// The blocks that are known of the text in memory are those that are in it.
+    void expectBlocksAsScanned() const {
+        if (!editor.store.modelLoaded) return;
+        const ModelBase& base = editor.store.base();
+        const auto texts = [&](const std::vector<ModelBlock>& blocks) {
+            std::vector<std::string> lines;
+            for (const ModelBlock& block : blocks) {
+                lines.push_back(std::string(block.keyword) + ' ' + std::to_string(block.begin) +
+                                ' ' + std::to_string(block.bodyBegin) + ' ' +
+                                std::to_string(block.bodyEnd) + ' ' + std::to_string(block.end) +
+                                ' ' + std::to_string(block.strayAt) +
+                                (block.closed ? "" : " open"));
+            }
+            return lines;
+        };
+        EXPECT_EQ(texts(base.blocks), texts(scanBlocks(base.text.view())));
+        EXPECT_EQ(texts(base.geosets), texts(scanGeosets(base.text.view())));
     }
 
     /// Delete Current Geoset, confirmed.

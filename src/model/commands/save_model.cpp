@@ -36,10 +36,12 @@ void renewWorkingCopy(Editor& editor) {
     }
 }
 
-// Writes a text to the model file and makes it the text that later saves start from.
-bool writeText(Editor& editor, const PiecedText& text) {
+// Writes a text to the model file and makes it the text that later saves start from. `write` does
+// that.
+bool writeText(Editor& editor, const PiecedText& text,
+               void (ModelDocument::*write)(const PiecedText&)) {
     try {
-        editor.store.write(text);
+        (editor.store.*write)(text);
     } catch (const FileError& error) {
         showSaveError(editor, error.what());
         return false;
@@ -77,7 +79,9 @@ SaveKind kindOfSave(const GeosetStore& store, bool singleGeoset) {
 void removeEmptied(Editor& editor) {
     GeosetStore& store = editor.store;
     editor.dialogs.messageBox(kWarningCaption, "Removing geoset");
-    if (!writeText(editor, removeGeoset(store.base().text, store.geosetNumber))) return;
+    if (!writeText(editor, removeGeoset(store.base().text, store.geosetNumber),
+                   &ModelDocument::write))
+        return;
     store.noteGeosetRemoved();
     renewWorkingCopy(editor);
     chooseAndRead(editor);
@@ -153,7 +157,8 @@ void writeGeoset(Editor& editor, bool singleGeoset) {
     }
     NeutralRows neutral;
     const std::optional<PiecedText> text = compose(editor, singleGeoset, neutral);
-    if (!text || !writeText(editor, *text)) return;
+    const auto write = singleGeoset ? &ModelDocument::write : &ModelDocument::writeGeoset;
+    if (!text || !writeText(editor, *text, write)) return;
     store.noteSaved();
     store.noteGeosetRead();
     if (singleGeoset) store.geosetNumber = 1;
