@@ -27,6 +27,7 @@
 #include "model/model_scanner.h"
 #include "test_commands.h"
 #include "uveditor/commands/exchange.h"
+#include "views/commands/view_commands.h"
 
 namespace corvane {
 
@@ -157,13 +158,18 @@ void appendMatrix(Session& session, Edits& edits) {
     addMatrix(session.editor);
 }
 
+void placeSelection(Session& session, Edits& edits) {
+    session.dialogs.expectInput(std::to_string(edits.takeDigit()));
+    setCoordinates(session.editor);
+}
+
 struct Edit {
     char letter;
     void (*run)(Session& session, Edits& edits);
 };
 
 // What each letter does. Other characters do nothing.
-constexpr std::array<Edit, 27> kEdits = {{
+constexpr std::array<Edit, 29> kEdits = {{
     {'a', [](Session& s, Edits&) { selectAll(s.editor); }},
     {'i', [](Session& s, Edits&) { invertSelection(s.editor); }},
     {'e', [](Session& s, Edits&) { expandSelection(s.editor); }},
@@ -186,6 +192,8 @@ constexpr std::array<Edit, 27> kEdits = {{
     {'N', [](Session& s, Edits&) { snapNormals(s.editor); }},
     {'M', [](Session& s, Edits& e) { mirrorSelection(s.editor, e.takeAxis()); }},
     {'A', [](Session& s, Edits& e) { alignSelection(s.editor, e.takeAxis()); }},
+    {'C', placeSelection},
+    {'X', [](Session& s, Edits& e) { toggleActive(s.editor, e.takeAxis()); }},
     {'u', [](Session& s, Edits&) { undoLast(s.editor); }},
     {'t', exchangeTexture},
     {'g', assignGroup},
@@ -419,6 +427,25 @@ void playFuzzSession(const std::string& folder, std::string_view input) {
     }
     deleteFile(path);
     deleteFile(folder + "/alone.mdl");
+}
+
+std::vector<FuzzEditOutcome> playEveryFuzzEdit(const std::string& path) {
+    std::vector<FuzzEditOutcome> outcomes;
+    for (const Edit& edit : kEdits) {
+        Session session(path, 1);
+        Editor& editor = session.editor;
+        for (VertexRecord& vertex : editor.store.Vertices) vertex.selected = true;
+        const Geoset before = editor.store;
+        Edits edits("1234567890");
+        edit.run(session, edits);
+        FuzzEditOutcome outcome{.letter = edit.letter, .step = editor.undo.slots.front().name};
+        if (!outcome.step.empty()) {
+            undoLast(editor);
+            outcome.undone = static_cast<const Geoset&>(editor.store) == before;
+        }
+        outcomes.push_back(outcome);
+    }
+    return outcomes;
 }
 
 }  // namespace corvane

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvane {
 
@@ -22,5 +23,15 @@ inline constexpr char kEditsMark = '@';
 /// a mark all of it is the model. Files go into `folder`, which is empty before and after.
 /// Throws BrokenPromise.
 void playFuzzSession(const std::string& folder, std::string_view input);
+
+/// What an edit of the table does to a model of the file at `path`, all of which is selected.
+struct FuzzEditOutcome {
+    char letter = 0;
+    std::string step;     ///< the step that it records; empty for none
+    bool undone = false;  ///< whether Undo brings the geoset back as it was before
+};
+
+/// Plays every edit of the table by itself.
+std::vector<FuzzEditOutcome> playEveryFuzzEdit(const std::string& path);
 
 }  // namespace corvane

@@ -2,11 +2,10 @@
 // names that they show.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <optional>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 
 #include "edit/deletion.h"
@@ -57,9 +56,10 @@ inline void pushUndo(Editor& editor, UndoCopies copies, const Triple& numbers,
                      std::string_view name) {
     const StepTaken taken = stepNamed(name, numbers);
     const UndoCopies& keeps = taken.step.kind().keeps;
-    EXPECT_EQ(keeps.keepFaces, copies.keepFaces) << name;
-    EXPECT_EQ(keeps.keepVertices, copies.keepVertices) << name;
-    EXPECT_EQ(keeps.keepSelection, copies.keepSelection) << name;
+    if (keeps.keepFaces != copies.keepFaces || keeps.keepVertices != copies.keepVertices ||
+        keeps.keepSelection != copies.keepSelection) {
+        throw std::runtime_error("other copies are kept for " + std::string(name));
+    }
     pushUndo(editor, taken);
 }
 
