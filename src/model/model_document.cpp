@@ -66,7 +66,11 @@ void ModelDocument::open(const std::string& path, SharedBase text, const FileSta
     base_ = std::move(text);
     modelPath = stampedPath_ = path;
     stamp_ = stamp;
-    unsavedRemoval_ = false;
+    unsavedRemoval_ = unsavedText_ = false;
+}
+
+std::optional<FileStamp> ModelDocument::knownStamp() const {
+    return modelPath == stampedPath_ ? stamp_ : std::nullopt;
 }
 
 bool ModelDocument::isChangedOutside() const {
@@ -79,7 +83,7 @@ void ModelDocument::writeText(std::string_view text) {
     // Taken before the file has its name: what another program does to it then is noticed.
     stamp_ = replaceFile(savePath, std::array{text});
     stampedPath_ = savePath;
-    unsavedRemoval_ = false;
+    unsavedRemoval_ = unsavedText_ = false;
 }
 
 // What is written is complete in memory before the file is touched.

@@ -55,6 +55,12 @@ public:
 
     /// The text in memory; only while a model is open.
     const ModelBase& base() const { return *base_; }
+    /// The same to be kept beyond that; null before a model was open.
+    const SharedBase& sharedBase() const { return base_; }
+
+    /// The stamp of the model file when it was last read or written here; nothing where that was
+    /// another file.
+    std::optional<FileStamp> knownStamp() const;
 
     /// Whether a geoset was removed from the text and none has been read since: then the geoset in
     /// memory is not in it.
@@ -62,6 +68,10 @@ public:
 
     /// Whether a geoset was removed from the text and no save has written it since.
     bool hasUnsavedRemoval() const { return unsavedRemoval_; }
+
+    /// Whether the text in memory is one that no file at modelPath holds, whatever is edited in it.
+    bool hasUnsavedText() const { return unsavedText_; }
+    void noteTextUnsaved() { unsavedText_ = true; }
 
     /// Makes a model the open one: its text, the stamp of its file when it was read, and its
     /// working copy, which takes its place. The working copy of the model that was open before is
@@ -106,6 +116,7 @@ private:
     SharedBase base_;
     bool geosetRemoved_ = false;
     bool unsavedRemoval_ = false;
+    bool unsavedText_ = false;
     std::string stampedPath_;         // the model file when the stamp was taken
     std::optional<FileStamp> stamp_;  // of the model file
     std::optional<FileStamp> workStamp_;

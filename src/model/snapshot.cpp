@@ -1,11 +1,56 @@
 #include "model/snapshot.h"
 
+#include <algorithm>
+
+#include "model/geoset_store.h"
+#include "model/row_sections.h"
+
 namespace corvane {
+
+namespace {
+
+// The geoset with its further sections written as they were read, whatever became of its vertices.
+Geoset withRowsAsRead(Geoset geoset) {
+    std::int16_t row = 0;
+    for (VertexRecord& vertex : geoset.Vertices) {
+        if (!vertex.deleted) vertex.fileRow = row++;
+    }
+    for (RowSection& rows : geoset.rowSections) rows.vertexCount = static_cast<std::size_t>(row);
+    return geoset;
+}
+
+}  // namespace
+
+Snapshot snapshotOf(const GeosetStore& store) {
+    // The number of a geoset that was removed belongs to another one.
+    return {.base = store.sharedBase(),
+            .geosetNumber = store.isGeosetRemoved() ? 0 : store.geosetNumber,
+            .modelPath = store.modelPath,
+            .geoset = store,
+            .stamp = store.knownStamp()};
+}
+
+void mergeTexture(Snapshot& snapshot, std::span<const double> u, std::span<const double> v) {
+    std::vector<VertexRecord>& vertices = snapshot.geoset.Vertices;
+    const std::size_t count = std::min({vertices.size(), u.size(), v.size()});
+    for (std::size_t i = 0; i < count; ++i) {
+        vertices[i].tu = u[i];
+        vertices[i].tv = v[i];
+    }
+}
 
 PiecedText composeSnapshot(const Snapshot& snapshot) {
     const ModelBase& base = *snapshot.base;
     if (base.hasGeoset(snapshot.geosetNumber)) {
-        return composeModel(base.text, base.geosets, snapshot.geosetNumber, snapshot.geoset);
+        const auto compose = [&](const Geoset& geoset) {
+            return composeModel(base.text, base.geosets, snapshot.geosetNumber, geoset);
+        };
+        try {
+            return compose(snapshot.geoset);
+        } catch (const RowsCannotFollow&) {
+            // The edits count for more.
+            return compose(withRowsAsRead(snapshot.geoset));
+        }
     }
     PiecedText text;
     text.addView(base.text.view());

@@ -2,6 +2,8 @@
 // on another thread, with nothing shared that changes.
 #pragma once
 
+#include <optional>
+#include <span>
 #include <string>
 
 #include "base/geoset.h"
@@ -9,17 +11,29 @@
 
 namespace corvane {
 
+struct GeosetStore;
+
 /// A copy of the edited geoset, and the text that it has its place in.
 struct Snapshot {
     SharedBase base;        ///< never changes
     int geosetNumber = 0;   ///< 1-based, of the geoset's place in the base
     std::string modelPath;  ///< where a save would write it
     Geoset geoset;
+    /// Of the model file when it was last read or written; nothing where it is not known.
+    std::optional<FileStamp> stamp{};
 };
+
+/// A snapshot of what is in memory. The model must be open.
+Snapshot snapshotOf(const GeosetStore& store);
+
+/// Writes texture coordinates into a snapshot, entry i to vertex i, as far as both lists reach.
+void mergeTexture(Snapshot& snapshot, std::span<const double> u, std::span<const double> v);
 
 /// The model with the snapshot's geoset in its place, complete, also where a save would leave the
 /// geoset out because it has no face. Where the base has no place for a geoset, the base as it is.
-/// Throws std::runtime_error where rows cannot follow their vertices or sections cannot be found.
+/// Sections
+/// whose rows cannot follow their vertices stay as they were read. Throws std::runtime_error where
+/// sections cannot be found.
 PiecedText composeSnapshot(const Snapshot& snapshot);
 
 }  // namespace corvane

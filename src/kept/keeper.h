@@ -1,0 +1,117 @@
+// Keeps what would be lost: snapshots are handed to a thread of its own, which writes them to the
+// folder. Nothing that is edited ever waits for the disk.
+#pragma once
+
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "editor/way_back.h"
+#include "kept/kept_folder.h"
+#include "kept/run_lock.h"
+
+namespace corvane {
+
+struct KeeperOptions {
+    std::string folder;
+    KeptLimits limits{};
+    /// Milliseconds since 1970, UTC; the system's clock where empty.
+    std::function<std::int64_t()> now{};
+    /// Called on the keeper's thread before it starts on what it was handed.
+    std::function<void()> beforeWork{};
+};
+
+/// The calls belong to one thread, that of the windows. What cannot be kept stops nothing: it is
+/// told through onState().
+class Keeper : public WayBack {
+public:
+    explicit Keeper(KeeperOptions options);
+    Keeper(const Keeper&) = delete;
+    Keeper& operator=(const Keeper&) = delete;
+    /// Waits like finish().
+    ~Keeper() override;
+
+    void keep(Snapshot snapshot, KeptBecause because) override;
+    void keepReplaced(SharedBase text, const std::string& path) override;
+    void noteSaved() override;
+
+    /// Sets what is called, on any thread, when something could not be kept, with the reason, and
+    /// with an empty text when keeping works again. A reason is told once, not for each try.
+    void onState(std::function<void(const std::string& failure)> call);
+
+    /// Whether the latest thing handed over is a snapshot of edits that go on.
+    bool holdsEditing() const { return holdsEditing_; }
+
+    /// Waits until all that was handed over is on the disk, or could not be kept.
+    void finish();
+
+    const std::string& folder() const { return options_.folder; }
+
+    /// What can be brought back, newest first: entries of this run and of those that have ended,
+    /// but not the edits that are in memory. Waits like finish().
+    std::vector<KeptEntry> offered();
+
+    /// Those of them that hold edits of a program that was killed, and that the user was not asked
+    /// about.
+    std::vector<KeptEntry> killed();
+
+    /// The model of an entry. Throws FileError.
+    ModelText read(const KeptEntry& entry) const;
+
+    /// The user was asked about an entry, opened it, or deletes it. What cannot be written is left
+    /// at that.
+    void noteAsked(KeptEntry entry) const;
+    void noteOpened(KeptEntry entry) const;
+    void remove(const KeptEntry& entry) const;
+
+private:
+    // What the thread has to do: keep a snapshot, keep a text, forget the edits, or only prune.
+    struct Work {
+        std::optional<Snapshot> snapshot{};
+        KeptBecause because = KeptBecause::Editing;
+        SharedBase text{};
+        std::string path{};
+        bool saved = false;
+
+        bool isEditing() const { return snapshot && because == KeptBecause::Editing; }
+    };
+
+    void rewrite(const KeptEntry& entry) const;
+    void hand(Work work);
+    void run(const std::stop_token& stop);
+    void perform(const Work& work);
+    void keepSnapshot(const Snapshot& snapshot, KeptBecause because);
+    void write(KeptEntry entry, const PiecedText& text);
+    bool isThereAlready(const KeptEntry& entry) const;
+    std::int64_t nextOrder();
+    void dropEditing();
+    void prune(const std::string& spare);
+    void tell(const std::string& failure);
+
+    KeeperOptions options_;
+    bool holdsEditing_ = false;
+
+    // The thread's own.
+    std::string run_;
+    RunLock lock_;
+    std::uint64_t written_ = 0;         // entries by this run
+    std::int64_t order_ = 0;            // of the latest entry
+    std::optional<KeptEntry> editing_;  // the entry of the edits that go on
+
+    mutable std::mutex mutex_;  // for what follows
+    std::condition_variable_any changed_;
+    std::deque<Work> queue_;
+    bool busy_ = false;
+    std::string failure_;
+    std::function<void(const std::string&)> onState_;
+
+    std::jthread thread_;  // last: it uses the others
+};
+
+}  // namespace corvane
