@@ -4,20 +4,35 @@
 
 #include "model/index_lists.h"
 #include "model/row_sections.h"
+#include "model/section_text.h"
 #include "model/vertex_rows.h"
 
 namespace corvane {
 
 namespace {
 
+// Notes a further section that has too few rows. Of rows that cannot be told apart nothing is
+// known.
+void noteIfShort(ReadNotes& notes, const ModelText& text, const Section& part,
+                 const RowSection& rows) {
+    if (!rows.problem.empty()) return;
+    noteIfShort(notes, {.keyword = rows.keyword,
+                        .offset = part.begin,
+                        .rows = rows.rows.size(),
+                        .counted = SectionText(text, part).countInHeader(1),
+                        .vertices = rows.vertexCount});
+}
+
 // Reads the further sections with rows for the vertices.
-void readRowSections(const ModelText& text, const std::vector<Section>& parts, Geoset& geoset) {
+void readRowSections(const ModelText& text, const std::vector<Section>& parts, Geoset& geoset,
+                     ReadNotes& notes) {
     for (const Section& part : parts) {
         if (part.kind != SectionKind::Rows) continue;
         const std::string_view keyword = keywordIn(part);
         const auto ordinal = std::ranges::count(geoset.rowSections, keyword, &RowSection::keyword);
         geoset.rowSections.push_back(
             readRowSection(text, part, static_cast<int>(ordinal), geoset.Vertices.size()));
+        noteIfShort(notes, text, part, geoset.rowSections.back());
     }
     if (geoset.rowSections.empty()) return;
     for (std::size_t i = 0; i < geoset.Vertices.size(); ++i) {
@@ -52,11 +67,12 @@ Geoset readBlock(const ModelText& text, const GeosetBlock& block, ReadNotes& not
                 readFaces(text, section, geoset);
                 break;
             case SectionKind::Groups:
-                readGroups(text, section, geoset);
+                readGroups(text, section, geoset, notes);
                 break;
         }
     }
-    readRowSections(text, parts, geoset);
+    readRowSections(text, parts, geoset, notes);
+    std::ranges::sort(notes.shortSections, {}, &ShortSection::offset);
     return geoset;
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "model/read_notes.h"
 #include "model/section_text.h"
 
 namespace corvane {
@@ -19,22 +20,34 @@ public:
     void read(Geoset& geoset) const;
 
 private:
-    void readTriangles(Lexer& lexer, Geoset& geoset, std::size_t& face) const;
-    void readIndexList(Lexer& lexer, std::size_t vertexCount, std::size_t& face,
-                       std::vector<FaceRecord>& faces) const;
+    void readTriangles(Lexer& lexer, Geoset& geoset) const;
+    void readIndexList(Lexer& lexer, Geoset& geoset) const;
+    std::int16_t cornerAt(std::size_t offset, int index, const Geoset& geoset) const;
 
     SectionText section_;
 };
 
+// A vertex index that stands at an offset.
+std::int16_t FaceReader::cornerAt(std::size_t offset, int index, const Geoset& geoset) const {
+    const std::size_t vertices = geoset.Vertices.size();
+    if (vertices == 0) section_.failAtHeader("the geoset has faces but no vertices.");
+    if (index < 0 || static_cast<std::size_t>(index) >= vertices) {
+        section_.failAt(offset, "a face uses vertex index " + std::to_string(index) +
+                                    ", but the geoset has " + std::to_string(vertices) +
+                                    " vertices (indices start at 0).");
+    }
+    return static_cast<std::int16_t>(index);
+}
+
 // Takes the corners of one list such as "{ 0, 1, 2, 0, 2, 3 }," whose brace the lexer is at. It may
 // be wrapped over several lines at any place between its numbers.
-void FaceReader::readIndexList(Lexer& lexer, std::size_t vertexCount, std::size_t& face,
-                               std::vector<FaceRecord>& faces) const {
+void FaceReader::readIndexList(Lexer& lexer, Geoset& geoset) const {
     const std::size_t listBegin = lexer.offset();
     if (!lexer.skip('{')) {
         section_.failAt(listBegin, section_.quotedLine(listBegin) +
                                        " is not a list of vertex indices in braces.");
     }
+    FaceRecord face;
     std::size_t slot = 0;
     while (lexer.skipBlanks() && lexer.peek() != '}') {
         int corner = 0;
@@ -52,20 +65,10 @@ void FaceReader::readIndexList(Lexer& lexer, std::size_t vertexCount, std::size_
                 withoutBlanks({field, static_cast<std::size_t>(fieldEnd - field)});
             section_.failAt(fieldBegin, quoted(wrong) + " is not a vertex index.");
         }
-        if (corner < 0 || static_cast<std::size_t>(corner) >= vertexCount) {
-            section_.failAt(fieldBegin, "a face uses vertex index " + std::to_string(corner) +
-                                            ", but the geoset has " + std::to_string(vertexCount) +
-                                            " vertices (indices start at 0).");
-        }
-        if (face == faces.size()) {
-            section_.failAt(fieldBegin,
-                            "the section Faces holds more triangles than its header says (" +
-                                std::to_string(faces.size()) + ").");
-        }
-        faces[face].corner[slot] = static_cast<std::int16_t>(corner);
-        if (++slot == 3) {
+        face.corner[slot] = cornerAt(fieldBegin, corner, geoset);
+        if (++slot == face.corner.size()) {
             slot = 0;
-            ++face;
+            geoset.Faces.push_back(face);
         }
         lexer.skip(',');
     }
@@ -82,10 +85,10 @@ void FaceReader::readIndexList(Lexer& lexer, std::size_t vertexCount, std::size_
 }
 
 // Reads a group such as "Triangles { ... }" whose keyword the lexer is at.
-void FaceReader::readTriangles(Lexer& lexer, Geoset& geoset, std::size_t& face) const {
+void FaceReader::readTriangles(Lexer& lexer, Geoset& geoset) const {
     const std::size_t begin = lexer.offset();
     if (lexer.next().text != "Triangles" || !lexer.skipPast('{')) {
-        if (face == 0) {
+        if (geoset.Faces.empty()) {
             section_.failAtHeader("no \"Triangles {\" follows; only triangles can be edited.");
         }
         section_.failAt(begin, section_.quotedLine(begin) +
@@ -93,35 +96,22 @@ void FaceReader::readTriangles(Lexer& lexer, Geoset& geoset, std::size_t& face) 
                                    "edited.");
     }
     while (lexer.skipBlanks() && lexer.peek() != '}') {
-        readIndexList(lexer, geoset.Vertices.size(), face, geoset.Faces);
+        readIndexList(lexer, geoset);
     }
     if (!lexer.skip('}')) section_.failAtHeader("the list of triangles does not end.");
     lexer.skipPast(',');
 }
 
 void FaceReader::read(Geoset& geoset) const {
-    // "Faces 1 36 {": the number of triangle groups, which are counted as they come, and that of
-    // indices.
+    // "Faces 1 36 {": the number of triangle groups and that of indices. Both are counted as they
+    // come, but a header without them is none.
     const std::int64_t indices = section_.headerCount(2);
-    const std::int64_t faces = indices / 3 + (indices % 3 == 2 ? 1 : 0);  // to the nearest
-    if (faces > kMaxFaces) {
-        section_.failAtHeader("the geoset has " + std::to_string(faces) + " faces; at most " +
-                              std::to_string(kMaxFaces) + " can be edited.");
-    }
-    geoset.Faces.resize(static_cast<std::size_t>(faces));
-    if (faces > 0 && geoset.Vertices.empty()) {
-        section_.failAtHeader("the geoset has faces but no vertices.");
-    }
-
+    geoset.Faces.reserve(static_cast<std::size_t>(std::min<std::int64_t>(indices / 3, kMaxFaces)));
     Lexer lexer = section_.body();
-    if (!lexer.skipBlanks()) {
-        if (faces == 0) return;
-        section_.failAtHeader("no \"Triangles {\" follows; only triangles can be edited.");
+    while (lexer.skipBlanks()) readTriangles(lexer, geoset);
+    if (geoset.Faces.size() > kMaxFaces) {
+        section_.failTooLarge(geoset.Faces.size(), "faces", kMaxFaces);
     }
-    std::size_t face = 0;
-    do {
-        readTriangles(lexer, geoset, face);
-    } while (lexer.skipBlanks());
 }
 
 // Reads the indices of a group whose opening brace the lexer has just passed.
@@ -156,7 +146,7 @@ void readFaces(const ModelText& text, const Section& section, Geoset& geoset) {
     FaceReader(SectionText(text, section)).read(geoset);
 }
 
-void readGroups(const ModelText& text, const Section& section, Geoset& geoset) {
+void readGroups(const ModelText& text, const Section& section, Geoset& geoset, ReadNotes& notes) {
     const SectionText source(text, section);
     Lexer lexer = source.body();
     while (lexer.skipBlanks()) {
@@ -167,6 +157,11 @@ void readGroups(const ModelText& text, const Section& section, Geoset& geoset) {
         readMatrices(source, lexer, geoset.matrixGroups.emplace_back());
         lexer.skipPast(',');
     }
+    noteIfShort(notes, {.keyword = std::string(keywordOf(section.kind)),
+                        .offset = section.begin,
+                        .rows = geoset.matrixGroups.size(),
+                        .counted = source.countInHeader(1),
+                        .vertices = {}});
 }
 
 }  // namespace corvane

@@ -38,6 +38,12 @@ public:
     ModelTextError(const ModelText& text, std::size_t offset, const std::string& reason);
 };
 
+/// A geoset with more vertices or faces than can be edited: nothing in its text is wrong.
+class GeosetTooLarge : public ModelTextError {
+public:
+    using ModelTextError::ModelTextError;
+};
+
 // Lines of a text. A line is named by the offset of any byte in it, its line break included; the
 // offset of the text's end stands for its last line. LF and CR LF end a line.
 

@@ -20,11 +20,16 @@ std::string SectionText::quotedLine(std::size_t offset) const {
     return quoted(lineAt(text_.view(), offset));
 }
 
-std::int64_t SectionText::headerCount(int words) const {
+std::optional<std::int64_t> SectionText::countInHeader(int words) const {
     Lexer header(section_.header, 0, section_.header.size());
     for (int i = 0; i < words; ++i) header.next();
     const std::optional<std::int64_t> value = parseInteger(header.next().text);
-    if (!value || *value < 0) {
+    return value && *value >= 0 ? value : std::nullopt;
+}
+
+std::int64_t SectionText::headerCount(int words) const {
+    const std::optional<std::int64_t> value = countInHeader(words);
+    if (!value) {
         failAtHeader("the header " + quotedLine(section_.bodyBegin - 1) + " holds no count.");
     }
     return *value;
@@ -50,5 +55,11 @@ void SectionText::fail(std::string_view piece, const std::string& reason) const 
 }
 
 void SectionText::failAtHeader(const std::string& reason) const { failAt(section_.begin, reason); }
+
+void SectionText::failTooLarge(std::size_t count, const char* things, int limit) const {
+    throw GeosetTooLarge(text_, section_.begin,
+                         "the geoset has " + std::to_string(count) + " " + things + "; at most " +
+                             std::to_string(limit) + " can be edited.");
+}
 
 }  // namespace corvane

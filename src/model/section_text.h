@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,7 +37,9 @@ public:
     /// The line with an offset, as messages show it.
     std::string quotedLine(std::size_t offset) const;
 
-    /// The count in the header behind so many words. Throws ModelTextError where there is none.
+    /// The count in the header behind so many words; nothing where there is none.
+    std::optional<std::int64_t> countInHeader(int words) const;
+    /// The same. Throws ModelTextError where there is none.
     std::int64_t headerCount(int words) const;
     /// A piece of the text as a number. Throws ModelTextError, calling it `what`, where it is none
     /// of 16 bits.
@@ -46,6 +49,9 @@ public:
     [[noreturn]] void failAt(std::size_t offset, const std::string& reason) const;
     [[noreturn]] void fail(std::string_view piece, const std::string& reason) const;
     [[noreturn]] void failAtHeader(const std::string& reason) const;
+    /// Throws GeosetTooLarge for so many `things`, such as "faces", where only `limit` can be
+    /// edited.
+    [[noreturn]] void failTooLarge(std::size_t count, const char* things, int limit) const;
 
 private:
     const ModelText& text_;

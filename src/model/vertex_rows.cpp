@@ -9,7 +9,7 @@
 #include <string>
 
 #include "base/numbers.h"
-#include "model/geoset_reader.h"
+#include "model/read_notes.h"
 #include "model/section_text.h"
 
 namespace corvane {
@@ -47,20 +47,25 @@ bool isNumberEnd(const Lexer& row, bool last) { return last ? isRowEnd(row) : ro
 // Reads the rows of one section.
 class RowReader {
 public:
-    RowReader(const SectionText& section, ReadNotes& notes) : section_(section), notes_(notes) {}
+    // There may be `mostRows` rows.
+    RowReader(const SectionText& section, std::size_t mostRows, ReadNotes& notes)
+        : section_(section), mostRows_(mostRows), notes_(notes) {}
 
-    void read(Geoset& geoset);
+    // The number of rows.
+    std::size_t read(Geoset& geoset);
 
 private:
     double number(Lexer& row, std::size_t rowBegin, std::span<const double> values, bool last);
     double oddNumber(std::string_view field);
     void numbers(Lexer& row, std::span<double> values);
     void afterRow(Lexer& row, std::size_t rowBegin) const;
-    VertexRecord& recordOf(Geoset& geoset, std::size_t row, std::size_t offset) const;
+    VertexRecord& recordOf(Geoset& geoset, std::size_t row, std::size_t offset);
     void readVertexGroup(Lexer& row, VertexRecord& record) const;
 
     SectionText section_;
+    std::size_t mostRows_;
     ReadNotes& notes_;
+    VertexRecord beyond_;  // takes the rows that are too many to be edited, and only counted
 };
 
 // Reads one number of a row and leaves the lexer at the comma or brace that follows it.
@@ -137,11 +142,15 @@ void RowReader::afterRow(Lexer& row, std::size_t rowBegin) const {
     }
 }
 
-VertexRecord& RowReader::recordOf(Geoset& geoset, std::size_t row, std::size_t offset) const {
-    if (row >= geoset.Vertices.size()) {
+// The record of a row. The rows of Vertices make the records.
+VertexRecord& RowReader::recordOf(Geoset& geoset, std::size_t row, std::size_t offset) {
+    if (row >= mostRows_) {
         section_.failAt(offset, "the section " + std::string(keywordOf(section_.kind())) +
                                     " has more rows than the geoset has vertices (" +
-                                    std::to_string(geoset.Vertices.size()) + ").");
+                                    std::to_string(mostRows_) + ").");
+    }
+    if (section_.kind() == SectionKind::Vertices) {
+        return row < kMaxVertices ? geoset.Vertices.emplace_back() : beyond_;
     }
     return geoset.Vertices[row];
 }
@@ -168,9 +177,10 @@ void RowReader::readVertexGroup(Lexer& row, VertexRecord& record) const {
 }
 
 // Row i of each of these sections goes into record i.
-void RowReader::read(Geoset& geoset) {
+std::size_t RowReader::read(Geoset& geoset) {
     Lexer lexer = section_.body();
-    for (std::size_t row = 0; lexer.skipBlanks(); ++row) {
+    std::size_t row = 0;
+    for (; lexer.skipBlanks(); ++row) {
         VertexRecord& record = recordOf(geoset, row, lexer.offset());
         Triple values{};
         if (section_.kind() == SectionKind::VertexGroup) {
@@ -185,24 +195,35 @@ void RowReader::read(Geoset& geoset) {
             for (std::size_t i = 0; i < values.size(); ++i) target[kFileSlotOrder[i]] = values[i];
         }
     }
+    return row;
 }
 
 }  // namespace
 
 void readVertices(const ModelText& text, const Section& section, Geoset& geoset, ReadNotes& notes) {
     const SectionText source(text, section);
-    const std::int64_t vertices = source.headerCount(1);  // after the keyword
-    if (vertices > kMaxVertices) {
-        source.failAtHeader("the geoset has " + std::to_string(vertices) + " vertices; at most " +
-                            std::to_string(kMaxVertices) + " can be edited.");
-    }
-    geoset.Vertices.resize(static_cast<std::size_t>(vertices));
-    RowReader(source, notes).read(geoset);
+    const std::int64_t counted = source.headerCount(1);  // after the keyword
+    geoset.Vertices.reserve(
+        static_cast<std::size_t>(std::min<std::int64_t>(counted, kMaxVertices)));
+    const std::size_t rows =
+        RowReader(source, static_cast<std::size_t>(counted), notes).read(geoset);
+    if (rows > kMaxVertices) source.failTooLarge(rows, "vertices", kMaxVertices);
+    noteIfShort(notes, {.keyword = std::string(keywordOf(section.kind)),
+                        .offset = section.begin,
+                        .rows = rows,
+                        .counted = counted,
+                        .vertices = {}});
 }
 
 void readVertexRows(const ModelText& text, const Section& section, Geoset& geoset,
                     ReadNotes& notes) {
-    RowReader(SectionText(text, section), notes).read(geoset);
+    const SectionText source(text, section);
+    const std::size_t rows = RowReader(source, geoset.Vertices.size(), notes).read(geoset);
+    noteIfShort(notes, {.keyword = std::string(keywordOf(section.kind)),
+                        .offset = section.begin,
+                        .rows = rows,
+                        .counted = source.countInHeader(1),
+                        .vertices = geoset.Vertices.size()});
 }
 
 }  // namespace corvane

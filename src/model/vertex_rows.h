@@ -10,8 +10,9 @@ namespace corvane {
 
 struct ReadNotes;
 
-/// Makes as many vertices as the header of the section Vertices says, and reads their positions.
-/// Throws ModelTextError.
+/// Makes as many vertices as the section Vertices has rows, and reads their positions.
+/// Throws ModelTextError, also where there are more rows than the header says; GeosetTooLarge where
+/// there are more than can be edited.
 void readVertices(const ModelText& text, const Section& section, Geoset& geoset, ReadNotes& notes);
 
 /// Reads row i of a section of another of these kinds into vertex i.

@@ -39,9 +39,8 @@ std::string geosetWith(int count, const std::string& section) {
     return text + "\t}\n" + section + "}\n";
 }
 
-std::string facesSection(int indexCount, const std::string& indexLines) {
-    return "\tFaces 1 " + std::to_string(indexCount) + " {\n\t\tTriangles {\n" + indexLines +
-           "\t\t}\n\t}\n";
+std::string facesSection(const std::string& indexCount, const std::string& indexLines) {
+    return "\tFaces 1 " + indexCount + " {\n\t\tTriangles {\n" + indexLines + "\t\t}\n\t}\n";
 }
 
 FaceRecord face(std::int16_t a, std::int16_t b, std::int16_t c) { return {{a, b, c}, false}; }
@@ -182,11 +181,13 @@ TEST(ParseGeoset, ReturnsAnEmptyGeosetForANumberThatTheFileDoesNotHave) {
     EXPECT_EQ(readGeoset("Version {\n}\n", 1), empty);
 }
 
-TEST(ParseGeoset, SizesTheVertexListByItsHeader) {
+TEST(ParseGeoset, SizesTheVertexListByItsRows) {
     const Geoset geoset = readGeoset(
         "Geoset {\n"
-        "\tVertices 3 {\n"
+        "\tVertices 4 {\n"
         "\t\t{ 1, 2, 3 },\n"
+        "\t\t{ 0, 0, 0 },\n"
+        "\t\t{ 0, 0, 0 },\n"
         "\t}\n"
         "\tNormals 3 {\n"
         "\t\t{ 0, 0, 1 },\n"
@@ -234,6 +235,8 @@ TEST(ParseGeoset, ReadsSectionsThatStandBeforeTheVertices) {
         "\t}\n"
         "\tVertices 3 {\n"
         "\t\t{ 1, 2, 3 },\n"
+        "\t\t{ 0, 0, 0 },\n"
+        "\t\t{ 0, 0, 0 },\n"
         "\t}\n"
         "}\n");
     ASSERT_EQ(geoset.Vertices.size(), 3U);
@@ -257,9 +260,9 @@ TEST(ParseGeoset, ReadsRowsWithoutBlanksOrATrailingComma) {
 
 TEST(ParseGeoset, ReadsIndexListsOverSeveralLines) {
     const Geoset geoset = readGeoset(geosetWith(
-        4,
-        facesSection(
-            15, "\t\t\t{ 0, 1, 2, 1, 2, 3 },\n\t\t\t{ 3, 2, 1 },\n\t\t\t{ 3, 0, 1, 0, 0, 0 },\n")));
+        4, facesSection(
+               "15",
+               "\t\t\t{ 0, 1, 2, 1, 2, 3 },\n\t\t\t{ 3, 2, 1 },\n\t\t\t{ 3, 0, 1, 0, 0, 0 },\n")));
     EXPECT_EQ(geoset.Faces, (std::vector<FaceRecord>{face(0, 1, 2), face(1, 2, 3), face(3, 2, 1),
                                                      face(3, 0, 1), face(0, 0, 0)}));
 }
@@ -271,7 +274,7 @@ TEST(ParseGeoset, ReadsIndexLinesOf130000Characters) {
     list += "1, 0";
     ASSERT_GT(list.size(), 130000U);
     const Geoset geoset =
-        readGeoset(geosetWith(1002, facesSection(30000, "\t\t\t{ " + list + " },\n")));
+        readGeoset(geosetWith(1002, facesSection("30000", "\t\t\t{ " + list + " },\n")));
     ASSERT_EQ(geoset.Faces.size(), 10000U);
     EXPECT_EQ(geoset.Faces[0], face(1000, 1001, 1000));
     EXPECT_EQ(geoset.Faces[1], face(1001, 1000, 1001));
@@ -281,23 +284,36 @@ TEST(ParseGeoset, ReadsIndexLinesOf130000Characters) {
 TEST(ParseGeoset, ReadsTheFaceCountFromTheHeader) {
     std::string list = "0, 1, 2";
     for (int i = 1; i < 12; ++i) list += ", 2, 1, 0";
-    const Geoset geoset = readGeoset(geosetWith(3, facesSection(36, "\t\t\t{ " + list + " },\n")));
+    const Geoset geoset =
+        readGeoset(geosetWith(3, facesSection("36", "\t\t\t{ " + list + " },\n")));
     ASSERT_EQ(geoset.Faces.size(), 12U);
     EXPECT_EQ(geoset.Faces[0], face(0, 1, 2));
     EXPECT_EQ(geoset.Faces[11], face(2, 1, 0));
 }
 
 // A save after Delete Face writes a header that counts more faces than the list holds.
-TEST(ParseGeoset, LeavesFacesThatTheListLacksAtZero) {
-    const Geoset geoset = readGeoset(geosetWith(3, facesSection(9, "\t\t\t{ 0, 1, 2 },\n")));
-    EXPECT_EQ(geoset.Faces, (std::vector<FaceRecord>{face(0, 1, 2), face(0, 0, 0), face(0, 0, 0)}));
+TEST(ParseGeoset, ReadsTheFacesThatAreListedWhateverTheHeaderCounts) {
+    for (const char* const count : {"3", "9", "0", "4", "5", "32767", "9223372036854775807"}) {
+        EXPECT_EQ(readGeoset(geosetWith(3, facesSection(count, "\t\t\t{ 0, 1, 2 },\n"))).Faces,
+                  (std::vector<FaceRecord>{face(0, 1, 2)}))
+            << count;
+        EXPECT_TRUE(readGeoset(geosetWith(3, facesSection(count, ""))).Faces.empty()) << count;
+    }
+    EXPECT_TRUE(readGeoset(geosetWith(3, "\tFaces 1 3 {\n\t}\n")).Faces.empty());
+}
+
+TEST(ParseGeoset, ReadsMoreFacesThanTheHeaderCounts) {
+    const std::string two = "\t\t\t{ 0, 1, 2, 2, 1, 0 },\n";
+    for (const char* const count : {"0", "3", "4", "5"}) {
+        EXPECT_EQ(readGeoset(geosetWith(3, facesSection(count, two))).Faces,
+                  (std::vector<FaceRecord>{face(0, 1, 2), face(2, 1, 0)}))
+            << count;
+    }
 }
 
 TEST(ParseGeoset, ReadsAnEmptyIndexList) {
-    EXPECT_EQ(readGeoset(geosetWith(3, facesSection(3, "\t\t\t{ },\n"))).Faces,
-              (std::vector<FaceRecord>{face(0, 0, 0)}));
-    EXPECT_TRUE(readGeoset(geosetWith(3, facesSection(0, "\t\t\t{ },\n"))).Faces.empty());
-    EXPECT_TRUE(readGeoset(geosetWith(3, facesSection(0, ""))).Faces.empty());
+    EXPECT_TRUE(readGeoset(geosetWith(3, facesSection("3", "\t\t\t{ },\n"))).Faces.empty());
+    EXPECT_TRUE(readGeoset(geosetWith(3, facesSection("0", "\t\t\t{ },\n"))).Faces.empty());
 }
 
 TEST(ParseGeoset, ReadsAFileThatEndsAfterTheSectionsOfItsLastGeoset) {
@@ -323,8 +339,9 @@ TEST(ParseGeoset, KeepsTheFirstOfSeveralTextureLayers) {
 }
 
 TEST(ParseGeoset, ReadsAGeosetOfTheLargestSize) {
-    const Geoset geoset = readGeoset("Geoset {\n\tVertices 32767 {\n\t}\n" +
-                                     facesSection(98301, "\t\t\t{ 32766, 0, 32765 },\n") + "}\n");
+    std::string list;
+    for (int i = 0; i < 32767; ++i) list += "\t\t\t{ 32766, 0, 32765 },\n";
+    const Geoset geoset = readGeoset(geosetWith(32767, facesSection("98301", list)));
     ASSERT_EQ(geoset.Vertices.size(), 32767U);
     ASSERT_EQ(geoset.Faces.size(), 32767U);
     EXPECT_EQ(geoset.Faces[0], face(32766, 0, 32765));

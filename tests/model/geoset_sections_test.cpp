@@ -224,7 +224,7 @@ TEST(FacesSection, WritesAnEmptyListThatCanBeReadBack) {
               "\t\t}\n");
     const Geoset again = readGeoset("Geoset {\n" + section(SectionKind::Vertices, geoset) +
                                     "\t}\n" + faces + "\t}\n}\n");
-    EXPECT_EQ(again.Faces, (std::vector<FaceRecord>{face(0, 0, 0), face(0, 0, 0)}));
+    EXPECT_TRUE(again.Faces.empty());
 }
 
 TEST(GroupsSection, CountsTheEntriesOfAllGroups) {

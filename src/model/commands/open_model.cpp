@@ -15,8 +15,17 @@ namespace {
 // Where the warning about decimal commas sends its reader.
 constexpr const char* kDecimalSeparatorPage = "docs/decimal-separator.md";
 
+constexpr const char* kGeosetOrModel = "another geoset or model";
+
 void showReadError(Editor& editor, const std::string& what, const std::string& advice) {
     editor.dialogs.messageBox(kErrorCaption, what + "\n\n" + advice);
+}
+
+void showUnreadable(Editor& editor, int geosetNumber, const ModelTextError& error,
+                    const std::string& advice) {
+    showReadError(editor,
+                  "Geoset " + std::to_string(geosetNumber) + " cannot be read.\n" + error.what(),
+                  advice);
 }
 
 // Whether a geoset that is not closed would still be the same one after a save.
@@ -37,20 +46,13 @@ bool staysWhole(const ModelBase& base, const PickedGeoset& picked) {
     }
 }
 
-void showNotFinite(Editor& editor, const ModelText& text, const ReadNotes& notes) {
-    const std::string numbers = notes.notFinite == 1
-                                    ? "1 number of its normals and texture coordinates is"
-                                    : std::to_string(notes.notFinite) +
-                                          " numbers of its normals and texture coordinates are";
-    editor.dialogs.messageBox(
-        kWarningCaption,
-        text.path() + ", line " + std::to_string(lineNumberAt(text.view(), notes.firstNotFinite)) +
-            ": " + numbers +
-            (notes.notFinite == 1
-                 ? " not finite and was read as 0."
-                 : " not finite and were read as 0; the first one is in this line.") +
-            " Recalculate Normals or "
-            "the texture coordinate editor give them values; a save writes what is shown then.");
+void showNotes(Editor& editor, const ModelText& text, const ReadNotes& notes) {
+    if (!notes.shortSections.empty()) {
+        editor.dialogs.messageBox(kWarningCaption, shortSectionsMessage(text, notes));
+    }
+    if (notes.notFinite > 0) {
+        editor.dialogs.messageBox(kWarningCaption, notFiniteMessage(text, notes));
+    }
 }
 
 // A model file as it was read.
@@ -77,10 +79,8 @@ std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
     if (clashesWithWorkingCopy(editor, path)) return std::nullopt;
     try {
         PendingFile workingCopy = prepareWorkingCopy(path, model.base->text.view());
-        std::optional<PickedGeoset> picked =
-            pickGeoset(editor, *model.base,
-                       "The file was not opened and is unchanged. Mend the line in a text editor, "
-                       "or choose another geoset or model.");
+        std::optional<PickedGeoset> picked = pickGeoset(
+            editor, *model.base, {"The file was not opened and is unchanged.", kGeosetOrModel});
         if (!picked) return std::nullopt;
         editor.store.open(path, model.base, model.stamp, workingCopy);
         takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
@@ -97,9 +97,7 @@ std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
 OpenOutcome openForMerge(Editor& editor, const std::string& path) {
     const std::optional<ReadModel> model = readModel(editor, path);
     if (!model) return {};
-    return {.picked = pickGeoset(editor, *model->base,
-                                 "Nothing was merged. Mend the line in a text editor, or choose "
-                                 "another geoset or model.")};
+    return {.picked = pickGeoset(editor, *model->base, {"Nothing was merged.", kGeosetOrModel})};
 }
 
 // The mouse release that ends the file dialog's double click may reach a view: it must not select
@@ -159,7 +157,7 @@ int chooseGeoset(Editor& editor, std::size_t geosetCount) {
 }
 
 std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
-                                       const std::string& advice) {
+                                       const ReadAdvice& advice) {
     PickedGeoset picked;
     picked.geosetCount = base.geosets.size();
     picked.geosetNumber = chooseGeoset(editor, base.geosets.size());
@@ -175,15 +173,19 @@ std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
                                      "read again after a save.");
             }
         }
-        if (notes.notFinite > 0) showNotFinite(editor, base.text, notes);
+        showNotes(editor, base.text, notes);
         return picked;
+    } catch (const GeosetTooLarge& error) {
+        // No line is wrong.
+        showUnreadable(editor, picked.geosetNumber, error,
+                       advice.outcome + " Choose " + advice.choice +
+                           ", or split this geoset in the program that made the model.");
     } catch (const ModelTextError& error) {
-        showReadError(
-            editor,
-            "Geoset " + std::to_string(picked.geosetNumber) + " cannot be read.\n" + error.what(),
-            advice);
-        return std::nullopt;
+        showUnreadable(
+            editor, picked.geosetNumber, error,
+            advice.outcome + " Mend the line in a text editor, or choose " + advice.choice + ".");
     }
+    return std::nullopt;
 }
 
 OpenOutcome openPath(Editor& editor, const std::string& path) {
@@ -220,10 +222,8 @@ void switchGeoset(Editor& editor) {
 }
 
 void chooseAndRead(Editor& editor) {
-    std::optional<PickedGeoset> picked =
-        pickGeoset(editor, editor.store.base(),
-                   "The geoset in memory stays as it is. Mend the line in a text editor, or choose "
-                   "another geoset.");
+    std::optional<PickedGeoset> picked = pickGeoset(
+        editor, editor.store.base(), {"The geoset in memory stays as it is.", "another geoset"});
     if (!picked) return;
     takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
     show(editor, Show::Views);

@@ -26,10 +26,15 @@ struct PickedGeoset {
     std::size_t geosetCount = 0;  ///< geosets in that model
 };
 
-/// Lets the user pick a geoset of a text. Nothing, after a message that ends with `advice`, where
-/// it cannot be read.
+/// What a message about a geoset that cannot be read ends with.
+struct ReadAdvice {
+    std::string outcome;  ///< what it came to, a sentence
+    std::string choice;   ///< what can be chosen instead, such as "another geoset"
+};
+
+/// Lets the user pick a geoset of a text. Nothing where it cannot be read, after a message.
 std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
-                                       const std::string& advice);
+                                       const ReadAdvice& advice);
 
 /// What openModel() came to.
 struct OpenOutcome {
