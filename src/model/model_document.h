@@ -4,6 +4,7 @@
 // The working copy beside the model holds the same text. It is written from memory and never read.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,14 +36,15 @@ struct ModelBase {
 using SharedBase = std::shared_ptr<const ModelBase>;
 
 /// A working copy of a text, complete but not yet in its place. `modelPath` is the model that it
-/// belongs to, whose permissions it takes. Throws FileError.
+/// belongs to, whose permissions it takes. Where its name would be too long for the file system,
+/// there is none: no model must be refused for a file that is never read. Throws FileError.
 PendingFile prepareWorkingCopy(const std::string& modelPath, std::string_view text);
 
 /// Paths are UTF-8 and empty until a model is open.
 class ModelDocument {
 public:
     std::string modelPath;  ///< the current model file; a save writes here
-    std::string workPath;   ///< the working copy beside it
+    std::string workPath;   ///< the working copy beside it, if its name is not too long
     std::string savePath;   ///< the path of the latest save
     int geosetNumber = 0;   ///< 1-based number of the edited geoset in the text
     bool modelLoaded = false;
@@ -82,6 +84,9 @@ public:
     /// FileError, and then nothing has changed.
     void removeGeoset(const PiecedText& text);
 
+    /// How many times a model file was written here.
+    std::uint64_t writes() const { return writes_; }
+
     /// The geoset in memory has no place in the text any more, or has one again.
     void noteGeosetRemoved() { geosetRemoved_ = true; }
     void noteGeosetRead() { geosetRemoved_ = false; }
@@ -90,13 +95,14 @@ public:
     void close();
 
 private:
-    void placeWorkingCopy(PendingFile& prepared, const std::string& itsModel);
+    void placeWorkingCopy(PendingFile& prepared, std::string place);
     bool isWorkingCopyOwn() const;
     void writeText(std::string_view text);
 
     SharedBase base_;
     bool geosetRemoved_ = false;
     bool unsavedRemoval_ = false;
+    std::uint64_t writes_ = 0;
     std::string stampedPath_;         // the model file when the stamp was taken
     std::optional<FileStamp> stamp_;  // of the model file
     std::optional<FileStamp> workStamp_;
