@@ -12,6 +12,9 @@ namespace {
 
 constexpr int kTextMargin = 4;  // pixels
 
+// The buttons at the side of a mouse are pressed by accident, and mean something else elsewhere.
+constexpr Qt::MouseButtons kActingButtons = Qt::LeftButton | Qt::RightButton | Qt::MiddleButton;
+
 }  // namespace
 
 PictureBox::PictureBox(QWidget* parent, int unitsPerPixel)
@@ -87,6 +90,10 @@ void PictureBox::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
+    if (!kActingButtons.testFlag(event->button())) {
+        QWidget::mousePressEvent(event);
+        return;
+    }
     pressed_ |= event->button();
     const QPointF at = inUnits(*event);
     if (onPress) onPress(at.x(), at.y());

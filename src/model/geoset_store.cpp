@@ -1,5 +1,6 @@
 #include "model/geoset_store.h"
 
+#include <new>
 #include <utility>
 
 #include "model/geoset_sections.h"
@@ -18,13 +19,18 @@ void GeosetStore::takeGeoset(Geoset geoset, int number) {
 
 void GeosetStore::noteSaved() {
     revisions.noteSaved();
-    saved_ = {.Vertices = Vertices,
-              .Faces = Faces,
-              .matrixGroups = matrixGroups,
-              .rowSections = {},
-              .sectionsRead = {}};
+    saved_.reset();
+    try {
+        saved_ = {.Vertices = Vertices,
+                  .Faces = Faces,
+                  .matrixGroups = matrixGroups,
+                  .rowSections = {},
+                  .sectionsRead = {}};
+    } catch (const std::bad_alloc&) {
+        // The file is written, or the model open: without the copy no Undo leads back to that.
+    }
 }
 
-bool GeosetStore::isAsSaved() const { return writesTheSame(*this, saved_); }
+bool GeosetStore::isAsSaved() const { return saved_ && writesTheSame(*this, *saved_); }
 
 }  // namespace corvane

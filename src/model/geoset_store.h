@@ -1,6 +1,8 @@
 // The one geoset that is being edited, with the model that it came from.
 #pragma once
 
+#include <optional>
+
 #include "base/geoset.h"
 #include "base/revision.h"
 #include "model/model_document.h"
@@ -22,14 +24,14 @@ struct GeosetStore : Geoset, ModelDocument {
     /// Takes a geoset that was read as the edited one.
     void takeGeoset(Geoset geoset, int number);
 
-    /// The file holds the geoset in memory now.
+    /// The file holds the geoset in memory now. Throws nothing, as takeGeoset().
     void noteSaved();
 
     /// Whether a save would write the same as the file holds, as far as the geoset goes.
     bool isAsSaved() const;
 
 private:
-    Geoset saved_;  // the lists as the file holds them
+    std::optional<Geoset> saved_;  // the lists as the file holds them; nothing where unknown
 };
 
 }  // namespace corvane

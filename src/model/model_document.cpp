@@ -57,20 +57,38 @@ PendingFile prepareWorkingCopy(const std::string& modelPath, std::string_view te
     // It can be made again from memory, so a loss of power does no harm.
     return {workPathFor(modelPath),
             std::array{text},
-            {.flushToDisk = false, .permissionsOf = modelPath}};
+            {.flushToDisk = false, .permissionsOf = modelPath, .skipTooLongName = true}};
 }
 
 void ModelDocument::open(const std::string& path, SharedBase text, const FileStamp& stamp,
                          PendingFile& workingCopy) {
-    placeWorkingCopy(workingCopy, path);
+    deleteLeftovers(path);
+    std::string model = path;
+    std::string stamped = path;
+    placeWorkingCopy(workingCopy, workPathFor(path));
+    // Nothing from here on asks for memory: the model is open as a whole or not at all.
     base_ = std::move(text);
-    modelPath = stampedPath_ = path;
+    fileBase_ = base_;
+    modelPath = std::move(model);
+    stampedPath_ = std::move(stamped);
     stamp_ = stamp;
     unsavedRemoval_ = unsavedText_ = false;
 }
 
 std::optional<FileStamp> ModelDocument::knownStamp() const {
     return modelPath == stampedPath_ ? stamp_ : std::nullopt;
+}
+
+SharedBase ModelDocument::textThatASaveReplaces() const {
+    const std::optional<FileStamp> there = stampOf(savePath);
+    if (!there) return nullptr;
+    if (savePath == stampedPath_ && there == stamp_) return fileBase_;
+    try {
+        return std::make_shared<const ModelBase>(readModelFile(savePath),
+                                                 std::vector<ModelBlock>());
+    } catch (const FileError&) {
+        return nullptr;  // what cannot be read cannot be kept; the save itself tells of it
+    }
 }
 
 bool ModelDocument::isChangedOutside() const {
@@ -80,16 +98,19 @@ bool ModelDocument::isChangedOutside() const {
 }
 
 void ModelDocument::writeText(std::string_view text) {
+    std::string stamped = savePath;
     // Taken before the file has its name: what another program does to it then is noticed.
     stamp_ = replaceFile(savePath, std::array{text});
-    stampedPath_ = savePath;
+    stampedPath_ = std::move(stamped);
     unsavedRemoval_ = unsavedText_ = false;
+    ++writes_;
 }
 
 // What is written is complete in memory before the file is touched.
 void ModelDocument::writeBase(SharedBase saved) {
     writeText(saved->text.view());
     base_ = std::move(saved);
+    fileBase_ = base_;
 }
 
 void ModelDocument::write(const PiecedText& text) {
@@ -100,18 +121,21 @@ void ModelDocument::writeGeoset(const PiecedText& text) {
     writeBase(withGeosetWritten(*base_, joinedText(savePath, text.pieces()), geosetNumber));
 }
 
-void ModelDocument::writeAsItIs() { writeText(base_->text.view()); }
+void ModelDocument::writeAsItIs() {
+    writeText(base_->text.view());
+    fileBase_ = base_;
+}
 
 void ModelDocument::renewWorkingCopy() {
     PendingFile prepared = prepareWorkingCopy(modelPath, base_->text.view());
-    placeWorkingCopy(prepared, modelPath);
+    placeWorkingCopy(prepared, workPathFor(modelPath));
 }
 
 void ModelDocument::removeGeoset(const PiecedText& text) {
     auto without = std::make_shared<const ModelBase>(joinedText(modelPath, text.pieces()));
     PendingFile prepared = prepareWorkingCopy(modelPath, without->text.view());
-    placeWorkingCopy(prepared, modelPath);
-    base_ = std::move(without);
+    placeWorkingCopy(prepared, workPathFor(modelPath));
+    removedFrom_ = std::exchange(base_, std::move(without));
     geosetRemoved_ = unsavedRemoval_ = true;
 }
 
@@ -119,13 +143,12 @@ bool ModelDocument::isWorkingCopyOwn() const {
     return !workPath.empty() && workStamp_ && stampOf(workPath) == workStamp_;
 }
 
-void ModelDocument::placeWorkingCopy(PendingFile& prepared, const std::string& itsModel) {
+void ModelDocument::placeWorkingCopy(PendingFile& prepared, std::string place) {
     const bool hadOwn = isWorkingCopyOwn();
-    const std::string place = workPathFor(itsModel);
     prepared.commit();
     // Two paths may lead to the same folder, and then the old file is the new one.
     if (hadOwn && isWorkingCopyOwn()) deleteFile(workPath);
-    workPath = place;
+    workPath = std::move(place);
     // Some file systems give a file its time only when it is closed.
     const std::optional<FileStamp> there = stampOf(workPath);
     workStamp_ = there && there->isSameFileAs(prepared.stamp()) ? *there : prepared.stamp();

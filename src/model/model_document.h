@@ -4,9 +4,11 @@
 // The working copy beside the model holds the same text. It is written from memory and never read.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "model/model_files.h"
@@ -41,14 +43,15 @@ using SharedBase = std::shared_ptr<const ModelBase>;
 SharedBase withGeosetWritten(const ModelBase& base, ModelText text, int geosetNumber);
 
 /// A working copy of a text, complete but not yet in its place. `modelPath` is the model that it
-/// belongs to, whose permissions it takes. Throws FileError.
+/// belongs to, whose permissions it takes. Where its name would be too long for the file system,
+/// there is none: no model must be refused for a file that is never read. Throws FileError.
 PendingFile prepareWorkingCopy(const std::string& modelPath, std::string_view text);
 
 /// Paths are UTF-8 and empty until a model is open.
 class ModelDocument {
 public:
     std::string modelPath;  ///< the current model file; a save writes here
-    std::string workPath;   ///< the working copy beside it
+    std::string workPath;   ///< the working copy beside it, if its name is not too long
     std::string savePath;   ///< the path of the latest save
     int geosetNumber = 0;   ///< 1-based number of the edited geoset in the text
     bool modelLoaded = false;
@@ -65,6 +68,13 @@ public:
     /// Whether a geoset was removed from the text and none has been read since: then the geoset in
     /// memory is not in it.
     bool isGeosetRemoved() const { return geosetRemoved_; }
+
+    /// The text in which the geoset in memory has its place, by geosetNumber: where it was removed,
+    /// the one that it was removed from.
+    const SharedBase& geosetBase() const { return geosetRemoved_ ? removedFrom_ : base_; }
+
+    /// What the file at savePath holds; null where there is none, or none that can be read.
+    SharedBase textThatASaveReplaces() const;
 
     /// Whether a geoset was removed from the text and no save has written it since.
     bool hasUnsavedRemoval() const { return unsavedRemoval_; }
@@ -100,23 +110,36 @@ public:
     /// FileError, and then nothing has changed.
     void removeGeoset(const PiecedText& text);
 
-    /// The geoset in memory has no place in the text any more, or has one again.
-    void noteGeosetRemoved() { geosetRemoved_ = true; }
-    void noteGeosetRead() { geosetRemoved_ = false; }
+    /// How many times a model file was written here.
+    std::uint64_t writes() const { return writes_; }
+
+    /// The geoset in memory has its place no longer in the text but in an older one, or has its
+    /// place in the text again.
+    void noteGeosetRemoved(SharedBase from) {
+        geosetRemoved_ = true;
+        removedFrom_ = std::move(from);
+    }
+    void noteGeosetRead() {
+        geosetRemoved_ = false;
+        removedFrom_.reset();
+    }
 
     /// Deletes the working copy, unless something else stands in its place.
     void close();
 
 private:
-    void placeWorkingCopy(PendingFile& prepared, const std::string& itsModel);
+    void placeWorkingCopy(PendingFile& prepared, std::string place);
     bool isWorkingCopyOwn() const;
     void writeText(std::string_view text);
     void writeBase(SharedBase saved);
 
     SharedBase base_;
+    SharedBase fileBase_;     // what the file held when it was last read or written
+    SharedBase removedFrom_;  // while the geoset in memory is removed
     bool geosetRemoved_ = false;
     bool unsavedRemoval_ = false;
     bool unsavedText_ = false;
+    std::uint64_t writes_ = 0;
     std::string stampedPath_;         // the model file when the stamp was taken
     std::optional<FileStamp> stamp_;  // of the model file
     std::optional<FileStamp> workStamp_;

@@ -1,19 +1,11 @@
 #include "model/model_files.h"
 
-#include <fcntl.h>
-#include <sys/mman.h>
-#include <sys/stat.h>
-#include <sys/uio.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstdint>
+#include <array>
+#include <charconv>
+#include <chrono>
 #include <filesystem>
-#include <optional>
-#include <system_error>
 #include <utility>
-#include <vector>
 
 namespace corvane {
 
@@ -21,111 +13,96 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A file descriptor that closes itself.
-class Descriptor {
-public:
-    explicit Descriptor(int fd) : fd_(fd) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (fd_ >= 0) ::close(fd_);
-    }
+constexpr const char* kSidePrefix = ".corvane-";
+constexpr const char* kSideEnding = ".tmp";
+constexpr const char* kFormerEnding = ".former";
 
-    int get() const { return fd_; }
+// Between paths of the library and UTF-8, whatever the system's own encoding is.
+fs::path pathOf(const std::string& text) {
+    return {std::u8string(text.begin(), text.end())};
+}
 
-private:
-    int fd_;
-};
+std::string textOf(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
 
 // Follows symbolic links to the file that is really meant, which need not exist.
 std::string resolvedTarget(const std::string& path) {
     constexpr int kMostLinks = 40;  // as the kernel has it; more than that is a loop
-    fs::path target(path);
+    fs::path target = pathOf(path);
     std::error_code error;
     for (int links = 0; fs::is_symlink(target, error); ++links) {
-        if (links == kMostLinks) throw FileError(path, ELOOP);
+        if (links == kMostLinks) {
+            throw FileError(path, std::make_error_code(std::errc::too_many_symbolic_link_levels));
+        }
         const fs::path next = fs::read_symlink(target, error);
-        if (error) throw FileError(path, error.value());
+        if (error) throw FileError(path, error);
         target = next.is_absolute() ? next : target.parent_path() / next;
     }
-    return target.string();
+    return textOf(target);
 }
 
-std::optional<struct stat> statusOf(const std::string& path) {
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) return std::nullopt;
-    return status;
+void check(const std::string& path, std::error_code error) {
+    if (error) throw FileError(path, error);
 }
 
-FileStamp stampFrom(const struct stat& status) {
-#ifdef __APPLE__
-    const struct timespec& time = status.st_mtimespec;
-#else
-    const struct timespec& time = status.st_mtim;
-#endif
-    constexpr std::int64_t kNanoseconds = 1'000'000'000;
-    return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino),
-            static_cast<std::int64_t>(status.st_size), time.tv_sec * kNanoseconds + time.tv_nsec};
-}
-
-bool writeAll(int fd, std::span<const std::string_view> pieces) {
-    constexpr std::size_t kMostAtOnce = 256;  // at most IOV_MAX
-    std::vector<struct iovec> vectors;
-    std::size_t next = 0;
-    while (next < pieces.size() || !vectors.empty()) {
-        while (next < pieces.size() && vectors.size() < kMostAtOnce) {
-            const std::string_view piece = pieces[next++];
-            if (piece.empty()) continue;
-            vectors.push_back({const_cast<char*>(piece.data()), piece.size()});
-        }
-        if (vectors.empty()) break;
-        const ssize_t written = ::writev(fd, vectors.data(), static_cast<int>(vectors.size()));
-        if (written < 0) {
-            if (errno == EINTR) continue;
-            return false;
-        }
-        auto left = static_cast<std::size_t>(written);
-        auto done = vectors.begin();
-        while (done != vectors.end() && left >= done->iov_len) left -= (done++)->iov_len;
-        if (done != vectors.end()) {
-            done->iov_base = static_cast<char*>(done->iov_base) + left;
-            done->iov_len -= left;
-        }
-        vectors.erase(vectors.begin(), done);
+// Copies one file over another one in place, and waits until the disk holds it.
+std::error_code copyInPlace(const std::string& from, const std::string& to,
+                            FileStamp* stamp) noexcept {
+    std::error_code error;
+    files::File source = files::File::toRead(from, error);
+    if (error) return error;
+    files::File target = files::File::toRewrite(to, error);
+    if (error) return error;
+    std::array<char, std::size_t{64} << 10U> buffer;  // no memory: it may be what has run out
+    std::size_t size = 0;
+    while (const std::size_t got = source.read(buffer, error)) {
+        const std::string_view piece(buffer.data(), got);
+        error = target.write({&piece, 1});
+        if (error) return error;
+        size += got;
     }
-    return true;
+    if (!error) error = target.setSize(size);
+    if (!error) error = target.flush();
+    if (error) return error;
+    const std::optional<files::Status> status = target.status(error);
+    if (status && stamp != nullptr) *stamp = status->stamp;
+    return error ? error : target.close();
 }
 
-// Gives the new file the owner and the permissions of the one that it takes the place of.
-void takeOver(int fd, const struct stat& from, mode_t addedBits) {
-    // Only a privileged process may change the owner; elsewhere the file belongs to the user who
-    // saved it. It comes first because it clears bits of the permissions.
-    [[maybe_unused]] const int owner = ::fchown(fd, from.st_uid, from.st_gid);
-    ::fchmod(fd, (from.st_mode & 07777) | addedBits);
+// The process that a file beside a model has in its name; 0 for a name of another kind.
+long processIn(std::string_view name) {
+    const std::string_view prefix = kSidePrefix;
+    const std::string_view ending = kSideEnding;
+    if (!name.starts_with(prefix) || !name.ends_with(ending)) return 0;
+    const char* const end = name.data() + name.size() - ending.size();
+    long process = 0;
+    const auto first = std::from_chars(name.data() + prefix.size(), end, process);
+    if (first.ec != std::errc() || first.ptr == end || *first.ptr != '-') return 0;
+    unsigned number = 0;
+    const auto second = std::from_chars(first.ptr + 1, end, number);
+    return second.ec == std::errc() && second.ptr == end ? process : 0;
 }
 
-// So that a new name, too, survives a loss of power. Best effort: not every file system lets a
-// folder be flushed.
-void flushFolderOf(const std::string& path) {
-    const std::string folder = fs::path(path).parent_path().string();
-    const Descriptor fd(
-        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (fd.get() >= 0) ::fsync(fd.get());
+bool isOld(const FileStamp& stamp) {
+    constexpr std::chrono::nanoseconds kLongEnough = std::chrono::minutes(1);
+    const std::chrono::nanoseconds now = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::nanoseconds(stamp.modified) < now - kLongEnough;
 }
 
-// Memory for the bytes of a file. For large files the system is asked for large pages: the first
-// touch of every small page would take longer than reading what goes into it.
-std::unique_ptr<char[]> memoryForFile(std::size_t size) {
-    auto bytes = std::make_unique_for_overwrite<char[]>(size);
-#ifdef MADV_HUGEPAGE
-    constexpr std::size_t kLargePage = std::size_t{2} << 20U;
-    if (size > kLargePage) {
-        const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-        const std::size_t toPage = page - reinterpret_cast<std::uintptr_t>(bytes.get()) % page;
-        ::madvise(bytes.get() + toPage, size - toPage, MADV_HUGEPAGE);
+void deleteLeftoversIn(const fs::path& folder) {
+    std::error_code error;
+    fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const long process = processIn(textOf(entry->path().filename()));
+        if (process <= 0 || !files::isProcessGone(process)) continue;
+        const std::string path = textOf(entry->path());
+        std::error_code ignored;
+        const auto status = files::statusOf(path, ignored, files::Links::Stay);
+        if (!status || status->kind != files::Kind::Regular) continue;
+        if (files::isOwnedByUser(*status) && isOld(status->stamp)) files::remove(path);
     }
-#endif
-    return bytes;
 }
 
 }  // namespace
@@ -133,32 +110,36 @@ std::unique_ptr<char[]> memoryForFile(std::size_t size) {
 FileError::FileError(const std::string& path, const std::string& reason)
     : std::runtime_error(path + ": " + reason) {}
 
+FileError::FileError(const std::string& path, std::error_code code)
+    : std::runtime_error(path + ": " + code.message()), code_(code) {}
+
 FileError::FileError(const std::string& path, int errorNumber)
-    : FileError(path, std::generic_category().message(errorNumber)) {}
+    : FileError(path, std::error_code(errorNumber, std::generic_category())) {}
 
 ModelText readModelFile(const std::string& path, FileStamp* stamp) {
-    // Not blocking: opening a named pipe must not hang the program.
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (file.get() < 0) throw FileError(path, errno);
-    struct stat status {};
-    if (::fstat(file.get(), &status) != 0) throw FileError(path, errno);
-    if (S_ISDIR(status.st_mode)) throw FileError(path, EISDIR);
-    if (!S_ISREG(status.st_mode)) throw FileError(path, "not a regular file");
-    if (status.st_size > kLargestFile) {
+    std::error_code error;
+    files::File file = files::File::toRead(path, error);
+    check(path, error);
+    const std::optional<files::Status> status = file.status(error);
+    if (!status) throw FileError(path, error);
+    if (status->kind == files::Kind::Folder) {
+        throw FileError(path, std::make_error_code(std::errc::is_a_directory));
+    }
+    if (status->kind != files::Kind::Regular) throw FileError(path, "not a regular file");
+    if (status->stamp.size > kLargestFile) {
         throw FileError(path, "larger than " + std::to_string(kLargestFile >> 20) + " MiB");
     }
-    if (stamp != nullptr) *stamp = stampFrom(status);
+    if (stamp != nullptr) *stamp = status->stamp;
 
     // One byte more than the file had, to notice if it grows meanwhile.
-    const auto expected = static_cast<std::size_t>(status.st_size);
-    auto bytes = memoryForFile(expected + 1);
+    const auto expected = static_cast<std::size_t>(status->stamp.size);
+    auto bytes = files::memoryFor(expected + 1);
     std::size_t size = 0;
     while (size <= expected) {
-        const ssize_t got = ::read(file.get(), bytes.get() + size, expected + 1 - size);
-        if (got < 0 && errno == EINTR) continue;
-        if (got < 0) throw FileError(path, errno);
+        const std::size_t got = file.read({bytes.get() + size, expected + 1 - size}, error);
+        check(path, error);
         if (got == 0) break;
-        size += static_cast<std::size_t>(got);
+        size += got;
     }
     if (size != expected) throw FileError(path, "changed while it was read");
     return {path, std::move(bytes), size};
@@ -167,7 +148,7 @@ ModelText readModelFile(const std::string& path, FileStamp* stamp) {
 ModelText joinedText(const std::string& path, std::span<const std::string_view> pieces) {
     std::size_t size = 0;
     for (const std::string_view piece : pieces) size += piece.size();
-    auto bytes = memoryForFile(size);
+    auto bytes = files::memoryFor(size);
     char* to = bytes.get();
     for (const std::string_view piece : pieces) to = std::copy(piece.begin(), piece.end(), to);
     return {path, std::move(bytes), size};
@@ -176,18 +157,12 @@ ModelText joinedText(const std::string& path, std::span<const std::string_view> 
 PendingFile::PendingFile(const std::string& path, std::span<const std::string_view> pieces,
                          const ReplaceOptions& options)
     : path_(path), flushToDisk_(options.flushToDisk) {
-    const bool own = !options.permissionsOf.empty();
-    target_ = own ? path : resolvedTarget(path);
-    const std::optional<struct stat> old = statusOf(target_);
-    if (old && S_ISDIR(old->st_mode)) throw FileError(path_, EISDIR);
-    if (old && !S_ISREG(old->st_mode)) throw FileError(path_, "not a regular file");
-    if (old && !own && ::access(target_.c_str(), W_OK) != 0) throw FileError(path_, errno);
-
-    create(fs::path(target_).parent_path().string());
     try {
-        const std::optional<struct stat> like = own ? statusOf(options.permissionsOf) : old;
-        if (like) takeOver(fd_, *like, own ? S_IRUSR | S_IWUSR : 0);
-        write(pieces);
+        prepare(pieces, options);
+    } catch (const FileError& error) {
+        discard();
+        const bool tooLong = error.code() == std::errc::filename_too_long;
+        if (!tooLong || !options.skipTooLongName) throw;
     } catch (...) {
         discard();
         throw;
@@ -196,40 +171,98 @@ PendingFile::PendingFile(const std::string& path, std::span<const std::string_vi
 
 PendingFile::~PendingFile() { discard(); }
 
-void PendingFile::create(const std::string& folder) {
-    constexpr int kMostTries = 1000;  // names may be left over from killed processes
-    for (int i = 0; i < kMostTries && fd_ < 0; ++i) {
-        side_ = (fs::path(folder) /
-                 (".corvane-" + std::to_string(::getpid()) + "-" + std::to_string(i) + ".tmp"))
-                    .string();
-        fd_ = ::open(side_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (fd_ < 0 && errno != EEXIST) break;
+void PendingFile::prepare(std::span<const std::string_view> pieces, const ReplaceOptions& options) {
+    const bool own = !options.permissionsOf.empty();
+    target_ = own ? path_ : resolvedTarget(path_);
+    folder_ = folderOf(target_);
+    std::error_code error;
+    const std::optional<files::Status> old = files::statusOf(target_, error);
+    check(path_, error);
+    if (old && old->kind == files::Kind::Folder) {
+        throw FileError(path_, std::make_error_code(std::errc::is_a_directory));
     }
-    if (fd_ >= 0) return;
-    side_.clear();
-    throw FileError(path_, errno);
+    if (old && old->kind != files::Kind::Regular) throw FileError(path_, "not a regular file");
+    if (old && !own) check(path_, files::whyNotWritable(target_));
+    inPlace_ = old && !own && old->names > 1;
+
+    const std::optional<files::Status> like =
+        own ? files::statusOf(options.permissionsOf, error) : old;
+    check(path_, error);
+    files::File file = createBeside(kSideEnding, like.has_value(), side_);
+    if (like) check(path_, file.takeOver(*like, own));
+    stamp_ = write(pieces, file);
 }
 
-void PendingFile::write(std::span<const std::string_view> pieces) {
-    if (!writeAll(fd_, pieces)) throw FileError(path_, errno);
-    if (flushToDisk_ && ::fsync(fd_) != 0) throw FileError(path_, errno);
-    struct stat status {};
-    if (::fstat(fd_, &status) != 0) throw FileError(path_, errno);
-    stamp_ = stampFrom(status);
-    const int fd = std::exchange(fd_, -1);
-    if (::close(fd) != 0) throw FileError(path_, errno);
+// Makes a file beside the target, whose name goes into `name`.
+files::File PendingFile::createBeside(const char* ending, bool secret, std::string& name) {
+    constexpr int kMostTries = 1000;  // names may be left over from killed processes
+    const auto privacy = secret ? files::Privacy::OwnerOnly : files::Privacy::Usual;
+    std::error_code error;
+    for (int i = 0; i < kMostTries; ++i) {
+        std::string candidate =
+            textOf(pathOf(folder_) / (kSidePrefix + std::to_string(files::processId()) + "-" +
+                                      std::to_string(i) + ending));
+        files::File file = files::File::toCreate(candidate, privacy, error);
+        if (file.isOpen()) {
+            name = std::move(candidate);
+            return file;
+        }
+        if (error != std::errc::file_exists) break;
+    }
+    throw FileError(path_, error);
+}
+
+FileStamp PendingFile::write(std::span<const std::string_view> pieces, files::File& file) {
+    check(path_, file.write(pieces));
+    if (flushToDisk_) check(path_, file.flush());
+    std::error_code error;
+    const std::optional<files::Status> status = file.status(error);
+    if (!status) throw FileError(path_, error);
+    check(path_, file.close());
+    return status->stamp;
 }
 
 void PendingFile::commit() {
-    if (::rename(side_.c_str(), target_.c_str()) != 0) throw FileError(path_, errno);
-    side_.clear();
-    if (flushToDisk_) flushFolderOf(target_);
+    if (side_.empty()) return;  // skipped
+    if (inPlace_) {
+        writeInPlace();
+    } else {
+        check(path_, files::rename(side_, target_));
+        side_.clear();
+    }
+    if (flushToDisk_) files::flushFolder(folder_);
+}
+
+// Puts what the target holds into a file beside it.
+void PendingFile::keepFormer() {
+    std::error_code error;
+    const std::optional<files::Status> like = files::statusOf(target_, error);
+    files::File file = createBeside(kFormerEnding, true, former_);
+    if (like) check(path_, file.takeOver(*like, true));
+    check(path_, file.close());
+    check(path_, copyInPlace(target_, former_, nullptr));
+    files::flushFolder(folder_);
+}
+
+void PendingFile::writeInPlace() {
+    keepFormer();
+    const std::error_code error = copyInPlace(side_, target_, &stamp_);
+    if (error && copyInPlace(former_, target_, nullptr)) {
+        const std::string kept = std::exchange(former_, {});  // stays
+        throw FileDamagedError(path_, error.message() +
+                                          ". The file is only partly written now. What it held "
+                                          "before is whole in " +
+                                          kept);
+    }
+    discard();
+    check(path_, error);
 }
 
 void PendingFile::discard() {
-    if (fd_ >= 0) ::close(std::exchange(fd_, -1));
-    if (!side_.empty()) ::unlink(side_.c_str());
-    side_.clear();
+    for (std::string* const file : {&side_, &former_}) {
+        if (!file->empty()) files::remove(*file);
+        file->clear();
+    }
 }
 
 FileStamp replaceFile(const std::string& path, std::span<const std::string_view> pieces,
@@ -240,17 +273,44 @@ FileStamp replaceFile(const std::string& path, std::span<const std::string_view>
 }
 
 std::optional<FileStamp> stampOf(const std::string& path) {
-    const std::optional<struct stat> status = statusOf(path);
+    std::error_code ignored;
+    const std::optional<files::Status> status = files::statusOf(path, ignored);
     if (!status) return std::nullopt;
-    return stampFrom(*status);
+    return status->stamp;
 }
 
-void deleteFile(const std::string& path) { ::unlink(path.c_str()); }
+void deleteFile(const std::string& path) { files::remove(path); }
+
+void deleteLeftovers(const std::string& modelPath) {
+    const fs::path given = pathOf(modelPath).parent_path();
+    deleteLeftoversIn(given);
+    std::error_code error;
+    const fs::path real = fs::canonical(pathOf(modelPath), error).parent_path();
+    if (!error && !fs::equivalent(given.empty() ? fs::path(".") : given, real, error)) {
+        deleteLeftoversIn(real);
+    }
+}
 
 bool isSameFile(const std::string& a, const std::string& b) {
     std::error_code error;
-    return fs::equivalent(a, b, error);
+    return fs::equivalent(pathOf(a), pathOf(b), error);
 }
+
+std::string freePath(const std::string& folder, const std::string& stem,
+                     const std::string& extension) {
+    for (int number = 1;; ++number) {
+        const std::string suffix = number == 1 ? "" : "-" + std::to_string(number);
+        const fs::path path = pathOf(folder) / pathOf(stem + suffix + extension);
+        std::error_code error;
+        if (fs::symlink_status(path, error).type() == fs::file_type::not_found || error) {
+            return textOf(path);
+        }
+    }
+}
+
+std::string folderOf(const std::string& path) { return textOf(pathOf(path).parent_path()); }
+
+std::string stemOf(const std::string& path) { return textOf(pathOf(path).stem()); }
 
 std::string workPathFor(const std::string& modelPath) {
     constexpr int kCutCharacters = 4;  // of an extension such as ".mdl"

@@ -22,9 +22,8 @@ Geoset withRowsAsRead(Geoset geoset) {
 }  // namespace
 
 Snapshot snapshotOf(const GeosetStore& store) {
-    // The number of a geoset that was removed belongs to another one.
-    return {.base = store.sharedBase(),
-            .geosetNumber = store.isGeosetRemoved() ? 0 : store.geosetNumber,
+    return {.base = store.geosetBase(),
+            .geosetNumber = store.geosetNumber,
             .modelPath = store.modelPath,
             .geoset = store,
             .stamp = store.knownStamp()};

@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// Every button but the left one transforms.
+/// The left button selects, the right one and the middle one transform; others do nothing.
 enum class MouseButton : std::uint8_t { Left, Other };
 
 }  // namespace corvane

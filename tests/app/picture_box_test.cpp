@@ -65,13 +65,29 @@ TEST_F(PictureBoxTest, ADragReportsPressMoveAndReleaseInDrawingUnits) {
                                                 "left release 1500 750"}));
 }
 
-TEST_F(PictureBoxTest, EveryButtonButTheLeftOneIsTheOther) {
-    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton, Qt::BackButton}) {
+TEST_F(PictureBoxTest, TheRightAndTheMiddleButtonAreTheOther) {
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
         events.clear();
         QTest::mouseClick(&picture, button, {}, {2, 4});
         EXPECT_EQ(events, (std::vector<std::string>{"press 30 60", "other release 30 60"}))
             << button;
     }
+}
+
+TEST_F(PictureBoxTest, TheButtonsAtTheSideOfAMouseDoNothing) {
+    for (const Qt::MouseButton button :
+         {Qt::BackButton, Qt::ForwardButton, Qt::TaskButton, Qt::ExtraButton24}) {
+        QTest::mouseClick(&picture, button, {}, {2, 4});
+        QTest::mouseDClick(&picture, button, {}, {2, 4});
+    }
+    EXPECT_EQ(events, std::vector<std::string>{});
+}
+
+TEST_F(PictureBoxTest, AButtonAtTheSideDoesNotDisturbADrag) {
+    QTest::mousePress(&picture, Qt::LeftButton, {}, {10, 20});
+    QTest::mouseClick(&picture, Qt::BackButton, {}, {50, 50});
+    QTest::mouseRelease(&picture, Qt::LeftButton, {}, {100, 50});
+    EXPECT_EQ(events, (std::vector<std::string>{"press 150 300", "left release 1500 750"}));
 }
 
 TEST_F(PictureBoxTest, TheMouseIsReportedWithoutAButtonToo) {
