@@ -1,6 +1,7 @@
 #include "model/commands/open_model.h"
 
 #include <memory>
+#include <new>
 
 #include "base/numbers.h"
 #include "base/version.h"
@@ -65,8 +66,11 @@ std::optional<ReadModel> readModel(Editor& editor, const std::string& path) {
         ReadModel read;
         read.base = std::make_shared<const ModelBase>(readModelFile(path, &read.stamp));
         return read;
-    } catch (const FileError&) {
-        editor.dialogs.messageBox(kErrorCaption, "Bad file name");
+    } catch (const FileError& error) {
+        const bool isMissing = error.code() == std::errc::no_such_file_or_directory;
+        editor.dialogs.messageBox(
+            kErrorCaption,
+            isMissing ? "Bad file name" : std::string("Bad file name\n") + error.what());
         return std::nullopt;
     }
 }
@@ -102,13 +106,30 @@ OpenOutcome openForMerge(Editor& editor, const std::string& path) {
                                  "another geoset or model.")};
 }
 
+// Says that memory has run out. A model is open as a whole or not at all; `meshBefore` tells which.
+void sayOutOfMemory(Editor& editor, std::uint64_t meshBefore) {
+    const bool isRead = editor.store.revisions.mesh() != meshBefore;
+    editor.dialogs.messageBox(
+        kErrorCaption, isRead ? "The geoset was read, but there is not enough memory to show all "
+                                "of it.\n\nClose other programs or windows, then go on."
+                              : "There is not enough memory to read that model.\n\nNothing was "
+                                "changed: what was open before is still here. Close other programs "
+                                "or windows and try again.");
+}
+
 // The mouse release that ends the file dialog's double click may reach a view: it must not select
 // anything. So box selection is off until a timer fires.
 template <class Ask>
 OpenOutcome withoutSelecting(Editor& editor, Ask ask) {
     editor.modes.selectEnabled = false;
     editor.modes.editButtonsEnabled = true;
-    OpenOutcome outcome = ask();
+    const std::uint64_t meshBefore = editor.store.revisions.mesh();
+    OpenOutcome outcome;
+    try {
+        outcome = ask();
+    } catch (const std::bad_alloc&) {
+        sayOutOfMemory(editor, meshBefore);
+    }
     editor.modes.selectEnabled = false;  // a timer from before may have fired under the dialog
     show(editor, Show::Buttons);
     editor.window.startSelectTimer();
@@ -220,13 +241,18 @@ void switchGeoset(Editor& editor) {
 }
 
 void chooseAndRead(Editor& editor) {
-    std::optional<PickedGeoset> picked =
-        pickGeoset(editor, editor.store.base(),
-                   "The geoset in memory stays as it is. Mend the line in a text editor, or choose "
-                   "another geoset.");
-    if (!picked) return;
-    takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
-    show(editor, Show::Views);
+    const std::uint64_t meshBefore = editor.store.revisions.mesh();
+    try {
+        std::optional<PickedGeoset> picked =
+            pickGeoset(editor, editor.store.base(),
+                       "The geoset in memory stays as it is. Mend the line in a text editor, or "
+                       "choose another geoset.");
+        if (!picked) return;
+        takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
+        show(editor, Show::Views);
+    } catch (const std::bad_alloc&) {
+        sayOutOfMemory(editor, meshBefore);
+    }
 }
 
 void takeIntoStore(Editor& editor, Geoset geoset, int geosetNumber) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 #include "editor/run_edit.h"
 #include "model/commands/open_model.h"
@@ -15,11 +16,38 @@ namespace corvane {
 namespace {
 
 constexpr const char* kRepeatAdvice =
-    "The file is as it was, and your edits are still here: mend the cause and save again, or save "
-    "to another place with Save As.";
+    "your edits are still here: mend the cause and save again, or save to another place with Save "
+    "As.";
 
-void showSaveError(Editor& editor, const std::string& what, const char* advice = kRepeatAdvice) {
+// What holds after a save that came to nothing, and what to do.
+std::string afterFailure(const GeosetStore& store) {
+    const bool isThere = stampOf(store.savePath).has_value();
+    return std::string(isThere ? "The file is as it was, and " : "No file was written, and ") +
+           kRepeatAdvice;
+}
+
+void showSaveError(Editor& editor, const std::string& what, const std::string& advice) {
     editor.dialogs.messageBox(kErrorCaption, "The model was not saved.\n" + what + "\n\n" + advice);
+}
+
+void showSaveError(Editor& editor, const std::string& what) {
+    showSaveError(editor, what, afterFailure(editor.store));
+}
+
+void showSaveError(Editor& editor, const FileError& error) {
+    const bool isDamaged = dynamic_cast<const FileDamagedError*>(&error) != nullptr;
+    showSaveError(editor, error.what(),
+                  isDamaged ? std::string("But ") + kRepeatAdvice : afterFailure(editor.store));
+}
+
+void sayOutOfMemory(Editor& editor, bool isWritten) {
+    if (!isWritten) {
+        showSaveError(editor, "There is not enough memory.");
+        return;
+    }
+    editor.dialogs.messageBox(kWarningCaption,
+                              "The model was saved, but then memory ran out.\n\nNothing is lost. "
+                              "Close other programs or windows, then save again.");
 }
 
 // Makes the working copy hold what was saved. Where that fails the save stands, and so does the
@@ -41,7 +69,7 @@ bool writeText(Editor& editor, const PiecedText& text) {
     try {
         editor.store.write(text);
     } catch (const FileError& error) {
-        showSaveError(editor, error.what());
+        showSaveError(editor, error);
         return false;
     }
     return true;
@@ -88,7 +116,7 @@ bool writeAsItIs(Editor& editor) {
     try {
         editor.store.writeAsItIs();
     } catch (const FileError& error) {
-        showSaveError(editor, error.what());
+        showSaveError(editor, error);
         return false;
     }
     renewWorkingCopy(editor);
@@ -183,7 +211,7 @@ void askOverwrite(Editor& editor) {
 }
 
 // Writes the geoset in memory to savePath as it stands to the model.
-void writeModel(Editor& editor, bool singleGeoset) {
+void writeByKind(Editor& editor, bool singleGeoset) {
     const GeosetStore& store = editor.store;
     switch (kindOfSave(store, singleGeoset)) {
         case SaveKind::Write:
@@ -207,14 +235,21 @@ void writeModel(Editor& editor, bool singleGeoset) {
                           "model, if it has one.");
             break;
     }
+}
+
+void writeModel(Editor& editor, bool singleGeoset) {
+    const std::uint64_t writesBefore = editor.store.writes();
+    try {
+        writeByKind(editor, singleGeoset);
+    } catch (const std::bad_alloc&) {
+        sayOutOfMemory(editor, editor.store.writes() != writesBefore);
+    }
     show(editor, Show::Buttons);
 }
 
-// Asks for the file that then is the current model, and writes to it.
-void askAndWrite(Editor& editor, bool singleGeoset) {
+// Makes the file that was asked for the current model, and writes to it.
+void writeTo(Editor& editor, const std::optional<std::string>& path, bool singleGeoset) {
     GeosetStore& store = editor.store;
-    if (!store.modelLoaded) return;
-    const std::optional<std::string> path = askSavePath(editor);
     if (!path) return;
     store.modelPath = store.savePath = *path;
     writeModel(editor, singleGeoset);
@@ -222,8 +257,9 @@ void askAndWrite(Editor& editor, bool singleGeoset) {
 
 }  // namespace
 
-std::optional<std::string> askSavePath(Editor& editor) {
-    std::optional<std::string> path = editor.dialogs.saveFile(kModelFilter, editor.store.modelPath);
+std::optional<std::string> askSavePath(Editor& editor, const std::string& title,
+                                       const std::string& proposed) {
+    std::optional<std::string> path = editor.dialogs.saveFile({title, kModelFilter, proposed});
     if (path && clashesWithWorkingCopy(editor, *path)) return std::nullopt;
     return path;
 }
@@ -243,9 +279,19 @@ void save(Editor& editor) {
     writeModel(editor, false);
 }
 
-void saveAs(Editor& editor) { askAndWrite(editor, false); }
+void saveAs(Editor& editor) {
+    if (!editor.store.modelLoaded) return;
+    writeTo(editor, askSavePath(editor, "Save As", editor.store.modelPath), false);
+}
 
-void saveGeoset(Editor& editor) { askAndWrite(editor, true); }
+void saveGeoset(Editor& editor) {
+    const GeosetStore& store = editor.store;
+    if (!store.modelLoaded) return;
+    const std::string stem =
+        stemOf(store.modelPath) + "-geoset" + std::to_string(store.geosetNumber);
+    const std::string proposed = freePath(folderOf(store.modelPath), stem, ".mdl");
+    writeTo(editor, askSavePath(editor, "Save Geoset", proposed), true);
+}
 
 void deleteCurrentGeoset(Editor& editor) {
     GeosetStore& store = editor.store;
@@ -273,6 +319,11 @@ void deleteCurrentGeoset(Editor& editor) {
     } catch (const FileError& error) {
         editor.dialogs.messageBox(kErrorCaption,
                                   "The geoset was not removed.\n" + std::string(error.what()));
+        return;
+    } catch (const std::bad_alloc&) {
+        editor.dialogs.messageBox(kErrorCaption,
+                                  "The geoset was not removed.\nThere is not enough memory. Close "
+                                  "other programs or windows and try again.");
         return;
     }
     show(editor, Show::Buttons);
