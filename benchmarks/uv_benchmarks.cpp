@@ -19,6 +19,7 @@ namespace {
 
 class IdleUVWindow : public UVWindow {
 public:
+    void showNotice(const std::string& /*text*/) override {}
     void updateButtons() override {}
     std::string loadPicture(const std::string&) override { return {}; }
 };

@@ -311,8 +311,14 @@ void frmCorvane::updateTitle() {
 }
 
 void frmCorvane::showTip(const std::string& text) {
-    if (!editor_.modes.tipsEnabled) return;
+    if (!notice_.isEmpty() || !editor_.modes.tipsEnabled) return;
     txtTips_->setText(QString::fromStdString(text));
+    txtTips_->setCursorPosition(0);
+}
+
+void frmCorvane::showNotice(const std::string& text) {
+    notice_ = QString::fromStdString(text);
+    txtTips_->setText(notice_);
     txtTips_->setCursorPosition(0);
 }
 

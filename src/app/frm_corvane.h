@@ -45,6 +45,7 @@ private:
     // EditorWindow
     void updateButtons() override;
     void showTip(const std::string& text) override;
+    void showNotice(const std::string& text) override;
     void startSelectTimer() override;
     void showTextureEditor(UVData data) override;
     void copyText(const std::string& text) override;
@@ -77,6 +78,7 @@ private:
     QGridLayout* layout_;
     QGridLayout* pictureGrid_;
     bool tipsBesidePanel_ = true;  // whether the tip's box ends where the tool panel begins
+    QString notice_;               // takes the place of the tips
     QTimer tmrTime_;
     ButtonsOf<Editor> buttons_;
     MenusOf<Editor> menus_;

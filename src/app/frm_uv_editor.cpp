@@ -26,6 +26,7 @@ frmUVEditor::frmUVEditor(Editor& main)
       cboView_(new QComboBox(panel_)),
       txtUVX_(new QLineEdit(panel_)),
       txtUVY_(new QLineEdit(panel_)),
+      lblNotice_(new QLabel(panel_)),
       uv_{{.picture = pbxUVView_->surface()}, *this, main.dialogs},
       commands_{.uv = uv_, .main = main} {
     setObjectName("frmUVEditor");
@@ -113,7 +114,16 @@ void frmUVEditor::buildPanel() {
         }
         addButtons(grid, group.buttons, commands_, buttons_, focusOrder_);
     }
+    lblNotice_->setObjectName("lblNotice");
+    lblNotice_->setWordWrap(true);
+    lblNotice_->hide();
+    layout->addWidget(lblNotice_);
     layout->addStretch();
+}
+
+void frmUVEditor::showNotice(const std::string& text) {
+    lblNotice_->setText(QString::fromStdString(text));
+    lblNotice_->setVisible(!text.empty());
 }
 
 void frmUVEditor::addPlanes(QGridLayout& grid) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 
@@ -36,6 +37,7 @@ protected:
 private:
     // UVWindow
     void updateButtons() override;
+    void showNotice(const std::string& text) override;
     std::string loadPicture(const std::string& path) override;
 
     void connectView();
@@ -49,6 +51,7 @@ private:
     QComboBox* cboView_;
     QLineEdit* txtUVX_;
     QLineEdit* txtUVY_;
+    QLabel* lblNotice_;
     UVEditor uv_;
     UVCommands commands_;
     ButtonsOf<UVCommands> buttons_;

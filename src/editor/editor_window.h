@@ -17,6 +17,10 @@ public:
     /// Shows a one-line tip (UTF-8) unless tips are switched off.
     virtual void showTip(const std::string& text) = 0;
 
+    /// Shows a text (UTF-8) that stays, whatever tips come and whether or not they are switched on,
+    /// until another one takes its place; empty for none.
+    virtual void showNotice(const std::string& text) = 0;
+
     /// Starts, or starts again, the single-shot timer that allows box selection when it fires.
     virtual void startSelectTimer() = 0;
 

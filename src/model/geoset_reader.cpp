@@ -86,4 +86,14 @@ Geoset parseGeoset(const ModelText& text, const std::vector<GeosetBlock>& geoset
                      notes != nullptr ? *notes : ignored);
 }
 
+void takeFileData(Geoset& geoset, Geoset read) {
+    geoset.rowSections = std::move(read.rowSections);
+    geoset.sectionsRead = std::move(read.sectionsRead);
+    auto row = read.Vertices.begin();  // what is deleted is not in the file
+    for (VertexRecord& vertex : geoset.Vertices) {
+        vertex.fileRow = kNoRow;
+        if (!vertex.deleted && row != read.Vertices.end()) vertex.fileRow = row++->fileRow;
+    }
+}
+
 }  // namespace corvane

@@ -18,4 +18,8 @@ namespace corvane {
 Geoset parseGeoset(const ModelText& text, const std::vector<GeosetBlock>& geosets, int geosetNumber,
                    ReadNotes* notes = nullptr);
 
+/// Gives a geoset what another one, read from the file that it was just written to, knows of that
+/// file: its further sections, and the rows in them that belong to the vertices.
+void takeFileData(Geoset& geoset, Geoset read);
+
 }  // namespace corvane

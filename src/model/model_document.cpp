@@ -73,6 +73,7 @@ void ModelDocument::open(const std::string& path, SharedBase text, const FileSta
     stampedPath_ = std::move(stamped);
     stamp_ = stamp;
     unsavedRemoval_ = unsavedText_ = false;
+    target_ = Target::Chosen;
 }
 
 std::optional<FileStamp> ModelDocument::knownStamp() const {
@@ -103,6 +104,7 @@ void ModelDocument::writeText(std::string_view text) {
     stamp_ = replaceFile(savePath, std::array{text});
     stampedPath_ = std::move(stamped);
     unsavedRemoval_ = unsavedText_ = false;
+    target_ = Target::Chosen;
     ++writes_;
 }
 

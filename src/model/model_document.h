@@ -83,6 +83,16 @@ public:
     bool hasUnsavedText() const { return unsavedText_; }
     void noteTextUnsaved() { unsavedText_ = true; }
 
+    /// What stands at the path that the next save writes to.
+    enum class Target : std::uint8_t { Chosen, NewTemplate };
+    /// Makes a path the one that the next save writes to.
+    void setTarget(std::string path, Target target) {
+        modelPath = std::move(path);
+        target_ = target;
+    }
+    /// Whether that is a new model which is not the open one.
+    bool isTargetNew() const { return target_ == Target::NewTemplate; }
+
     /// Makes a model the open one: its text, the stamp of its file when it was read, and its
     /// working copy, which takes its place. The working copy of the model that was open before is
     /// deleted. Throws FileError where the working copy cannot take its place, and then nothing has
@@ -138,6 +148,7 @@ private:
     SharedBase removedFrom_;  // while the geoset in memory is removed
     bool geosetRemoved_ = false;
     bool unsavedRemoval_ = false;
+    Target target_ = Target::Chosen;
     bool unsavedText_ = false;
     std::uint64_t writes_ = 0;
     std::string stampedPath_;         // the model file when the stamp was taken

@@ -70,7 +70,8 @@ std::string GeosetWriter::sectionText(SectionKind kind, std::string_view lineBre
 std::string GeosetWriter::rowsText(const RowSection& rows,
                                    const std::vector<std::int16_t>& fileRows) {
     std::size_t neutralRows = 0;
-    std::string text = composeRowSection(rows, fileRows, neutralRows);
+    const auto compose = singleGeoset_ ? composeForOneBone : composeRowSection;
+    std::string text = compose(rows, fileRows, neutralRows);
     if (neutral_ != nullptr && neutralRows > 0) {
         neutral_->rows += neutralRows;
         neutral_->sectionNames.push_back(rows.keyword);

@@ -177,6 +177,42 @@ bool isUnchanged(const RowSection& section, const std::vector<std::int16_t>& fil
     return true;
 }
 
+// Puts the section together. With `dataOfAll` every row holds that.
+std::string compose(const RowSection& section, const std::vector<std::int16_t>& fileRows,
+                    std::size_t& neutralRows, const std::string* dataOfAll) {
+    if (!section.problem.empty()) throw RowsCannotFollow(section.problem);
+
+    const std::string_view text = section.text;
+    std::string out(text.substr(0, section.countBegin));
+    if (section.countEnd > section.countBegin) {
+        appendInteger(out, static_cast<std::int64_t>(fileRows.size()));
+    }
+    out += text.substr(section.countEnd, section.rowsBegin - section.countEnd);
+    const std::string neutral = neutralRow(section);
+    std::vector<bool> written(section.rows.size());
+    for (std::size_t i = 0; i < fileRows.size(); ++i) {
+        const auto fileRow = static_cast<std::size_t>(fileRows[i]);
+        if (fileRows[i] == kNoRow || fileRow >= section.rows.size()) {
+            out += neutral;
+            ++neutralRows;
+            continue;
+        }
+        const SectionRow& row = section.rows[fileRow];
+        // A copy of a row does without the comments on the lines before it.
+        const std::uint32_t begin = written[fileRow] ? row.ownBegin : row.begin;
+        written[fileRow] = true;
+        out += text.substr(begin, row.dataBegin - begin);
+        out += dataOfAll != nullptr ? std::string_view(*dataOfAll)
+                                    : text.substr(row.dataBegin, row.dataEnd - row.dataBegin);
+        // The last row of a file may go without the comma that it needs before another one.
+        if (!row.hasComma && i + 1 < fileRows.size()) out += ',';
+        out += text.substr(row.dataEnd, row.end - row.dataEnd);
+    }
+    const std::size_t tail = section.rows.empty() ? section.rowsBegin : section.rows.back().end;
+    out += text.substr(tail);
+    return out;
+}
+
 }  // namespace
 
 RowSection readRowSection(const ModelText& text, const Section& section, int ordinal,
@@ -207,35 +243,14 @@ RowSection readRowSection(const ModelText& text, const Section& section, int ord
 std::string composeRowSection(const RowSection& section, const std::vector<std::int16_t>& fileRows,
                               std::size_t& neutralRows) {
     if (isUnchanged(section, fileRows)) return section.text;
-    if (!section.problem.empty()) throw RowsCannotFollow(section.problem);
+    return compose(section, fileRows, neutralRows, nullptr);
+}
 
-    const std::string_view text = section.text;
-    std::string out(text.substr(0, section.countBegin));
-    if (section.countEnd > section.countBegin) {
-        appendInteger(out, static_cast<std::int64_t>(fileRows.size()));
-    }
-    out += text.substr(section.countEnd, section.rowsBegin - section.countEnd);
-    const std::string neutral = neutralRow(section);
-    std::vector<bool> written(section.rows.size());
-    for (std::size_t i = 0; i < fileRows.size(); ++i) {
-        const auto fileRow = static_cast<std::size_t>(fileRows[i]);
-        if (fileRows[i] == kNoRow || fileRow >= section.rows.size()) {
-            out += neutral;
-            ++neutralRows;
-            continue;
-        }
-        const SectionRow& row = section.rows[fileRow];
-        // A copy of a row does without the comments on the lines before it.
-        const std::uint32_t begin = written[fileRow] ? row.ownBegin : row.begin;
-        written[fileRow] = true;
-        out += text.substr(begin, row.dataEnd - begin);
-        // The last row of a file may go without the comma that it needs before another one.
-        if (!row.hasComma && i + 1 < fileRows.size()) out += ',';
-        out += text.substr(row.dataEnd, row.end - row.dataEnd);
-    }
-    const std::size_t tail = section.rows.empty() ? section.rowsBegin : section.rows.back().end;
-    out += text.substr(tail);
-    return out;
+std::string composeForOneBone(const RowSection& section, const std::vector<std::int16_t>& fileRows,
+                              std::size_t& neutralRows) {
+    if (section.keyword != kSkinWeights) return composeRowSection(section, fileRows, neutralRows);
+    const std::string data = neutralData(section);
+    return compose(section, fileRows, neutralRows, &data);
 }
 
 }  // namespace corvane

@@ -34,4 +34,9 @@ public:
 std::string composeRowSection(const RowSection& section, const std::vector<std::int16_t>& fileRows,
                               std::size_t& neutralRows);
 
+/// The same for a model with one bone, of which every vertex has the whole weight: rows of
+/// SkinWeights name that bone, whatever they named; any other section follows its vertices.
+std::string composeForOneBone(const RowSection& section, const std::vector<std::int16_t>& fileRows,
+                              std::size_t& neutralRows);
+
 }  // namespace corvane

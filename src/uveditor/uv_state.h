@@ -37,6 +37,9 @@ struct UVState {
     /// Revisions::mesh() counts them.
     std::optional<std::uint64_t> takenFrom{};
     std::optional<std::uint64_t> savedTo{};
+    /// How many of the geoset's first vertices are still those that the data was taken from.
+    std::size_t same = 0;
+    bool undone = false;   ///< Undo took coordinates back that Save Changes had written
     bool unsaved = false;  ///< coordinates were changed that Save Changes has not written yet
     /// The coordinates as Save Changes last wrote them to the geoset; empty after a hand-over.
     std::vector<double> savedU{};

@@ -60,7 +60,7 @@ protected:
         return dialogs.openFile(kModelFilter, current);
     }
     std::optional<std::string> save(const std::string& current) {
-        return dialogs.saveFile(kModelFilter, current);
+        return dialogs.saveFile({"Save Geoset", kModelFilter, current});
     }
 
     /// Types a name into the file dialog that comes next, and saves.

@@ -25,10 +25,7 @@ public:
                                         const std::string& /*current*/) override {
         return path;
     }
-    std::optional<std::string> saveFile(const std::string& /*filter*/,
-                                        const std::string& /*current*/) override {
-        return path;
-    }
+    std::optional<std::string> saveFile(const SaveQuestion& /*question*/) override { return path; }
     /// The answer, "1" and Cancel in turn: whatever a loop waits for, one of them ends it.
     std::optional<std::string> inputBox(const std::string& /*prompt*/, const std::string& /*title*/,
                                         const std::string& /*defaultAnswer*/) override {
@@ -76,6 +73,7 @@ class NoWindow : public EditorWindow {
 public:
     void updateButtons() override {}
     void showTip(const std::string& /*text*/) override {}
+    void showNotice(const std::string& /*text*/) override {}
     void startSelectTimer() override {}
     void showTextureEditor(UVData data) override { textureData = std::move(data); }
     void copyText(const std::string& /*text*/) override {}

@@ -188,7 +188,7 @@ TEST_F(DeleteGeosetTest, AWorkingCopyThatGoesMissingAfterwardsComesBackWithoutTh
     deleteGeoset();
     std::filesystem::remove(store().workPath);
     save();
-    EXPECT_EQ(askedKinds(), "");
+    EXPECT_EQ(askedKinds(), "message");
     EXPECT_EQ(workBytes(), modelBytes());
     EXPECT_EQ(modelBytes().find("GeosetId 2"), std::string::npos);
 }

@@ -47,11 +47,34 @@ TEST_F(EmptiedGeosetTest, WithNoVertexLeftItIsRemovedFromFileAndWorkingCopyAndAn
 TEST_F(EmptiedGeosetTest, WithNoFaceLeftItIsRemovedThoughVerticesAreKept) {
     openThree();
     vertex(1).deleted = true;  // both faces use it
+    dialogs.yesNos.push_back(true);
     dialogs.inputs.push_back("1");
     save();
-    EXPECT_EQ(askedKinds(), "message input");
+    EXPECT_EQ(askedKinds(), "yesno message input");
+    EXPECT_EQ(dialogs.asked[0].title, "Warning");
+    EXPECT_EQ(dialogs.asked[0].text,
+              "The geoset has 3 vertices but no face, and a save removes it from the model. Remove "
+              "it?");
     EXPECT_EQ(modelBytes(), modelOf(threeWithoutTheSecond()));
     EXPECT_EQ(vertex(1).pos, (Triple{0, 0, 1}));
+}
+
+TEST_F(EmptiedGeosetTest, VerticesWithoutAFaceAreNotRemovedAfterANo) {
+    openThree();
+    vertex(1).deleted = true;
+    const Before before = remember();
+    dialogs.yesNos.push_back(false);
+    save();
+    EXPECT_EQ(askedKinds(), "yesno");
+    expectUnchanged(before);
+    for (const auto command : {&corvane::saveAs, &corvane::saveGeoset}) {
+        dialogs.asked.clear();
+        dialogs.files.push_back(folder.path("other.mdl"));
+        dialogs.yesNos.push_back(false);
+        command(editor);
+        EXPECT_EQ(askedKinds(), "save yesno");
+        expectUnchanged(before);
+    }
 }
 
 TEST_F(EmptiedGeosetTest, AGeosetThatNeverHadAFaceIsRemovedToo) {
@@ -62,8 +85,9 @@ TEST_F(EmptiedGeosetTest, AGeosetThatNeverHadAFaceIsRemovedToo) {
     openNew("points.mdl", text, "2");
     EXPECT_EQ(store().Vertices.size(), 4U);
     EXPECT_TRUE(store().Faces.empty());
+    dialogs.yesNos.push_back(true);
     save();
-    EXPECT_EQ(askedKinds(), "message");  // the only geoset left needs no question
+    EXPECT_EQ(askedKinds(), "yesno message");  // the only geoset left needs no question
     EXPECT_EQ(modelBytes(), modelOf({.geosets = {squareAt("1")}}));
     EXPECT_EQ(store().geosetNumber, 1);
     EXPECT_EQ(vertex(1).pos, (Triple{0, 0, 1}));

@@ -103,7 +103,7 @@ TEST_F(NewModelTest, TheTemplateIsWrittenToTheChosenFile) {
     EXPECT_EQ(store().modelPath, path);
     EXPECT_EQ(askedKinds(), "save");
     EXPECT_EQ(dialogs.last().text, "Warcraft III MDL|*.mdl");
-    EXPECT_EQ(dialogs.last().defaultText, "");
+    EXPECT_TRUE(dialogs.last().defaultText.ends_with("/untitled.mdl"));
     EXPECT_GT(window.buttonUpdates, 0);
 }
 
@@ -149,15 +149,36 @@ TEST_F(NewModelTest, TheModelThatIsOpenStaysInMemoryAndTheNextSaveGoesToTheNewFi
     Before expected = remember();
     makeNew(folder.path("box.mdl"));
     EXPECT_EQ(linesOf(readFile(folder.path("box.mdl"))), templateLines);
-    EXPECT_EQ(dialogs.last().defaultText, opened);
+    EXPECT_EQ(dialogs.last().title, "New Model");
+    EXPECT_EQ(dialogs.last().defaultText, folder.path("untitled.mdl"));
 
     expected.modelPath = folder.path("box.mdl");
     expected.modelBytes = modelBytes();
     expected.names = {"box.mdl", "hero.mdl", "hero_TMP.tdl"};
     expectUnchanged(expected);
     EXPECT_EQ(readFile(opened), model);
+    dialogs.yesNos.push_back(true);
     save();
+    EXPECT_EQ(askedKinds(), "yesno");
+    EXPECT_EQ(dialogs.last().title, "Warning");
+    EXPECT_EQ(dialogs.last().text,
+              "box.mdl is a new, empty model. Saving writes the open model over it. Write it?");
     EXPECT_EQ(readFile(folder.path("box.mdl")), model);
+    save();
+    EXPECT_EQ(askedKinds(), "") << "it is the open model now";
+}
+
+TEST_F(NewModelTest, TheOpenModelIsNotWrittenOverTheNewOneAfterANo) {
+    const std::string model = modelOf({.geosets = {squareAt("1")}});
+    openNew("hero.mdl", model);
+    makeNew(folder.path("box.mdl"));
+    dialogs.asked.clear();
+    dialogs.yesNos.push_back(false);
+    dialogs.files.push_back(folder.path("other.mdl"));
+    corvane::save(editor);
+    EXPECT_EQ(askedKinds(), "yesno save");
+    EXPECT_EQ(linesOf(readFile(folder.path("box.mdl"))), templateLines);
+    EXPECT_EQ(readFile(folder.path("other.mdl")), model);
 }
 
 TEST_F(NewModelTest, AfterItSwitchingStillReadsTheModelThatIsOpen) {

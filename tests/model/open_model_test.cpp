@@ -222,14 +222,17 @@ TEST_F(OpenModelTest, AWorkingCopyLeftOverFromAnEarlierRunIsReplaced) {
 TEST_F(OpenModelTest, AModelWithoutGeosetsLeavesTheStoreEmptyAndSaysSo) {
     openNew("first.mdl", modelOf({.geosets = {squareAt("5")}}));
     open(folder.write("bare.mdl", modelOf({})));
-    EXPECT_EQ(askedKinds(), "open");
+    EXPECT_EQ(askedKinds(), "open message");
     EXPECT_TRUE(store().Vertices.empty());
     EXPECT_TRUE(store().Faces.empty());
     EXPECT_TRUE(store().matrixGroups.empty());
     EXPECT_TRUE(store().modelLoaded);
     EXPECT_EQ(store().geosetNumber, 1);
     EXPECT_EQ(store().modelPath, folder.path("bare.mdl"));
-    EXPECT_EQ(window.tip, folder.path("bare.mdl") + " holds no geoset (no line \"Geoset {\").");
+    expectLast("message", "Warning",
+               folder.path("bare.mdl") +
+                   " holds no geoset (no line \"Geoset {\"). There is nothing to edit in it; open "
+                   "another model.");
     EXPECT_EQ(front.primitives().size(), 2U);  // the axis marks
 }
 

@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "edit/undo_history.h"
+#include "model/commands/merge_geoset.h"
 #include "model/commands/save_model.h"
 #include "model_flow.h"
 #include "test_commands.h"
@@ -168,7 +169,7 @@ TEST_F(RemovedGeosetTest, AfterAYesAnEmptiedGeosetLeavesTheOneWithItsNumberAlone
     deleteAllVertices();
     dialogs.yesNos.push_back(true);
     save();
-    EXPECT_EQ(askedKinds(), "yesno");
+    EXPECT_EQ(askedKinds(), "yesno message");
     EXPECT_EQ(modelBytes(), modelOf(threeWithoutTheSecond()));
 }
 
@@ -187,20 +188,20 @@ TEST_F(RemovedGeosetTest, WhereNoGeosetHasItsNumberTheRestIsSavedWithoutAQuestio
     const std::string path = openAndRemove("3");
     EXPECT_EQ(workBytes(), withoutTheThird());
     save();
-    EXPECT_EQ(askedKinds(), "");
+    EXPECT_EQ(askedKinds(), "message");
     EXPECT_EQ(readFile(path), withoutTheThird());
     EXPECT_EQ(workBytes(), withoutTheThird());
     EXPECT_EQ(vertex(1).pos, (Triple{0, 0, 3}));  // still in memory
 
     save();
-    EXPECT_EQ(askedKinds(), "");
+    EXPECT_EQ(askedKinds(), "message");
     EXPECT_EQ(readFile(path), withoutTheThird());
 }
 
 TEST_F(RemovedGeosetTest, WhereNoGeosetHasItsNumberSaveAsWritesTheRestToTheNewFile) {
     const std::string old = openAndRemove("3");
     saveAs(folder.path("new.mdl"));
-    EXPECT_EQ(askedKinds(), "save");
+    EXPECT_EQ(askedKinds(), "save message");
     EXPECT_EQ(modelBytes(), withoutTheThird());
     EXPECT_EQ(workBytes(), withoutTheThird());
     EXPECT_EQ(readFile(old), modelOf(threeGeosets()));
@@ -220,9 +221,43 @@ TEST_F(RemovedGeosetTest, TheOnlyGeosetLeavesAModelWithoutGeosets) {
     openNew("hero.mdl", modelOf({.geosets = {squareAt("5")}}));
     deleteGeoset();
     save();
-    EXPECT_EQ(askedKinds(), "");
+    EXPECT_EQ(askedKinds(), "message");
     EXPECT_EQ(modelBytes(), modelOf({}));
     EXPECT_EQ(workBytes(), modelOf({}));
+}
+
+// What stands beside the sections of a geoset that was removed is its own, not its neighbour's.
+TEST_F(RemovedGeosetTest, SaveGeosetWritesItWithTheLinesThatItHad) {
+    ModelParts parts = threeGeosets();
+    std::string text = modelOf(parts);
+    const std::size_t second = text.find("Geoset {", text.find("Geoset {") + 1);
+    const std::size_t material = text.find("\tMaterialID 0,", second);
+    text.replace(material, 14, "\tMaterialID 7,");
+    openNew("three.mdl", text, "2");
+    deleteGeoset();
+    saveGeosetAs(folder.path("part.mdl"));
+    std::string expected = singleGeosetModelOf(squareAt("2"));
+    expected.replace(expected.find("\tMaterialID 0,"), 14, "\tMaterialID 7,");
+    EXPECT_EQ(readFile(folder.path("part.mdl")), expected);
+}
+
+TEST_F(RemovedGeosetTest, SaveGeosetWritesTheModelsLastOneToo) {
+    openNew("hero.mdl", modelOf({.geosets = {squareAt("5")}}));
+    deleteGeoset();
+    saveGeosetAs(folder.path("part.mdl"));
+    EXPECT_EQ(readFile(folder.path("part.mdl")), singleGeosetModelOf(squareAt("5")));
+    EXPECT_FALSE(store().isGeosetRemoved());
+}
+
+TEST_F(RemovedGeosetTest, MergingIntoAModelWithoutGeosetsIsRefusedBeforeTheFileDialog) {
+    openNew("hero.mdl", modelOf({.geosets = {squareAt("5")}}));
+    deleteGeoset();
+    dialogs.asked.clear();
+    mergeGeoset(editor);
+    EXPECT_EQ(askedKinds(), "message");
+    EXPECT_EQ(dialogs.last().title, "Error");
+    EXPECT_EQ(store().Vertices.size(), 4U);
+    EXPECT_FALSE(hasUndoStep());
 }
 
 }  // namespace

@@ -27,6 +27,7 @@ public:
         if (onUpdateButtons) onUpdateButtons();
     }
     void showTip(const std::string& text) override { tip = text; }
+    void showNotice(const std::string& text) override { notice = text; }
     void startSelectTimer() override { ++timerStarts; }
     void showTextureEditor(UVData data) override { textureData = std::move(data); }
     void copyText(const std::string& text) override { clipboard = text; }
@@ -34,6 +35,7 @@ public:
     int buttonUpdates = 0;
     int timerStarts = 0;
     std::string tip;
+    std::string notice;
     std::string clipboard;
     std::optional<UVData> textureData;      ///< what the texture editor was last shown with
     std::function<void()> onUpdateButtons;  ///< called whenever the buttons are refreshed

@@ -167,10 +167,12 @@ TEST_F(RemapTest, PositionsOfAnotherGeosetAreNotUsed) {
     takeIntoStore(editor, std::move(other), 2);
     remapFrom(RemapPlane::Front);
     EXPECT_EQ(dialogs.last().title, "Error");
-    EXPECT_EQ(dialogs.last().text,
-              "Another geoset was read since these texture coordinates were taken. Its vertices "
-              "lie elsewhere, so nothing was changed. Choose UV Mapping in the main window to take "
-              "its own coordinates.");
+    EXPECT_EQ(
+        dialogs.last().text,
+        "The vertices in memory are not those that these texture coordinates were taken from: "
+        "a geoset was read since, or vertices were taken away and others added. Nothing was "
+        "changed. Choose UV Mapping in the main window to take the coordinates of those in "
+        "memory.");
     expectUnchanged();
 }
 

@@ -1,4 +1,5 @@
 // How texture coordinates come back to the geoset, and what protects those that are there.
+#include "edit/clone.h"
 #include "edit/undo_history.h"
 #include "model/commands/open_model.h"
 #include "test_commands.h"
@@ -144,19 +145,55 @@ TEST_F(SaveChangesTest, AfterAHandOverOfTheOtherGeosetThereIsNoQuestion) {
     EXPECT_TRUE(dialogs.asked.empty());
 }
 
-TEST_F(SaveChangesTest, AnotherGeosetOfAnotherSizeGetsWhatFitsAndAMessageHowToTakeItBack) {
+TEST_F(SaveChangesTest, AnotherGeosetOfAnotherSizeIsWrittenOnlyWhenTheUserSaysSo) {
     edit({{0, 0}, {0.5, 0.5}}, {1});
     readGeoset({{7, 8}, {9, 10}, {11, 12}}, 2);
+    dialogs.yesNos.push_back(false);
+    saveChanges(uv, editor);
+    EXPECT_EQ(tu(), (Values{7, 9, 11}));
+    EXPECT_TRUE(dialogs.last().text.ends_with(
+        "It has 3 vertices, theirs had 2: saving writes the first 2 over its own. Write them?"))
+        << dialogs.last().text;
+    dialogs.yesNos.push_back(true);
     saveChanges(uv, editor);
     EXPECT_EQ(tu(), (Values{0, 0.5, 11}));
-    ASSERT_EQ(dialogs.asked.size(), 1U);
-    EXPECT_EQ(dialogs.last().kind, "message");
-    EXPECT_EQ(dialogs.last().text,
-              "Another geoset was read since these texture coordinates were taken: it has 3 "
-              "vertices, theirs had 2. The first 2 were written to it. If they do not belong "
-              "there, Switch Geoset in the main window reads it again as it was last saved, "
-              "without any of your later edits of it. Choose UV Mapping to take its own "
-              "coordinates.");
+    EXPECT_EQ(uv.data.u, (Values{0, 0.5, 11})) << "both sides are one again";
+    EXPECT_EQ(selected(), std::vector<int>{1});
+    dialogs.asked.clear();
+    saveChanges(uv, editor);
+    EXPECT_TRUE(dialogs.asked.empty()) << "the question is not asked twice";
+}
+
+TEST_F(SaveChangesTest, TheSameGeosetReadAgainIsOfOtherVertices) {
+    edit({{0, 0}, {0.5, 0.5}}, {1});
+    readGeoset({{0, 0}, {0.5, 0.5}}, 1);
+    dialogs.yesNos.push_back(true);
+    saveChanges(uv, editor);
+    dialogs.asked.clear();
+    saveChanges(uv, editor);
+    EXPECT_TRUE(dialogs.asked.empty());
+}
+
+TEST_F(SaveChangesTest, AListThatWasCutAndGrewAgainIsOfOtherVertices) {
+    loadTextureVertices({{0, 0}, {0.5, 0.5}});
+    window.onUpdateButtons = [this] { noteEdits(uv, editor); };
+    select({1});
+    corvane::edit<"Clone", cloneSelected>(editor);
+    handOver();
+    EXPECT_EQ(uv.data.u.size(), 3U);
+    undoLast(editor);
+    select({2});
+    corvane::edit<"Clone", cloneSelected>(editor);
+    ASSERT_EQ(store().Vertices.size(), 3U);
+    dialogs.yesNos.push_back(false);
+    saveChanges(uv, editor);
+    EXPECT_EQ(dialogs.last().kind, "yesno");
+    EXPECT_NE(dialogs.last().text.find("from vertex 3 on they belong to others"), std::string::npos)
+        << dialogs.last().text;
+    EXPECT_EQ(tu(), (Values{0, 0.5, 0.5}));
+    dialogs.yesNos.push_back(true);
+    saveChanges(uv, editor);
+    EXPECT_EQ(tu(), (Values{0, 0.5, 0}));
 }
 
 TEST_F(SaveChangesTest, CoordinatesThatUndoTookBackAreNotLostWithTheNextHandOver) {
@@ -212,14 +249,18 @@ TEST_F(SaveChangesTest, CoordinatesThatUndoTookBackCountAsUnsaved) {
     saveChanges(uv, editor);
     noteEdits(uv, editor);
     EXPECT_FALSE(uv.unsaved);
-    EXPECT_EQ(window.tip, "");
+    EXPECT_EQ(window.notice, "");
     undoLast(editor);
     noteEdits(uv, editor);
     EXPECT_TRUE(uv.unsaved);
-    EXPECT_EQ(window.tip,
+    EXPECT_EQ(window.notice,
               "Undo took back texture coordinates, too. Save Changes in the texture editor writes "
               "them again.");
+    EXPECT_EQ(uvWindow.notice,
+              "Undo in the main window took these back. Save Changes writes them again.");
     saveChanges(uv, editor);
+    EXPECT_EQ(window.notice, "");
+    EXPECT_EQ(uvWindow.notice, "");
     noteEdits(uv, editor);
     EXPECT_FALSE(uv.unsaved);
     EXPECT_EQ(tu(), (Values{1, 0.5}));

@@ -16,12 +16,14 @@ namespace corvane {
 class TestUVWindow : public UVWindow {
 public:
     void updateButtons() override { ++buttonUpdates; }
+    void showNotice(const std::string& text) override { notice = text; }
     std::string loadPicture(const std::string& path) override {
         loaded.push_back(path);
         return refusal;
     }
 
     int buttonUpdates = 0;
+    std::string notice;
     std::string refusal;              ///< why no picture can be read; empty where one can
     std::vector<std::string> loaded;  ///< the paths of all that should have been loaded
 };

@@ -1,9 +1,11 @@
 #include "model/commands/open_model.h"
 
 #include <memory>
+#include <new>
 
 #include "base/numbers.h"
 #include "base/version.h"
+#include "editor/keep_unsaved.h"
 #include "editor/run_edit.h"
 #include "model/geoset_reader.h"
 #include "model/model_writer.h"
@@ -67,8 +69,11 @@ std::optional<ReadModel> readModel(Editor& editor, const std::string& path) {
         ReadModel read;
         read.base = std::make_shared<const ModelBase>(readModelFile(path, &read.stamp));
         return read;
-    } catch (const FileError&) {
-        editor.dialogs.messageBox(kErrorCaption, "Bad file name");
+    } catch (const FileError& error) {
+        const bool isMissing = error.code() == std::errc::no_such_file_or_directory;
+        editor.dialogs.messageBox(
+            kErrorCaption,
+            isMissing ? "Bad file name" : std::string("Bad file name\n") + error.what());
         return std::nullopt;
     }
 }
@@ -82,6 +87,7 @@ std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
         std::optional<PickedGeoset> picked = pickGeoset(
             editor, *model.base, {"The file was not opened and is unchanged.", kGeosetOrModel});
         if (!picked) return std::nullopt;
+        keepUnsaved(editor, KeptBecause::AnotherOpened);
         editor.store.open(path, model.base, model.stamp, workingCopy);
         takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
         return picked;
@@ -100,13 +106,30 @@ OpenOutcome openForMerge(Editor& editor, const std::string& path) {
     return {.picked = pickGeoset(editor, *model->base, {"Nothing was merged.", kGeosetOrModel})};
 }
 
+// Says that memory has run out. A model is open as a whole or not at all; `meshBefore` tells which.
+void sayOutOfMemory(Editor& editor, std::uint64_t meshBefore) {
+    const bool isRead = editor.store.revisions.mesh() != meshBefore;
+    editor.dialogs.messageBox(
+        kErrorCaption, isRead ? "The geoset was read, but there is not enough memory to show all "
+                                "of it.\n\nClose other programs or windows, then go on."
+                              : "There is not enough memory to read that model.\n\nNothing was "
+                                "changed: what was open before is still here. Close other programs "
+                                "or windows and try again.");
+}
+
 // The mouse release that ends the file dialog's double click may reach a view: it must not select
 // anything. So box selection is off until a timer fires.
 template <class Ask>
 OpenOutcome withoutSelecting(Editor& editor, Ask ask) {
     editor.modes.selectEnabled = false;
     editor.modes.editButtonsEnabled = true;
-    OpenOutcome outcome = ask();
+    const std::uint64_t meshBefore = editor.store.revisions.mesh();
+    OpenOutcome outcome;
+    try {
+        outcome = ask();
+    } catch (const std::bad_alloc&) {
+        sayOutOfMemory(editor, meshBefore);
+    }
     editor.modes.selectEnabled = false;  // a timer from before may have fired under the dialog
     show(editor, Show::Buttons);
     editor.window.startSelectTimer();
@@ -116,7 +139,10 @@ OpenOutcome withoutSelecting(Editor& editor, Ask ask) {
 void showOpened(Editor& editor, const OpenOutcome& outcome) {
     if (!outcome.picked) return;
     if (outcome.picked->geosetCount == 0) {
-        editor.window.showTip(editor.store.modelPath + " holds no geoset (no line \"Geoset {\").");
+        editor.dialogs.messageBox(kWarningCaption,
+                                  editor.store.modelPath +
+                                      " holds no geoset (no line \"Geoset {\"). There is nothing "
+                                      "to edit in it; open another model.");
     }
     show(editor, Show::Views);
     drawPerspective(editor);
@@ -221,12 +247,19 @@ void switchGeoset(Editor& editor) {
     chooseAndRead(editor);
 }
 
-void chooseAndRead(Editor& editor) {
-    std::optional<PickedGeoset> picked = pickGeoset(
-        editor, editor.store.base(), {"The geoset in memory stays as it is.", "another geoset"});
-    if (!picked) return;
-    takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
-    show(editor, Show::Views);
+void chooseAndRead(Editor& editor, bool keepDropped) {
+    const std::uint64_t meshBefore = editor.store.revisions.mesh();
+    try {
+        std::optional<PickedGeoset> picked =
+            pickGeoset(editor, editor.store.base(),
+                       {"The geoset in memory stays as it is.", "another geoset"});
+        if (!picked) return;
+        if (keepDropped) keepUnsaved(editor, KeptBecause::Switched);
+        takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
+        show(editor, Show::Views);
+    } catch (const std::bad_alloc&) {
+        sayOutOfMemory(editor, meshBefore);
+    }
 }
 
 void takeIntoStore(Editor& editor, Geoset geoset, int geosetNumber) {

@@ -59,8 +59,9 @@ void openCommand(Editor& editor);
 void switchGeoset(Editor& editor);
 
 /// Chooses a geoset of the current model, reads it into the store, which clears the undo history,
-/// and draws it. After a message where it cannot be read, everything is as it was.
-void chooseAndRead(Editor& editor);
+/// and draws it. What was unsaved of the one before is kept, unless that was done already. After a
+/// message where it cannot be read, everything is as it was.
+void chooseAndRead(Editor& editor, bool keepDropped = true);
 
 /// Takes a geoset into the store, which clears the undo history and what the store held.
 void takeIntoStore(Editor& editor, Geoset geoset, int geosetNumber);

@@ -2,9 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
+#include <new>
 
+#include "editor/keep_unsaved.h"
 #include "editor/run_edit.h"
 #include "model/commands/open_model.h"
+#include "model/geoset_reader.h"
 #include "model/geoset_removal.h"
 #include "model/geoset_sections.h"
 #include "model/model_writer.h"
@@ -15,11 +19,38 @@ namespace corvane {
 namespace {
 
 constexpr const char* kRepeatAdvice =
-    "The file is as it was, and your edits are still here: mend the cause and save again, or save "
-    "to another place with Save As.";
+    "your edits are still here: mend the cause and save again, or save to another place with Save "
+    "As.";
 
-void showSaveError(Editor& editor, const std::string& what, const char* advice = kRepeatAdvice) {
+// What holds after a save that came to nothing, and what to do.
+std::string afterFailure(const GeosetStore& store) {
+    const bool isThere = stampOf(store.savePath).has_value();
+    return std::string(isThere ? "The file is as it was, and " : "No file was written, and ") +
+           kRepeatAdvice;
+}
+
+void showSaveError(Editor& editor, const std::string& what, const std::string& advice) {
     editor.dialogs.messageBox(kErrorCaption, "The model was not saved.\n" + what + "\n\n" + advice);
+}
+
+void showSaveError(Editor& editor, const std::string& what) {
+    showSaveError(editor, what, afterFailure(editor.store));
+}
+
+void showSaveError(Editor& editor, const FileError& error) {
+    const bool isDamaged = dynamic_cast<const FileDamagedError*>(&error) != nullptr;
+    showSaveError(editor, error.what(),
+                  isDamaged ? std::string("But ") + kRepeatAdvice : afterFailure(editor.store));
+}
+
+void sayOutOfMemory(Editor& editor, bool isWritten) {
+    if (!isWritten) {
+        showSaveError(editor, "There is not enough memory.");
+        return;
+    }
+    editor.dialogs.messageBox(kWarningCaption,
+                              "The model was saved, but then memory ran out.\n\nNothing is lost. "
+                              "Close other programs or windows, then save again.");
 }
 
 // Makes the working copy hold what was saved. Where that fails the save stands, and so does the
@@ -36,16 +67,36 @@ void renewWorkingCopy(Editor& editor) {
     }
 }
 
+// What a save replaces, to be kept once it is replaced.
+class Replaced {
+public:
+    explicit Replaced(Editor& editor)
+        : editor_(editor),
+          text_(editor.wayBack == nullptr ? nullptr : editor.store.textThatASaveReplaces()) {}
+
+    void keep() const {
+        const ModelDocument& document = editor_.store;
+        if (text_ == nullptr || text_->text.view() == document.base().text.view()) return;
+        editor_.wayBack->keepReplaced(text_, document.savePath);
+    }
+
+private:
+    Editor& editor_;
+    SharedBase text_;
+};
+
 // Writes a text to the model file and makes it the text that later saves start from. `write` does
 // that.
 bool writeText(Editor& editor, const PiecedText& text,
                void (ModelDocument::*write)(const PiecedText&)) {
+    const Replaced replaced(editor);
     try {
         (editor.store.*write)(text);
     } catch (const FileError& error) {
-        showSaveError(editor, error.what());
+        showSaveError(editor, error);
         return false;
     }
+    replaced.keep();
     return true;
 }
 
@@ -59,6 +110,10 @@ enum class SaveKind {
     Refuse,         // there is no geoset that could be written
 };
 
+std::string nameOf(const std::string& path) {
+    return std::filesystem::path(path).filename().string();
+}
+
 // Whether no vertex or no face is left.
 bool isEmptied(const Geoset& geoset) {
     return KeptVertices(geoset).count() == 0 || countKeptFaces(geoset) == 0;
@@ -66,7 +121,8 @@ bool isEmptied(const Geoset& geoset) {
 
 SaveKind kindOfSave(const GeosetStore& store, bool singleGeoset) {
     const bool removed = store.isGeosetRemoved();
-    const bool hasPlace = store.base().hasGeoset(store.geosetNumber);
+    const ModelBase& base = singleGeoset ? *store.geosetBase() : store.base();
+    const bool hasPlace = base.hasGeoset(store.geosetNumber);
     const bool empty = isEmptied(store);
     if (removed && !singleGeoset) return hasPlace ? SaveKind::AskOverwrite : SaveKind::AsItIs;
     if (!hasPlace || (removed && empty)) return SaveKind::Refuse;
@@ -78,23 +134,28 @@ SaveKind kindOfSave(const GeosetStore& store, bool singleGeoset) {
 // in memory.
 void removeEmptied(Editor& editor) {
     GeosetStore& store = editor.store;
+    keepGeoset(editor, KeptBecause::GeosetRemoved);
+    const SharedBase before = store.sharedBase();
     editor.dialogs.messageBox(kWarningCaption, "Removing geoset");
     if (!writeText(editor, removeGeoset(store.base().text, store.geosetNumber),
                    &ModelDocument::write))
         return;
-    store.noteGeosetRemoved();
+    store.noteGeosetRemoved(before);
     renewWorkingCopy(editor);
-    chooseAndRead(editor);
+    chooseAndRead(editor, false);
 }
 
 // Writes the text in memory to the model file as it is, without the geoset in memory.
 bool writeAsItIs(Editor& editor) {
+    keepGeoset(editor, KeptBecause::LeftOut);
+    const Replaced replaced(editor);
     try {
         editor.store.writeAsItIs();
     } catch (const FileError& error) {
-        showSaveError(editor, error.what());
+        showSaveError(editor, error);
         return false;
     }
+    replaced.keep();
     renewWorkingCopy(editor);
     return true;
 }
@@ -131,7 +192,7 @@ void sayNeutralRows(Editor& editor, const NeutralRows& neutral) {
 // message.
 std::optional<PiecedText> compose(Editor& editor, bool singleGeoset, NeutralRows& neutral) {
     const GeosetStore& store = editor.store;
-    const ModelBase& base = store.base();
+    const ModelBase& base = singleGeoset ? *store.geosetBase() : store.base();
     try {
         const auto composeText = singleGeoset ? composeSingleGeoset : composeModel;
         return composeText(base.text, base.geosets, store.geosetNumber, store, &neutral);
@@ -146,6 +207,30 @@ std::optional<PiecedText> compose(Editor& editor, bool singleGeoset, NeutralRows
     return std::nullopt;
 }
 
+// After a geoset was saved alone the part is the current model, and memory becomes what it holds:
+// one matrix group, all vertices in it, and the rows that it keeps for its vertices.
+void becomeThePart(Editor& editor) {
+    GeosetStore& store = editor.store;
+    const ModelBase& part = store.base();
+    store.geosetNumber = 1;
+    MatrixGroup group;
+    group.fill(kNoMatrix);
+    group.front() = 0;
+    store.matrixGroups = {group};
+    for (VertexRecord& vertex : store.Vertices) {
+        vertex.group = 0;
+        vertex.fileRow = kNoRow;
+    }
+    try {
+        takeFileData(store, parseGeoset(part.text, part.geosets, 1));
+    } catch (const ModelTextError&) {
+        // Then it has no rows that could follow.
+        store.rowSections.clear();
+        store.sectionsRead.clear();
+    }
+    editor.undo = {};
+}
+
 void writeGeoset(Editor& editor, bool singleGeoset) {
     GeosetStore& store = editor.store;
     if (const std::size_t number = firstUnwritable(store); number > 0) {
@@ -157,18 +242,24 @@ void writeGeoset(Editor& editor, bool singleGeoset) {
     }
     NeutralRows neutral;
     const std::optional<PiecedText> text = compose(editor, singleGeoset, neutral);
+    if (!text) return;
+    if (singleGeoset) keepUnsaved(editor, KeptBecause::GeosetSaved);
     const auto write = singleGeoset ? &ModelDocument::write : &ModelDocument::writeGeoset;
-    if (!text || !writeText(editor, *text, write)) return;
-    store.noteSaved();
+    if (!writeText(editor, *text, write)) return;
     store.noteGeosetRead();
-    if (singleGeoset) store.geosetNumber = 1;
+    if (singleGeoset) becomeThePart(editor);
+    store.noteSaved();
+    if (editor.wayBack != nullptr) editor.wayBack->noteSaved();
     renewWorkingCopy(editor);
     sayNeutralRows(editor, neutral);
 }
 
 void saveAsItIs(Editor& editor) {
     if (!writeAsItIs(editor)) return;
-    editor.window.showTip("Saved without the geoset in memory, which was removed from the model.");
+    editor.dialogs.messageBox(
+        kWarningCaption,
+        "Saved without the geoset in memory, which was removed from the model. Save Geoset can "
+        "still write it to a file of its own.");
 }
 
 void askOverwrite(Editor& editor) {
@@ -178,7 +269,7 @@ void askOverwrite(Editor& editor) {
         "geoset " +
             std::to_string(editor.store.geosetNumber) + ", which has its number now. Write it?");
     if (!write) {
-        if (writeAsItIs(editor)) chooseAndRead(editor);
+        if (writeAsItIs(editor)) chooseAndRead(editor, false);
     } else if (isEmptied(editor.store)) {
         // Nothing is left to be written, and the geoset that has its number is another one.
         saveAsItIs(editor);
@@ -188,7 +279,7 @@ void askOverwrite(Editor& editor) {
 }
 
 // Writes the geoset in memory to savePath as it stands to the model.
-void writeModel(Editor& editor, bool singleGeoset) {
+void writeByKind(Editor& editor, bool singleGeoset) {
     const GeosetStore& store = editor.store;
     switch (kindOfSave(store, singleGeoset)) {
         case SaveKind::Write:
@@ -212,23 +303,44 @@ void writeModel(Editor& editor, bool singleGeoset) {
                           "model, if it has one.");
             break;
     }
+}
+
+void writeModel(Editor& editor, bool singleGeoset) {
+    const std::uint64_t writesBefore = editor.store.writes();
+    try {
+        writeByKind(editor, singleGeoset);
+    } catch (const std::bad_alloc&) {
+        sayOutOfMemory(editor, editor.store.writes() != writesBefore);
+    }
     show(editor, Show::Buttons);
 }
 
-// Asks for the file that then is the current model, and writes to it.
-void askAndWrite(Editor& editor, bool singleGeoset) {
+// Asks where a save would remove a geoset that still has vertices.
+bool mayRemoveEmptied(Editor& editor, bool singleGeoset) {
+    const int vertices = KeptVertices(editor.store).count();
+    if (vertices == 0 || kindOfSave(editor.store, singleGeoset) != SaveKind::RemoveEmptied) {
+        return true;
+    }
+    return editor.dialogs.yesNo(kWarningCaption,
+                                "The geoset has " + std::to_string(vertices) +
+                                    " vertices but no face, and a save removes it from the model. "
+                                    "Remove it?");
+}
+
+// Makes the file that was asked for the current model, and writes to it.
+void writeTo(Editor& editor, const std::optional<std::string>& path, bool singleGeoset) {
     GeosetStore& store = editor.store;
-    if (!store.modelLoaded) return;
-    const std::optional<std::string> path = askSavePath(editor);
-    if (!path) return;
-    store.modelPath = store.savePath = *path;
+    if (!path || !mayRemoveEmptied(editor, singleGeoset)) return;
+    store.setTarget(*path, ModelDocument::Target::Chosen);
+    store.savePath = *path;
     writeModel(editor, singleGeoset);
 }
 
 }  // namespace
 
-std::optional<std::string> askSavePath(Editor& editor) {
-    std::optional<std::string> path = editor.dialogs.saveFile(kModelFilter, editor.store.modelPath);
+std::optional<std::string> askSavePath(Editor& editor, const std::string& title,
+                                       const std::string& proposed) {
+    std::optional<std::string> path = editor.dialogs.saveFile({title, kModelFilter, proposed});
     if (path && clashesWithWorkingCopy(editor, *path)) return std::nullopt;
     return path;
 }
@@ -236,6 +348,14 @@ std::optional<std::string> askSavePath(Editor& editor) {
 void save(Editor& editor) {
     GeosetStore& store = editor.store;
     if (!store.modelLoaded) return;
+    if (store.isTargetNew() &&
+        !editor.dialogs.yesNo(kWarningCaption,
+                              nameOf(store.modelPath) +
+                                  " is a new, empty model. Saving writes the open model over it. "
+                                  "Write it?")) {
+        saveAs(editor);
+        return;
+    }
     store.savePath = store.modelPath;
     if (store.isChangedOutside() &&
         !editor.dialogs.yesNo(kWarningCaption,
@@ -245,12 +365,22 @@ void save(Editor& editor) {
                                   "Save?")) {
         return;
     }
-    writeModel(editor, false);
+    if (mayRemoveEmptied(editor, false)) writeModel(editor, false);
 }
 
-void saveAs(Editor& editor) { askAndWrite(editor, false); }
+void saveAs(Editor& editor) {
+    if (!editor.store.modelLoaded) return;
+    writeTo(editor, askSavePath(editor, "Save As", editor.store.modelPath), false);
+}
 
-void saveGeoset(Editor& editor) { askAndWrite(editor, true); }
+void saveGeoset(Editor& editor) {
+    const GeosetStore& store = editor.store;
+    if (!store.modelLoaded) return;
+    const std::string stem =
+        stemOf(store.modelPath) + "-geoset" + std::to_string(store.geosetNumber);
+    const std::string proposed = freePath(folderOf(store.modelPath), stem, ".mdl");
+    writeTo(editor, askSavePath(editor, "Save Geoset", proposed), true);
+}
 
 void deleteCurrentGeoset(Editor& editor) {
     GeosetStore& store = editor.store;
@@ -278,6 +408,11 @@ void deleteCurrentGeoset(Editor& editor) {
     } catch (const FileError& error) {
         editor.dialogs.messageBox(kErrorCaption,
                                   "The geoset was not removed.\n" + std::string(error.what()));
+        return;
+    } catch (const std::bad_alloc&) {
+        editor.dialogs.messageBox(kErrorCaption,
+                                  "The geoset was not removed.\nThere is not enough memory. Close "
+                                  "other programs or windows and try again.");
         return;
     }
     show(editor, Show::Buttons);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "editor/run_edit.h"
+#include "model/snapshot.h"
 #include "uveditor/commands/texture_commands.h"
 #include "uveditor/uv_tools.h"
 
@@ -38,28 +39,69 @@ bool isSavedTo(const UVState& uv, const GeosetStore& store) {
     return uv.savedTo == store.revisions.mesh();
 }
 
-bool askWriteToOther(UVEditor& uv, const GeosetStore& store) {
+// Whether Save Changes would write to vertices that the data was not taken from.
+bool isOfOthers(const UVState& uv, const GeosetStore& store) {
+    return !isTakenFrom(uv, store) || std::min(store.Vertices.size(), uv.data.u.size()) > uv.same;
+}
+
+// Asks whether to write to such vertices.
+bool askWriteToOthers(UVEditor& uv, const GeosetStore& store) {
+    const std::size_t vertices = store.Vertices.size();
+    const std::size_t taken = uv.data.u.size();
+    if (isTakenFrom(uv, store)) {
+        return uv.dialogs.yesNo(
+            kWarningCaption,
+            "Vertices were taken away and others added since these texture coordinates were taken: "
+            "from vertex " +
+                std::to_string(uv.same + 1) +
+                " on they belong to others. Saving writes them over theirs. Write them?");
+    }
+    const std::string fit =
+        vertices == taken ? " too, so saving writes them over its own."
+                          : ", theirs had " + std::to_string(taken) + ": saving writes the first " +
+                                std::to_string(std::min(vertices, taken)) + " over its own.";
     return uv.dialogs.yesNo(
         kWarningCaption, "A geoset was read since these texture coordinates were taken: geoset " +
                              std::to_string(store.geosetNumber) + " of " + store.modelPath +
-                             ". It has " + countText(store.Vertices.size()) +
-                             " too, so saving writes them over its own. Write them?");
+                             ". It has " + countText(vertices) + fit + " Write them?");
 }
 
 // Tells of a Save Changes that fits only in part.
-std::string partlySavedMessage(bool otherGeoset, std::size_t vertices, std::size_t taken,
-                               std::size_t written) {
-    const std::string firsts = "The first " + std::to_string(written);
-    if (!otherGeoset) {
-        return "The geoset has " + countText(vertices) + " now, but had " + std::to_string(taken) +
-               " when its texture coordinates were taken. " + firsts +
-               " were written back. Choose UV Mapping in the main window to take them anew.";
-    }
-    return "Another geoset was read since these texture coordinates were taken: it has " +
-           countText(vertices) + ", theirs had " + std::to_string(taken) + ". " + firsts +
-           " were written to it. If they do not belong there, Switch Geoset in the main window "
-           "reads it again as it was last saved, without any of your later edits of it. Choose UV "
-           "Mapping to take its own coordinates.";
+std::string partlySavedMessage(std::size_t vertices, std::size_t taken, std::size_t written) {
+    return "The geoset has " + countText(vertices) + " now, but had " + std::to_string(taken) +
+           " when its texture coordinates were taken. The first " + std::to_string(written) +
+           " were written back. Choose UV Mapping in the main window to take them anew.";
+}
+
+// Makes the texture editor's lists those of the geoset again; what is selected stays so.
+void takeAsItIs(UVEditor& uv, const GeosetStore& store) {
+    UVData data = uvDataOf(store);
+    const std::size_t count = std::min(data.selected.size(), uv.data.selected.size());
+    for (std::size_t i = 0; i < count; ++i) data.selected[i] = uv.data.selected[i];
+    uv.data = std::move(data);
+    uv.takenFrom = store.revisions.mesh();
+    uv.same = store.Vertices.size();
+}
+
+// Says in both windows, until it is settled, that Undo took coordinates back.
+void setUndone(UVEditor& uv, const Editor& editor, bool undone) {
+    if (uv.undone == undone) return;
+    uv.undone = undone;
+    editor.window.showNotice(undone
+                                 ? "Undo took back texture coordinates, too. Save Changes in the "
+                                   "texture editor writes them again."
+                                 : "");
+    uv.window.showNotice(undone ? "Undo in the main window took these back. Save Changes writes "
+                                  "them again."
+                                : "");
+}
+
+// Texture coordinates that nothing else holds are about to be replaced.
+void keepTexture(const UVState& uv, Editor& editor) {
+    if (!uv.unsaved || editor.wayBack == nullptr || isOfOthers(uv, editor.store)) return;
+    Snapshot snapshot = snapshotOf(editor.store);
+    mergeTexture(snapshot, uv.data.u, uv.data.v);
+    editor.wayBack->keep(std::move(snapshot), KeptBecause::TextureDropped);
 }
 
 }  // namespace
@@ -82,8 +124,11 @@ void takeHandOver(UVEditor& uv, Editor& editor, UVData data) {
                           "Changes then writes them again.)")) {
         return;
     }
+    keepTexture(uv, editor);
     uv.takenFrom = editor.store.revisions.mesh();
+    uv.same = data.u.size();
     getArray(uv, std::move(data));
+    setUndone(uv, editor, false);
     // Undo still holds older ones, however often they were handed over since.
     if (mayBeUndone) {
         uv.savedU = uv.data.u;
@@ -92,16 +137,19 @@ void takeHandOver(UVEditor& uv, Editor& editor, UVData data) {
 }
 
 void noteEdits(UVEditor& uv, const Editor& editor) {
-    if (!isSavedTo(uv, editor.store) || uv.unsaved) return;
     const std::vector<VertexRecord>& vertices = editor.store.Vertices;
+    uv.same = std::min(uv.same, vertices.size());
+    if (!isSavedTo(uv, editor.store)) {
+        setUndone(uv, editor, false);
+        return;
+    }
+    if (uv.unsaved) return;
     const std::size_t count = std::min(vertices.size(), uv.savedU.size());
     for (std::size_t i = 0; i < count && !uv.unsaved; ++i) {
         uv.unsaved = vertices[i].tu != uv.savedU[i] || vertices[i].tv != uv.savedV[i];
     }
     if (!uv.unsaved) return;
-    editor.window.showTip(
-        "Undo took back texture coordinates, too. Save Changes in the texture editor writes them "
-        "again.");
+    setUndone(uv, editor, true);
     uv.window.updateButtons();
 }
 
@@ -143,8 +191,8 @@ std::size_t saveUVChanges(Editor& editor, std::span<const double> tx, std::span<
 void saveChanges(UVEditor& uv, Editor& editor) {
     const std::size_t vertices = editor.store.Vertices.size();
     const std::size_t taken = uv.data.u.size();
-    const bool otherGeoset = !isTakenFrom(uv, editor.store);
-    if (otherGeoset && vertices == taken && !askWriteToOther(uv, editor.store)) return;
+    const bool others = isOfOthers(uv, editor.store);
+    if (others && !askWriteToOthers(uv, editor.store)) return;
     // First, for the main window looks for edits of what was saved.
     uv.savedU = uv.data.u;
     uv.savedV = uv.data.v;
@@ -153,18 +201,23 @@ void saveChanges(UVEditor& uv, Editor& editor) {
     uv.savedTo = editor.store.revisions.mesh();
     const std::size_t written = saveUVChanges(editor, uv.data.u, uv.data.v);
     uv.unsaved = false;
+    setUndone(uv, editor, false);
+    if (others) {
+        changeTexture(uv, [&](UVEditor& changed) { takeAsItIs(changed, editor.store); });
+        return;
+    }
     uv.window.updateButtons();
     if (vertices == taken) return;
-    uv.dialogs.messageBox(kWarningCaption,
-                          partlySavedMessage(otherGeoset, vertices, taken, written));
+    uv.dialogs.messageBox(kWarningCaption, partlySavedMessage(vertices, taken, written));
 }
 
 void remapSelection(UVEditor& uv, const Editor& editor, RemapPlane plane) {
-    if (!isTakenFrom(uv, editor.store)) {
+    if (isOfOthers(uv, editor.store)) {
         uv.dialogs.messageBox(kErrorCaption,
-                              "Another geoset was read since these texture coordinates were taken. "
-                              "Its vertices lie elsewhere, so nothing was changed. Choose UV "
-                              "Mapping in the main window to take its own coordinates.");
+                              "The vertices in memory are not those that these texture coordinates "
+                              "were taken from: a geoset was read since, or vertices were taken "
+                              "away and others added. Nothing was changed. Choose UV Mapping in "
+                              "the main window to take the coordinates of those in memory.");
         return;
     }
     const RemapAxes axes = axesOf(plane);

@@ -18,8 +18,8 @@ void openTextureEditor(Editor& editor);
 void takeHandOver(UVEditor& uv, Editor& editor, UVData data);
 
 /// After any edit of the geoset: where it no longer has the texture coordinates that Save Changes
-/// wrote, because Undo took them back, the texture editor's count as unsaved again, and a tip says
-/// so.
+/// wrote, because Undo took them back, the texture editor's count as unsaved again, and a notice in
+/// both windows says so until that is settled.
 void noteEdits(UVEditor& uv, const Editor& editor);
 
 /// Takes new data into the texture editor, in place of what it had, loads the background picture
@@ -30,9 +30,10 @@ void getArray(UVEditor& uv, UVData data);
 /// length only the common range is written. Returns the number of vertices written. No undo step.
 std::size_t saveUVChanges(Editor& editor, std::span<const double> tx, std::span<const double> ty);
 
-/// The command Save Changes of the texture editor: saveUVChanges(). Where the geoset has more or
-/// fewer vertices than when it was handed over a message says so; where another geoset was read
-/// since that has as many, the user is asked first.
+/// The command Save Changes of the texture editor: saveUVChanges(). Where the vertices in memory
+/// are not those handed over (a geoset was read since, or the list was cut and grew again) the user
+/// is asked first, and after a Yes both sides are one again. Where the geoset only has more or
+/// fewer vertices than when it was handed over a message says so.
 void saveChanges(UVEditor& uv, Editor& editor);
 
 /// The command Remap: gives the selected texture vertices the coordinates of a projection from

@@ -16,6 +16,9 @@ public:
     /// Brings buttons and title in line with the editor's state.
     virtual void updateButtons() = 0;
 
+    /// Shows a text (UTF-8) that stays until another one takes its place; empty for none.
+    virtual void showNotice(const std::string& text) = 0;
+
     /// Loads a picture for the background. Nothing where it was loaded; else the reason why not,
     /// and the picture that was there stays.
     virtual std::string loadPicture(const std::string& path) = 0;
