@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <exception>
+#include <new>
 #include <string>
 
 #include "app/frm_corvane.h"
@@ -19,6 +20,13 @@ public:
     bool notify(QObject* receiver, QEvent* event) override {
         try {
             return QApplication::notify(receiver, event);
+        } catch (const std::bad_alloc&) {
+            corvane::QtDialogs().messageBox(
+                corvane::kErrorCaption,
+                "There is not enough memory for that.\n\nThe last command was perhaps not carried "
+                "out, or not shown. Close other programs or windows, then save your work under "
+                "another name.");
+            return true;
         } catch (const std::exception& error) {
             corvane::QtDialogs().messageBox(
                 corvane::kErrorCaption,

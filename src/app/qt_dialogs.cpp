@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "app/save_name.h"
+
 namespace corvane {
 
 namespace {
@@ -69,13 +71,22 @@ std::optional<std::string> QtDialogs::openFile(const std::string& filter,
     return pick(dialog, filter, current);
 }
 
-std::optional<std::string> QtDialogs::saveFile(const std::string& filter,
-                                               const std::string& current) {
-    QFileDialog dialog(parentWindow(), QFileDialog::tr("Save As"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setDefaultSuffix(QStringLiteral("mdl"));
-    return pick(dialog, filter, current);
+std::optional<std::string> QtDialogs::saveFile(const SaveQuestion& question) {
+    const auto ask = [&](const std::string& proposed) {
+        // Without a default suffix: the dialog must ask about the very name that it gives back.
+        QFileDialog dialog(parentWindow(), QString::fromStdString(question.title));
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setFileMode(QFileDialog::AnyFile);
+        return pick(dialog, question.filter, proposed);
+    };
+    const auto mayReplace = [&](const std::string& path) {
+        const QString name = QFileInfo(QString::fromStdString(path)).fileName();
+        return yesNo(question.title.c_str(),
+                     QFileDialog::tr("%1 already exists.\nDo you want to replace it?")
+                         .arg(name)
+                         .toStdString());
+    };
+    return pickSaveName(question.proposed, ask, mayReplace);
 }
 
 std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const std::string& title,

@@ -11,8 +11,7 @@ class QtDialogs : public Dialogs {
 public:
     std::optional<std::string> openFile(const std::string& filter,
                                         const std::string& current) override;
-    std::optional<std::string> saveFile(const std::string& filter,
-                                        const std::string& current) override;
+    std::optional<std::string> saveFile(const SaveQuestion& question) override;
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultAnswer) override;
     void messageBox(const Caption& caption, const std::string& text) override;

@@ -28,6 +28,13 @@ inline constexpr Caption kConfirmationCaption("Confirmation");
 /// Filter of every dialog that opens or saves a model: a description, a bar, a pattern.
 inline constexpr const char* kModelFilter = "Warcraft III MDL|*.mdl";
 
+/// Asking for a file to save to.
+struct SaveQuestion {
+    std::string title;     ///< of the dialog
+    std::string filter;    ///< "description|pattern", once or more with bars between
+    std::string proposed;  ///< the path that the dialog starts with; may be empty
+};
+
 /// Modal dialogs. Texts and paths are UTF-8.
 class Dialogs {
 public:
@@ -39,9 +46,8 @@ public:
                                                 const std::string& current) = 0;
 
     /// Asks for a file to save to, and before an existing file is chosen whether to replace it.
-    /// Parameters and result as for openFile.
-    virtual std::optional<std::string> saveFile(const std::string& filter,
-                                                const std::string& current) = 0;
+    /// Nothing when the user cancels.
+    virtual std::optional<std::string> saveFile(const SaveQuestion& question) = 0;
 
     /// Asks for one line of text. Nothing when the user cancels.
     virtual std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,

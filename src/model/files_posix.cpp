@@ -21,9 +21,7 @@ constexpr mode_t kPermissionBits = 07777;
 
 std::error_code lastError() noexcept { return {errno, std::generic_category()}; }
 
-std::error_code errorUnless(bool done) noexcept {
-    return done ? std::error_code() : lastError();
-}
+std::error_code errorUnless(bool done) noexcept { return done ? std::error_code() : lastError(); }
 
 Kind kindOf(mode_t mode) noexcept {
     if (S_ISREG(mode)) return Kind::Regular;
@@ -63,8 +61,8 @@ std::optional<Status> statusOf(const std::string& path, std::error_code& error,
                                Links links) noexcept {
     error.clear();
     struct stat status {};
-    const int result = links == Links::Follow ? ::stat(path.c_str(), &status)
-                                              : ::lstat(path.c_str(), &status);
+    const int result =
+        links == Links::Follow ? ::stat(path.c_str(), &status) : ::lstat(path.c_str(), &status);
     if (result == 0) return statusFrom(status);
     if (errno != ENOENT && errno != ENOTDIR) error = lastError();
     return std::nullopt;

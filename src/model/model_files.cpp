@@ -18,9 +18,7 @@ constexpr const char* kSideEnding = ".tmp";
 constexpr const char* kFormerEnding = ".former";
 
 // Between paths of the library and UTF-8, whatever the system's own encoding is.
-fs::path pathOf(const std::string& text) {
-    return {std::u8string(text.begin(), text.end())};
-}
+fs::path pathOf(const std::string& text) { return {std::u8string(text.begin(), text.end())}; }
 
 std::string textOf(const fs::path& path) {
     const std::u8string text = path.u8string();

@@ -95,11 +95,11 @@ private:
     void writeInPlace();
     void discard();
 
-    std::string path_;     // as given, for messages
-    std::string target_;   // where it leads
-    std::string folder_;   // of the target
-    std::string side_;     // the file beside it; empty when there is none
-    std::string former_;   // the file with the former text; empty when there is none
+    std::string path_;    // as given, for messages
+    std::string target_;  // where it leads
+    std::string folder_;  // of the target
+    std::string side_;    // the file beside it; empty when there is none
+    std::string former_;  // the file with the former text; empty when there is none
     bool flushToDisk_;
     bool inPlace_ = false;
     FileStamp stamp_;

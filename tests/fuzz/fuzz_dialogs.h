@@ -25,10 +25,7 @@ public:
                                         const std::string& /*current*/) override {
         return path;
     }
-    std::optional<std::string> saveFile(const std::string& /*filter*/,
-                                        const std::string& /*current*/) override {
-        return path;
-    }
+    std::optional<std::string> saveFile(const SaveQuestion& /*question*/) override { return path; }
     /// The answer, "1" and Cancel in turn: whatever a loop waits for, one of them ends it.
     std::optional<std::string> inputBox(const std::string& /*prompt*/, const std::string& /*title*/,
                                         const std::string& /*defaultAnswer*/) override {

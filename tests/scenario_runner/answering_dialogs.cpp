@@ -46,10 +46,12 @@ AnsweringDialogs::Answer AnsweringDialogs::take(QJsonObject dialog, const QStrin
     return answer;
 }
 
-std::optional<std::string> AnsweringDialogs::pickFile(const char* mode, const std::string& filter) {
+std::optional<std::string> AnsweringDialogs::pickFile(const char* mode, const std::string& filter,
+                                                      const std::string& title) {
     QJsonObject event = dialogEvent("file");
     event["mode"] = mode;
     event["filter"] = qt(filter);
+    event["title"] = qt(title);
     const Answer answer = take(event, mode);
     if (answer.action == Action::Cancel) return std::nullopt;
     return answer.text.toStdString();
@@ -57,12 +59,11 @@ std::optional<std::string> AnsweringDialogs::pickFile(const char* mode, const st
 
 std::optional<std::string> AnsweringDialogs::openFile(const std::string& filter,
                                                       const std::string& /*current*/) {
-    return pickFile("open", filter);
+    return pickFile("open", filter, "Open");
 }
 
-std::optional<std::string> AnsweringDialogs::saveFile(const std::string& filter,
-                                                      const std::string& /*current*/) {
-    return pickFile("save", filter);
+std::optional<std::string> AnsweringDialogs::saveFile(const SaveQuestion& question) {
+    return pickFile("save", question.filter, question.title);
 }
 
 std::optional<std::string> AnsweringDialogs::inputBox(const std::string& prompt,

@@ -26,8 +26,7 @@ public:
 
     std::optional<std::string> openFile(const std::string& filter,
                                         const std::string& current) override;
-    std::optional<std::string> saveFile(const std::string& filter,
-                                        const std::string& current) override;
+    std::optional<std::string> saveFile(const SaveQuestion& question) override;
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultAnswer) override;
     void messageBox(const Caption& caption, const std::string& text) override;
@@ -45,7 +44,8 @@ private:
     /// Prints the dialog with the next answer, or without one where that does not fit, and then
     /// stops.
     Answer take(QJsonObject dialog, const QString& question, const QStringList& allowed = {});
-    std::optional<std::string> pickFile(const char* mode, const std::string& filter);
+    std::optional<std::string> pickFile(const char* mode, const std::string& filter,
+                                        const std::string& title);
     QString pressed(const Caption& caption, const std::string& text, const char* buttons,
                     const QStringList& allowed);
 

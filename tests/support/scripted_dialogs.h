@@ -36,9 +36,8 @@ public:
         asked.push_back({"open", "", filter, current});
         return take(files);
     }
-    std::optional<std::string> saveFile(const std::string& filter,
-                                        const std::string& current) override {
-        asked.push_back({"save", "", filter, current});
+    std::optional<std::string> saveFile(const SaveQuestion& question) override {
+        asked.push_back({"save", question.title, question.filter, question.proposed});
         return take(files);
     }
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,

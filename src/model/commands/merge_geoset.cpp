@@ -1,5 +1,7 @@
 #include "model/commands/merge_geoset.h"
 
+#include <new>
+
 #include "edit/limits.h"
 #include "editor/run_edit.h"
 #include "model/commands/open_model.h"
@@ -10,7 +12,7 @@ namespace {
 
 constexpr Step kMerge = "Merge";
 
-// Appends a geoset, selected, to another one.
+// Appends a geoset, selected, to another one, which has room for it.
 void append(Geoset& geoset, const Geoset& merged) {
     const std::size_t oldVertices = geoset.Vertices.size();
     for (VertexRecord& vertex : geoset.Vertices) vertex.selected = false;
@@ -19,7 +21,6 @@ void append(Geoset& geoset, const Geoset& merged) {
         geoset.Vertices[i].selected = true;
         geoset.Vertices[i].fileRow = kNoRow;  // its row is in another file
     }
-    geoset.Faces.reserve(geoset.Faces.size() + merged.Faces.size());
     for (FaceRecord face : merged.Faces) {
         for (std::int16_t& corner : face.corner) {
             corner = static_cast<std::int16_t>(corner + static_cast<std::int16_t>(oldVertices));
@@ -28,9 +29,7 @@ void append(Geoset& geoset, const Geoset& merged) {
     }
 }
 
-}  // namespace
-
-void mergeGeoset(Editor& editor) {
+void askAndMerge(Editor& editor) {
     const OpenOutcome outcome = openModel(editor, false);
     if (outcome.cancelled) pushUndo(editor, kMerge);  // the step is there, and changes nothing
     if (!outcome.picked) return;
@@ -47,7 +46,27 @@ void mergeGeoset(Editor& editor) {
                                   limitMessage("The merged geoset", editor.store, growth));
         return;
     }
+    // So that memory cannot run out half-way.
+    editor.store.Vertices.reserve(editor.store.Vertices.size() + growth.vertices);
+    editor.store.Faces.reserve(editor.store.Faces.size() + growth.faces);
     runEdit(editor, kMerge, [&](Geoset& geoset) { append(geoset, merged); });
+}
+
+}  // namespace
+
+void mergeGeoset(Editor& editor) {
+    const std::uint64_t before = editor.store.revisions.current();
+    try {
+        askAndMerge(editor);
+    } catch (const std::bad_alloc&) {
+        const bool isMerged = editor.store.revisions.current() != before;
+        editor.dialogs.messageBox(
+            kErrorCaption, isMerged
+                               ? "The geoset was merged, but there is not enough memory to "
+                                 "show all of it. Close other programs or windows."
+                               : "There is not enough memory to merge that geoset. Nothing was "
+                                 "merged. Close other programs or windows and try again.");
+    }
 }
 
 }  // namespace corvane

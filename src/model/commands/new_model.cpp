@@ -56,7 +56,10 @@ std::string_view templateModel() {
 
 void newModel(Editor& editor) {
     GeosetStore& store = editor.store;
-    const std::optional<std::string> path = askSavePath(editor);
+    const std::string folder =
+        store.modelPath.empty() ? files::homeFolder() : folderOf(store.modelPath);
+    const std::optional<std::string> path =
+        askSavePath(editor, "New Model", freePath(folder, "untitled", ".mdl"));
     if (!path) return;
     const std::array<std::string_view, 1> pieces = {templateModel()};
     try {

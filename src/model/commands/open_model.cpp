@@ -1,6 +1,7 @@
 #include "model/commands/open_model.h"
 
 #include <memory>
+#include <new>
 
 #include "base/numbers.h"
 #include "base/version.h"
@@ -65,8 +66,11 @@ std::optional<ReadModel> readModel(Editor& editor, const std::string& path) {
         ReadModel read;
         read.base = std::make_shared<const ModelBase>(readModelFile(path, &read.stamp));
         return read;
-    } catch (const FileError&) {
-        editor.dialogs.messageBox(kErrorCaption, "Bad file name");
+    } catch (const FileError& error) {
+        const bool isMissing = error.code() == std::errc::no_such_file_or_directory;
+        editor.dialogs.messageBox(
+            kErrorCaption,
+            isMissing ? "Bad file name" : std::string("Bad file name\n") + error.what());
         return std::nullopt;
     }
 }
@@ -102,13 +106,35 @@ OpenOutcome openForMerge(Editor& editor, const std::string& path) {
                                  "another geoset or model.")};
 }
 
+// Says that memory has run out. A geoset is read as a whole or not at all.
+void sayOutOfMemory(Editor& editor, bool isRead) {
+    editor.dialogs.messageBox(
+        kErrorCaption, isRead ? "The geoset was read, but there is not enough memory to show all "
+                                "of it.\n\nClose other programs or windows, then go on."
+                              : "There is not enough memory to read that model.\n\nNothing was "
+                                "changed: what was open before is still here. Close other programs "
+                                "or windows and try again.");
+}
+
+// Runs what may read a geoset into the store, and says so where memory runs out meanwhile.
+template <class Read>
+void sayingOutOfMemory(Editor& editor, Read read) {
+    const std::uint64_t meshBefore = editor.store.revisions.mesh();
+    try {
+        read();
+    } catch (const std::bad_alloc&) {
+        sayOutOfMemory(editor, editor.store.revisions.mesh() != meshBefore);
+    }
+}
+
 // The mouse release that ends the file dialog's double click may reach a view: it must not select
 // anything. So box selection is off until a timer fires.
 template <class Ask>
 OpenOutcome withoutSelecting(Editor& editor, Ask ask) {
     editor.modes.selectEnabled = false;
     editor.modes.editButtonsEnabled = true;
-    OpenOutcome outcome = ask();
+    OpenOutcome outcome;
+    sayingOutOfMemory(editor, [&] { outcome = ask(); });
     editor.modes.selectEnabled = false;  // a timer from before may have fired under the dialog
     show(editor, Show::Buttons);
     editor.window.startSelectTimer();
@@ -117,11 +143,16 @@ OpenOutcome withoutSelecting(Editor& editor, Ask ask) {
 
 void showOpened(Editor& editor, const OpenOutcome& outcome) {
     if (!outcome.picked) return;
-    if (outcome.picked->geosetCount == 0) {
-        editor.window.showTip(editor.store.modelPath + " holds no geoset (no line \"Geoset {\").");
+    try {
+        if (outcome.picked->geosetCount == 0) {
+            editor.window.showTip(editor.store.modelPath +
+                                  " holds no geoset (no line \"Geoset {\").");
+        }
+        show(editor, Show::Views);
+        drawPerspective(editor);
+    } catch (const std::bad_alloc&) {
+        sayOutOfMemory(editor, true);
     }
-    show(editor, Show::Views);
-    drawPerspective(editor);
 }
 
 }  // namespace
@@ -220,13 +251,15 @@ void switchGeoset(Editor& editor) {
 }
 
 void chooseAndRead(Editor& editor) {
-    std::optional<PickedGeoset> picked =
-        pickGeoset(editor, editor.store.base(),
-                   "The geoset in memory stays as it is. Mend the line in a text editor, or choose "
-                   "another geoset.");
-    if (!picked) return;
-    takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
-    show(editor, Show::Views);
+    sayingOutOfMemory(editor, [&] {
+        std::optional<PickedGeoset> picked =
+            pickGeoset(editor, editor.store.base(),
+                       "The geoset in memory stays as it is. Mend the line in a text editor, or "
+                       "choose another geoset.");
+        if (!picked) return;
+        takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
+        show(editor, Show::Views);
+    });
 }
 
 void takeIntoStore(Editor& editor, Geoset geoset, int geosetNumber) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 #include "editor/run_edit.h"
 #include "model/commands/open_model.h"
@@ -15,11 +16,49 @@ namespace corvane {
 namespace {
 
 constexpr const char* kRepeatAdvice =
-    "The file is as it was, and your edits are still here: mend the cause and save again, or save "
-    "to another place with Save As.";
+    "your edits are still here: mend the cause and save again, or save to another place with Save "
+    "As.";
 
-void showSaveError(Editor& editor, const std::string& what, const char* advice = kRepeatAdvice) {
+// What holds after a save that came to nothing, and what to do.
+std::string afterFailure(const GeosetStore& store) {
+    const bool isThere = stampOf(store.savePath).has_value();
+    return std::string(isThere ? "The file is as it was, and " : "No file was written, and ") +
+           kRepeatAdvice;
+}
+
+void showSaveError(Editor& editor, const std::string& what, const std::string& advice) {
     editor.dialogs.messageBox(kErrorCaption, "The model was not saved.\n" + what + "\n\n" + advice);
+}
+
+void showSaveError(Editor& editor, const std::string& what) {
+    showSaveError(editor, what, afterFailure(editor.store));
+}
+
+void showSaveError(Editor& editor, const FileError& error) {
+    const bool isDamaged = dynamic_cast<const FileDamagedError*>(&error) != nullptr;
+    showSaveError(editor, error.what(),
+                  isDamaged ? std::string("But ") + kRepeatAdvice : afterFailure(editor.store));
+}
+
+// Runs a command that saves, and says so where memory runs out meanwhile. A save is done as a whole
+// or not at all.
+template <class Command>
+void sayingOutOfMemory(Editor& editor, Command command) {
+    const std::uint64_t writesBefore = editor.store.writes();
+    try {
+        command();
+        return;
+    } catch (const std::bad_alloc&) {
+        if (editor.store.writes() == writesBefore) {
+            showSaveError(editor, "There is not enough memory.");
+        } else {
+            editor.dialogs.messageBox(
+                kWarningCaption,
+                "The model was saved, but then memory ran out.\n\nNothing is lost. Close other "
+                "programs or windows, then save again.");
+        }
+    }
+    show(editor, Show::Buttons);
 }
 
 // Makes the working copy hold what was saved. Where that fails the save stands, and so does the
@@ -41,7 +80,7 @@ bool writeText(Editor& editor, const PiecedText& text) {
     try {
         editor.store.write(text);
     } catch (const FileError& error) {
-        showSaveError(editor, error.what());
+        showSaveError(editor, error);
         return false;
     }
     return true;
@@ -88,7 +127,7 @@ bool writeAsItIs(Editor& editor) {
     try {
         editor.store.writeAsItIs();
     } catch (const FileError& error) {
-        showSaveError(editor, error.what());
+        showSaveError(editor, error);
         return false;
     }
     renewWorkingCopy(editor);
@@ -211,24 +250,23 @@ void writeModel(Editor& editor, bool singleGeoset) {
 }
 
 // Asks for the file that then is the current model, and writes to it.
-void askAndWrite(Editor& editor, bool singleGeoset) {
+void askAndWrite(Editor& editor, bool singleGeoset, const std::string& title,
+                 const std::string& proposed) {
     GeosetStore& store = editor.store;
-    if (!store.modelLoaded) return;
-    const std::optional<std::string> path = askSavePath(editor);
+    const std::optional<std::string> path = askSavePath(editor, title, proposed);
     if (!path) return;
     store.modelPath = store.savePath = *path;
     writeModel(editor, singleGeoset);
 }
 
-}  // namespace
-
-std::optional<std::string> askSavePath(Editor& editor) {
-    std::optional<std::string> path = editor.dialogs.saveFile(kModelFilter, editor.store.modelPath);
-    if (path && clashesWithWorkingCopy(editor, *path)) return std::nullopt;
-    return path;
+// A name of no file, beside the model.
+std::string proposedPartPath(const GeosetStore& store) {
+    const std::string stem =
+        stemOf(store.modelPath) + "-geoset" + std::to_string(store.geosetNumber);
+    return freePath(folderOf(store.modelPath), stem, ".mdl");
 }
 
-void save(Editor& editor) {
+void askAndSave(Editor& editor) {
     GeosetStore& store = editor.store;
     if (!store.modelLoaded) return;
     store.savePath = store.modelPath;
@@ -243,9 +281,30 @@ void save(Editor& editor) {
     writeModel(editor, false);
 }
 
-void saveAs(Editor& editor) { askAndWrite(editor, false); }
+}  // namespace
 
-void saveGeoset(Editor& editor) { askAndWrite(editor, true); }
+std::optional<std::string> askSavePath(Editor& editor, const std::string& title,
+                                       const std::string& proposed) {
+    std::optional<std::string> path = editor.dialogs.saveFile({title, kModelFilter, proposed});
+    if (path && clashesWithWorkingCopy(editor, *path)) return std::nullopt;
+    return path;
+}
+
+void save(Editor& editor) {
+    sayingOutOfMemory(editor, [&] { askAndSave(editor); });
+}
+
+void saveAs(Editor& editor) {
+    if (!editor.store.modelLoaded) return;
+    sayingOutOfMemory(editor,
+                      [&] { askAndWrite(editor, false, "Save As", editor.store.modelPath); });
+}
+
+void saveGeoset(Editor& editor) {
+    if (!editor.store.modelLoaded) return;
+    sayingOutOfMemory(
+        editor, [&] { askAndWrite(editor, true, "Save Geoset", proposedPartPath(editor.store)); });
+}
 
 void deleteCurrentGeoset(Editor& editor) {
     GeosetStore& store = editor.store;
@@ -273,6 +332,11 @@ void deleteCurrentGeoset(Editor& editor) {
     } catch (const FileError& error) {
         editor.dialogs.messageBox(kErrorCaption,
                                   "The geoset was not removed.\n" + std::string(error.what()));
+        return;
+    } catch (const std::bad_alloc&) {
+        editor.dialogs.messageBox(kErrorCaption,
+                                  "The geoset was not removed.\nThere is not enough memory. Close "
+                                  "other programs or windows and try again.");
         return;
     }
     show(editor, Show::Buttons);

@@ -8,9 +8,10 @@
 
 namespace corvane {
 
-/// Asks for a file to write a model to. Nothing where the user cancels, or after a message where
-/// the file is the working copy.
-std::optional<std::string> askSavePath(Editor& editor);
+/// Asks for a file to write a model to, in a dialog with a title, which starts with a path. Nothing
+/// where the user cancels, or after a message where the file is the working copy.
+std::optional<std::string> askSavePath(Editor& editor, const std::string& title,
+                                       const std::string& proposed);
 
 /// The commands Save, Save As and Save Geoset. Save writes the model with the geoset in memory;
 /// Save As asks for the file first, which then is the current model; Save Geoset writes that geoset
