@@ -3,7 +3,7 @@
 
 #include <cstddef>
 #include <functional>
-#include <string>
+#include <string_view>
 
 namespace corvane::faults {
 
@@ -25,7 +25,7 @@ enum class Call { Writev, Fsync, Ftruncate, Fchmod, Stat };
 /// What a call that fails is about: a mode, for Fchmod; a path, for Stat.
 struct Asked {
     unsigned mode = 0;
-    std::string path;
+    std::string_view path;
 };
 
 /// While it lives, calls fail with an error number: all for which `which` says so, from the first
