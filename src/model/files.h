@@ -13,6 +13,7 @@
 #include <string_view>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "model/file_stamp.h"
 
@@ -48,6 +49,10 @@ std::error_code remove(const std::string& path) noexcept;
 /// Waits until the disk holds the names in a folder; empty for the current one. Best effort: not
 /// every system lets a folder be flushed.
 void flushFolder(const std::string& folder) noexcept;
+
+/// The names in a folder (empty for the current one) that begin with a text; none where it cannot
+/// be read. Throws std::bad_alloc.
+std::vector<std::string> namesIn(const std::string& folder, std::string_view beginning);
 
 /// Whether the file belongs to the user who runs the program.
 bool isOwnedByUser(const Status& status) noexcept;

@@ -1,3 +1,4 @@
+#include <dirent.h>
 #include <fcntl.h>
 #include <pwd.h>
 #include <sys/mman.h>
@@ -86,6 +87,19 @@ void flushFolder(const std::string& folder) noexcept {
     if (fd < 0) return;
     ::fsync(fd);
     ::close(fd);
+}
+
+std::vector<std::string> namesIn(const std::string& folder, std::string_view beginning) {
+    const auto close = [](DIR* open) { ::closedir(open); };
+    const std::unique_ptr<DIR, decltype(close)> open(
+        ::opendir(folder.empty() ? "." : folder.c_str()), close);
+    std::vector<std::string> names;
+    if (open == nullptr) return names;
+    while (const struct dirent* const entry = ::readdir(open.get())) {
+        const std::string_view name(entry->d_name);
+        if (name.starts_with(beginning)) names.emplace_back(name);
+    }
+    return names;
 }
 
 bool isOwnedByUser(const Status& status) noexcept { return status.owner == ::geteuid(); }

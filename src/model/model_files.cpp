@@ -89,13 +89,13 @@ bool isOld(const FileStamp& stamp) {
     return std::chrono::nanoseconds(stamp.modified) < now - kLongEnough;
 }
 
-void deleteLeftoversIn(const fs::path& folder) {
-    std::error_code error;
-    fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error);
-    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-        const long process = processIn(textOf(entry->path().filename()));
+// The names are the system's own, not the standard library's: its folders end the program where
+// memory runs out.
+void deleteLeftoversIn(const std::string& folder) {
+    for (const std::string& name : files::namesIn(folder, kSidePrefix)) {
+        const long process = processIn(name);
         if (process <= 0 || !files::isProcessGone(process)) continue;
-        const std::string path = textOf(entry->path());
+        const std::string path = textOf(pathOf(folder) / pathOf(name));
         std::error_code ignored;
         const auto status = files::statusOf(path, ignored, files::Links::Stay);
         if (!status || status->kind != files::Kind::Regular) continue;
@@ -280,13 +280,10 @@ std::optional<FileStamp> stampOf(const std::string& path) {
 void deleteFile(const std::string& path) { files::remove(path); }
 
 void deleteLeftovers(const std::string& modelPath) {
-    const fs::path given = pathOf(modelPath).parent_path();
-    deleteLeftoversIn(given);
-    std::error_code error;
-    const fs::path real = fs::canonical(pathOf(modelPath), error).parent_path();
-    if (!error && !fs::equivalent(given.empty() ? fs::path(".") : given, real, error)) {
-        deleteLeftoversIn(real);
-    }
+    const std::string folder = folderOf(modelPath);
+    deleteLeftoversIn(folder);
+    const std::string targetFolder = folderOf(resolvedTarget(modelPath));
+    if (targetFolder != folder) deleteLeftoversIn(targetFolder);
 }
 
 bool isSameFile(const std::string& a, const std::string& b) {

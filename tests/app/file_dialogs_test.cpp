@@ -154,6 +154,7 @@ TEST_F(FileDialogsTest, TheOpenDialogReturnsTheFileThatIsChosen) {
 TEST_F(FileDialogsTest, TheSaveDialogStartsWithTheCurrentModel) {
     const std::string path = folder.write("hero.mdl", "");
     answers.add<QFileDialog>([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Save Geoset");
         EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
         EXPECT_EQ(dialog.directory(), QDir(qt(folder.path(""))));
         EXPECT_EQ(nameField(dialog).text(), "hero.mdl");
@@ -193,6 +194,21 @@ TEST_F(FileDialogsTest, TheSaveDialogAsksToReplaceAFileThatGetsItsNameByTheExten
     saveAs("old");
     answerReplace("old.mdl", QMessageBox::Yes);
     EXPECT_EQ(save(folder.path("hero.mdl")), path);
+}
+
+// The dialog knows nothing of the extension, which comes after it.
+TEST_F(FileDialogsTest, NotReplacingAFileThatGetsItsNameByTheExtensionShowsTheSaveDialogAgain) {
+    folder.write("hero.mdl", "");
+    folder.write("treasure.mdl", "");
+    saveAs("treasure");
+    answerReplace("treasure.mdl", QMessageBox::No);
+    answers.add<QFileDialog>([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Save Geoset");
+        EXPECT_EQ(nameField(dialog).text(), "treasure.mdl");
+        typeName(dialog, "other");
+        clickIn(dialog, QDialogButtonBox::Save);
+    });
+    EXPECT_EQ(save(folder.path("hero.mdl")), folder.path("other.mdl"));
 }
 
 TEST_F(FileDialogsTest, NotReplacingAFileGoesBackToTheSaveDialog) {

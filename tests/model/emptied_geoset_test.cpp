@@ -168,7 +168,7 @@ TEST_F(EmptiedGeosetTest, ATargetThatCannotBeWrittenLeavesEverything) {
     EXPECT_EQ(dialogs.asked[1].text, "Removing geoset");
     expectLast("message", "Error",
                "The model was not saved.\n" + target +
-                   ": No such file or directory\n\nThe file is as it was, and your edits are still "
+                   ": No such file or directory\n\nNo file was written, and your edits are still "
                    "here: mend the cause and save again, or save to another place with Save As.");
     EXPECT_EQ(store().modelPath, target);
     store().modelPath = before.modelPath;

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "edit/undo_history.h"
 #include "model_flow.h"
@@ -103,8 +104,25 @@ TEST_F(NewModelTest, TheTemplateIsWrittenToTheChosenFile) {
     EXPECT_EQ(store().modelPath, path);
     EXPECT_EQ(askedKinds(), "save");
     EXPECT_EQ(dialogs.last().text, "Warcraft III MDL|*.mdl");
-    EXPECT_TRUE(dialogs.last().defaultText.ends_with("/untitled.mdl"));
     EXPECT_GT(window.buttonUpdates, 0);
+}
+
+TEST_F(NewModelTest, ANameIsProposedThatNoFileHas) {
+    folder.write("untitled.mdl", "a model");
+    ASSERT_EQ(::symlink("nowhere", folder.path("untitled-2.mdl").c_str()), 0);
+    openNew("hero.mdl", modelOf({.geosets = {squareAt("1")}}));
+    makeNew(std::nullopt);
+    EXPECT_EQ(dialogs.last().defaultText, folder.path("untitled-3.mdl"));
+}
+
+TEST_F(NewModelTest, WithoutAModelTheNameIsProposedInTheHomeFolder) {
+    const char* const home = std::getenv("HOME");
+    const std::string before = home == nullptr ? "" : home;
+    ASSERT_EQ(::setenv("HOME", folder.path("").c_str(), 1), 0);
+    makeNew(std::nullopt);
+    ASSERT_EQ(::setenv("HOME", before.c_str(), 1), 0);
+    EXPECT_EQ(dialogs.last().title, "New Model");
+    EXPECT_EQ(dialogs.last().defaultText, folder.path("untitled.mdl"));
 }
 
 TEST_F(NewModelTest, AFileThatIsThereIsReplaced) {

@@ -1,7 +1,10 @@
 // Models that cannot be opened: a message that says why, and everything stays as it was.
+#include <sys/stat.h>
+
 #include <filesystem>
 
 #include "edit/undo_history.h"
+#include "model/commands/merge_geoset.h"
 #include "model/commands/open_model.h"
 #include "model_flow.h"
 #include "test_commands.h"
@@ -68,13 +71,32 @@ TEST_F(OpenFailuresTest, AFileThatIsNotThereIsABadFileName) {
     });
 }
 
-TEST_F(OpenFailuresTest, AFolderIsABadFileName) {
-    std::filesystem::create_directory(folder.path("folder.mdl"));
+TEST_F(OpenFailuresTest, AFolderIsABadFileNameWithTheReason) {
+    const std::string path = folder.path("folder.mdl");
+    std::filesystem::create_directory(path);
     expectNothingChanges([&] {
-        open(folder.path("folder.mdl"));
+        open(path);
         ASSERT_EQ(askedKinds(), "open message");
-        expectLast("message", "Error", "Bad file name");
+        expectLast("message", "Error", "Bad file name\n" + path + ": Is a directory");
     });
+}
+
+TEST_F(OpenFailuresTest, WhatElseIsWrongWithAFileIsToldBelow) {
+    const std::string large = folder.write("large.mdl", "");
+    std::filesystem::resize_file(large, (std::uintmax_t{1} << 30U) + 1);
+    const std::string pipe = folder.path("pipe.mdl");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const std::string below = large + "/below.mdl";
+    open(large);
+    expectLast("message", "Error", "Bad file name\n" + large + ": larger than 1024 MiB");
+    open(pipe);
+    expectLast("message", "Error", "Bad file name\n" + pipe + ": not a regular file");
+    open(below);
+    expectLast("message", "Error", "Bad file name\n" + below + ": Not a directory");
+    openNew("good.mdl", modelOf(threeGeosets()), "2");
+    dialogs.files.emplace_back(pipe);
+    mergeGeoset(editor);
+    expectLast("message", "Error", "Bad file name\n" + pipe + ": not a regular file");
 }
 
 TEST_F(OpenFailuresTest, AfterABadFileNameTheDialogStartsFromTheModelThatIsOpen) {

@@ -126,7 +126,7 @@ TEST_F(RemovedGeosetTest, NoWithATargetThatCannotBeWrittenLeavesEverything) {
     ASSERT_EQ(askedKinds(), "save yesno message");
     expectLast("message", "Error",
                "The model was not saved.\n" + target +
-                   ": No such file or directory\n\nThe file is as it was, and your edits are still "
+                   ": No such file or directory\n\nNo file was written, and your edits are still "
                    "here: mend the cause and save again, or save to another place with Save As.");
     store().modelPath = before.modelPath;
     expectUnchanged(before);

@@ -154,6 +154,7 @@ TEST_F(SaveModelTest, SaveAsMakesTheNewFileTheModelAndMovesTheWorkingCopy) {
     const std::string path = folder.path("new.mdl");
     saveAs(path);
     ASSERT_EQ(askedKinds(), "save");
+    EXPECT_EQ(dialogs.last().title, "Save As");
     EXPECT_EQ(dialogs.last().text, "Warcraft III MDL|*.mdl");
     EXPECT_EQ(dialogs.last().defaultText, old);
     EXPECT_EQ(readFile(path), modelOf(threeWithAMovedVertex()));

@@ -136,8 +136,10 @@ menu mnuOpen
 dump
 )");
     const std::string message = "message|Error|Bad file name|ok";
-    EXPECT_EQ(played.dialogs(), (Lines{kOpenDialog + hero, kOpenDialog + folder.path("missing.mdl"),
-                                       message, kOpenDialog + dir(), message}));
+    EXPECT_EQ(played.dialogs(),
+              (Lines{kOpenDialog + hero, kOpenDialog + folder.path("missing.mdl"), message,
+                     kOpenDialog + dir(),
+                     "message|Error|Bad file name\n" + dir() + ": Is a directory|ok"}));
     EXPECT_EQ(played.dump()["modelPath"].toString().toStdString(), hero);
     EXPECT_EQ(readFile(folder.path("hero_TMP.tdl")), squareModel());
 }

@@ -193,7 +193,7 @@ menu mnuSaveAs
 )");
     EXPECT_EQ(played.dialogs()[2],
               "message|Error|The model was not saved.\n" + folder.path("missing/other.mdl") +
-                  ": No such file or directory\n\nThe file is as it was, and your edits are still "
+                  ": No such file or directory\n\nNo file was written, and your edits are still "
                   "here: mend the cause and save again, or save to another place with Save As.|ok");
     EXPECT_NE(played.dialogs()[4].find("Is a directory"), std::string::npos);
     EXPECT_EQ(played.dump(0)["vertices"], played.dump(1)["vertices"]);

@@ -106,9 +106,8 @@ OpenOutcome openForMerge(Editor& editor, const std::string& path) {
     return {.picked = pickGeoset(editor, *model->base, {"Nothing was merged.", kGeosetOrModel})};
 }
 
-// Says that memory has run out. A model is open as a whole or not at all; `meshBefore` tells which.
-void sayOutOfMemory(Editor& editor, std::uint64_t meshBefore) {
-    const bool isRead = editor.store.revisions.mesh() != meshBefore;
+// Says that memory has run out. A geoset is read as a whole or not at all.
+void sayOutOfMemory(Editor& editor, bool isRead) {
     editor.dialogs.messageBox(
         kErrorCaption, isRead ? "The geoset was read, but there is not enough memory to show all "
                                 "of it.\n\nClose other programs or windows, then go on."
@@ -117,19 +116,25 @@ void sayOutOfMemory(Editor& editor, std::uint64_t meshBefore) {
                                 "or windows and try again.");
 }
 
+// Runs what may read a geoset into the store, and says so where memory runs out meanwhile.
+template <class Read>
+void sayingOutOfMemory(Editor& editor, Read read) {
+    const std::uint64_t meshBefore = editor.store.revisions.mesh();
+    try {
+        read();
+    } catch (const std::bad_alloc&) {
+        sayOutOfMemory(editor, editor.store.revisions.mesh() != meshBefore);
+    }
+}
+
 // The mouse release that ends the file dialog's double click may reach a view: it must not select
 // anything. So box selection is off until a timer fires.
 template <class Ask>
 OpenOutcome withoutSelecting(Editor& editor, Ask ask) {
     editor.modes.selectEnabled = false;
     editor.modes.editButtonsEnabled = true;
-    const std::uint64_t meshBefore = editor.store.revisions.mesh();
     OpenOutcome outcome;
-    try {
-        outcome = ask();
-    } catch (const std::bad_alloc&) {
-        sayOutOfMemory(editor, meshBefore);
-    }
+    sayingOutOfMemory(editor, [&] { outcome = ask(); });
     editor.modes.selectEnabled = false;  // a timer from before may have fired under the dialog
     show(editor, Show::Buttons);
     editor.window.startSelectTimer();
@@ -138,14 +143,18 @@ OpenOutcome withoutSelecting(Editor& editor, Ask ask) {
 
 void showOpened(Editor& editor, const OpenOutcome& outcome) {
     if (!outcome.picked) return;
-    if (outcome.picked->geosetCount == 0) {
-        editor.dialogs.messageBox(kWarningCaption,
-                                  editor.store.modelPath +
-                                      " holds no geoset (no line \"Geoset {\"). There is nothing "
-                                      "to edit in it; open another model.");
+    try {
+        if (outcome.picked->geosetCount == 0) {
+            editor.dialogs.messageBox(
+                kWarningCaption, editor.store.modelPath +
+                                     " holds no geoset (no line \"Geoset {\"). There is nothing "
+                                     "to edit in it; open another model.");
+        }
+        show(editor, Show::Views);
+        drawPerspective(editor);
+    } catch (const std::bad_alloc&) {
+        sayOutOfMemory(editor, true);
     }
-    show(editor, Show::Views);
-    drawPerspective(editor);
 }
 
 }  // namespace
@@ -248,8 +257,7 @@ void switchGeoset(Editor& editor) {
 }
 
 void chooseAndRead(Editor& editor, bool keepDropped) {
-    const std::uint64_t meshBefore = editor.store.revisions.mesh();
-    try {
+    sayingOutOfMemory(editor, [&] {
         std::optional<PickedGeoset> picked =
             pickGeoset(editor, editor.store.base(),
                        {"The geoset in memory stays as it is.", "another geoset"});
@@ -257,9 +265,7 @@ void chooseAndRead(Editor& editor, bool keepDropped) {
         if (keepDropped) keepUnsaved(editor, KeptBecause::Switched);
         takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
         show(editor, Show::Views);
-    } catch (const std::bad_alloc&) {
-        sayOutOfMemory(editor, meshBefore);
-    }
+    });
 }
 
 void takeIntoStore(Editor& editor, Geoset geoset, int geosetNumber) {

@@ -43,14 +43,25 @@ void showSaveError(Editor& editor, const FileError& error) {
                   isDamaged ? std::string("But ") + kRepeatAdvice : afterFailure(editor.store));
 }
 
-void sayOutOfMemory(Editor& editor, bool isWritten) {
-    if (!isWritten) {
-        showSaveError(editor, "There is not enough memory.");
+// Runs a command that saves, and says so where memory runs out meanwhile. A save is done as a whole
+// or not at all.
+template <class Command>
+void sayingOutOfMemory(Editor& editor, Command command) {
+    const std::uint64_t writesBefore = editor.store.writes();
+    try {
+        command();
         return;
+    } catch (const std::bad_alloc&) {
+        if (editor.store.writes() == writesBefore) {
+            showSaveError(editor, "There is not enough memory.");
+        } else {
+            editor.dialogs.messageBox(
+                kWarningCaption,
+                "The model was saved, but then memory ran out.\n\nNothing is lost. Close other "
+                "programs or windows, then save again.");
+        }
     }
-    editor.dialogs.messageBox(kWarningCaption,
-                              "The model was saved, but then memory ran out.\n\nNothing is lost. "
-                              "Close other programs or windows, then save again.");
+    show(editor, Show::Buttons);
 }
 
 // Makes the working copy hold what was saved. Where that fails the save stands, and so does the
@@ -327,25 +338,25 @@ bool mayRemoveEmptied(Editor& editor, bool singleGeoset) {
                                     "Remove it?");
 }
 
-// Makes the file that was asked for the current model, and writes to it.
-void writeTo(Editor& editor, const std::optional<std::string>& path, bool singleGeoset) {
+// Asks for the file that then is the current model, and writes to it.
+void askAndWrite(Editor& editor, bool singleGeoset, const std::string& title,
+                 const std::string& proposed) {
     GeosetStore& store = editor.store;
+    const std::optional<std::string> path = askSavePath(editor, title, proposed);
     if (!path || !mayRemoveEmptied(editor, singleGeoset)) return;
     store.setTarget(*path, ModelDocument::Target::Chosen);
     store.savePath = *path;
     writeModel(editor, singleGeoset);
 }
 
-}  // namespace
-
-std::optional<std::string> askSavePath(Editor& editor, const std::string& title,
-                                       const std::string& proposed) {
-    std::optional<std::string> path = editor.dialogs.saveFile({title, kModelFilter, proposed});
-    if (path && clashesWithWorkingCopy(editor, *path)) return std::nullopt;
-    return path;
+// A name of no file, beside the model.
+std::string proposedPartPath(const GeosetStore& store) {
+    const std::string stem =
+        stemOf(store.modelPath) + "-geoset" + std::to_string(store.geosetNumber);
+    return freePath(folderOf(store.modelPath), stem, ".mdl");
 }
 
-void save(Editor& editor) {
+void askAndSave(Editor& editor) {
     GeosetStore& store = editor.store;
     if (!store.modelLoaded) return;
     if (store.isTargetNew() &&
@@ -368,18 +379,29 @@ void save(Editor& editor) {
     if (mayRemoveEmptied(editor, false)) writeModel(editor, false);
 }
 
+}  // namespace
+
+std::optional<std::string> askSavePath(Editor& editor, const std::string& title,
+                                       const std::string& proposed) {
+    std::optional<std::string> path = editor.dialogs.saveFile({title, kModelFilter, proposed});
+    if (path && clashesWithWorkingCopy(editor, *path)) return std::nullopt;
+    return path;
+}
+
+void save(Editor& editor) {
+    sayingOutOfMemory(editor, [&] { askAndSave(editor); });
+}
+
 void saveAs(Editor& editor) {
     if (!editor.store.modelLoaded) return;
-    writeTo(editor, askSavePath(editor, "Save As", editor.store.modelPath), false);
+    sayingOutOfMemory(editor,
+                      [&] { askAndWrite(editor, false, "Save As", editor.store.modelPath); });
 }
 
 void saveGeoset(Editor& editor) {
-    const GeosetStore& store = editor.store;
-    if (!store.modelLoaded) return;
-    const std::string stem =
-        stemOf(store.modelPath) + "-geoset" + std::to_string(store.geosetNumber);
-    const std::string proposed = freePath(folderOf(store.modelPath), stem, ".mdl");
-    writeTo(editor, askSavePath(editor, "Save Geoset", proposed), true);
+    if (!editor.store.modelLoaded) return;
+    sayingOutOfMemory(
+        editor, [&] { askAndWrite(editor, true, "Save Geoset", proposedPartPath(editor.store)); });
 }
 
 void deleteCurrentGeoset(Editor& editor) {

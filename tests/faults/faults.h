@@ -1,0 +1,47 @@
+// Makes allocations and calls of the system fail. Everything else goes through to the system.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string_view>
+
+namespace corvane::faults {
+
+/// While it lives, an allocation fails: the one with this number, counted from 1.
+class FailingMemory {
+public:
+    explicit FailingMemory(std::size_t number);
+    FailingMemory(const FailingMemory&) = delete;
+    FailingMemory& operator=(const FailingMemory&) = delete;
+    ~FailingMemory();
+
+    /// Whether it has come to that.
+    static bool hasFailed();
+};
+
+/// The calls that can fail.
+enum class Call { Writev, Fsync, Ftruncate, Fchmod, Stat };
+
+/// What a call that fails is about: a mode, for Fchmod; a path, for Stat.
+struct Asked {
+    unsigned mode = 0;
+    std::string_view path;
+};
+
+/// While it lives, calls fail with an error number: all for which `which` says so, from the first
+/// to the last number (counted from 1 among them).
+class FailingCall {
+public:
+    static constexpr int kForEver = 1000000;
+
+    FailingCall(Call call, int errorNumber, int first = 1, int last = kForEver,
+                std::function<bool(const Asked&)> which = nullptr);
+    FailingCall(const FailingCall&) = delete;
+    FailingCall& operator=(const FailingCall&) = delete;
+    ~FailingCall();
+
+    /// How many of the calls have come so far.
+    static int count();
+};
+
+}  // namespace corvane::faults
