@@ -22,7 +22,8 @@ void GeosetStore::noteSaved() {
               .Faces = Faces,
               .matrixGroups = matrixGroups,
               .rowSections = {},
-              .sectionsRead = {}};
+              .sectionsRead = {},
+              .groupsRead = {}};
 }
 
 bool GeosetStore::isAsSaved() const { return writesTheSame(*this, saved_); }

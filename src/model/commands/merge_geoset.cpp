@@ -18,6 +18,7 @@ void append(Geoset& geoset, const Geoset& merged) {
     for (std::size_t i = oldVertices; i < geoset.Vertices.size(); ++i) {
         geoset.Vertices[i].selected = true;
         geoset.Vertices[i].fileRow = kNoRow;  // its row is in another file
+        geoset.Vertices[i].regrouped = true;
     }
     geoset.Faces.reserve(geoset.Faces.size() + merged.Faces.size());
     for (FaceRecord face : merged.Faces) {

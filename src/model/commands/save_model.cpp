@@ -156,7 +156,12 @@ void writeGeoset(Editor& editor, bool singleGeoset) {
     if (!text || !writeText(editor, *text)) return;
     store.noteSaved();
     store.noteGeosetRead();
-    if (singleGeoset) store.geosetNumber = 1;
+    if (singleGeoset) {
+        store.geosetNumber = 1;
+        // What the part says about groups is not what was read.
+        store.groupsRead.groups.clear();
+        store.groupsRead.matrixGroups = {kSoleMatrixGroup};
+    }
     renewWorkingCopy(editor);
     sayNeutralRows(editor, neutral);
 }
