@@ -62,9 +62,9 @@ using MatrixGroup = std::array<std::int16_t, kMatricesPerGroup>;
 inline constexpr MatrixGroup kSoleMatrixGroup = {0,         kNoMatrix, kNoMatrix, kNoMatrix,
                                                  kNoMatrix, kNoMatrix, kNoMatrix};
 
-/// What a geoset's file says about groups, as it was read. It stays so until the user says
-/// otherwise. Never changes until another geoset is read, so that it is there for what undo brings
-/// back even after a save. Texts go from the header's first byte to the closing brace.
+/// What a geoset's file says about groups, as it was read. Never changes until another geoset is
+/// read or one saved alone, so that it is there for what undo brings back even after a save. Texts
+/// go from the header's first byte to the closing brace.
 struct GroupsAsRead {
     /// The section VertexGroup where the file has it without a row, as models with SkinWeights do;
     /// else empty.
