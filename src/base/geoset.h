@@ -36,6 +36,8 @@ struct VertexRecord {
     /// The 0-based row of the geoset's rowSections that belongs to it, kNoRow for none. Copies of a
     /// vertex have its row.
     std::int16_t fileRow = kNoRow;
+    /// Whether the user gave it its group, by assigning one or by cloning or merging the vertex.
+    bool regrouped = false;
 
     /// Whether the edited data is the same, wherever it came from.
     bool operator==(const VertexRecord& other) const {
@@ -56,6 +58,21 @@ struct FaceRecord {
 /// The matrix (bone) indices of one group in file order; unused rows hold kNoMatrix.
 using MatrixGroup = std::array<std::int16_t, kMatricesPerGroup>;
 
+/// The one group of a geoset that is saved alone: the model has one bone.
+inline constexpr MatrixGroup kSoleMatrixGroup = {0,         kNoMatrix, kNoMatrix, kNoMatrix,
+                                                 kNoMatrix, kNoMatrix, kNoMatrix};
+
+/// What a geoset's file says about groups, as it was read. Never changes until another geoset is
+/// read or one saved alone, so that it is there for what undo brings back even after a save. Texts
+/// go from the header's first byte to the closing brace.
+struct GroupsAsRead {
+    /// The section VertexGroup where the file has it without a row, as models with SkinWeights do;
+    /// else empty.
+    std::string vertexGroup;
+    std::string groups;                     ///< the section Groups; empty where the file has none
+    std::vector<MatrixGroup> matrixGroups;  ///< what that section holds
+};
+
 /// The data of one geoset. The lists are counted from 1 in texts for the user; entry i here is
 /// vertex (face, group) i + 1, and a face's corner is an index into Vertices as it stands.
 struct Geoset {
@@ -70,6 +87,8 @@ struct Geoset {
     /// The sections that the file's geoset had when it was read, as their keywords; empty for a
     /// geoset that was not read from a file.
     std::vector<std::string> sectionsRead;
+
+    GroupsAsRead groupsRead;
 
     /// The number of matrix groups.
     std::size_t matrixGroupCount() const { return matrixGroups.size(); }

@@ -27,6 +27,9 @@ void cloneSelected(Geoset& geoset) {
     const std::size_t oldVertices = geoset.Vertices.size();
     const std::size_t oldFaces = geoset.Faces.size();
     const std::vector<std::int16_t> copyOf = copySelectedVertices(geoset);
+    for (std::size_t i = oldVertices; i < geoset.Vertices.size(); ++i) {
+        geoset.Vertices[i].regrouped = true;
+    }
     for (std::size_t i = 0; i < oldFaces; ++i) {
         if (!hasSelectedCorners(geoset, geoset.Faces[i])) continue;
         FaceRecord copy;  // not deleted, even where its source is

@@ -24,7 +24,9 @@ std::string listText(const std::vector<std::int16_t>& groups) {
 
 void assignGroup(Geoset& geoset, std::int16_t group) {
     for (VertexRecord& vertex : geoset.Vertices) {
-        if (vertex.selected) vertex.group = group;
+        if (!vertex.selected) continue;
+        vertex.group = group;
+        vertex.regrouped = true;
     }
 }
 

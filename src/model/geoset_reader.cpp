@@ -40,6 +40,29 @@ void readRowSections(const ModelText& text, const std::vector<Section>& parts, G
     }
 }
 
+// Takes the sections about groups as they stand in the text.
+void keepGroupsAsRead(const ModelText& text, const std::vector<Section>& parts, Geoset& geoset) {
+    GroupsAsRead& read = geoset.groupsRead;
+    for (const Section& part : parts) {
+        const std::string_view partText = text.view().substr(part.begin, part.end - part.begin);
+        if (part.kind == SectionKind::Groups) read.groups = partText;
+        if (part.kind != SectionKind::VertexGroup) continue;
+        if (!SectionText(text, part).body().skipBlanks()) read.vertexGroup = partText;
+    }
+    read.matrixGroups = geoset.matrixGroups;
+}
+
+// A section VertexGroup without a row lacks none where SkinWeights takes its place.
+void forgetUnusedVertexGroup(const Geoset& geoset, ReadNotes& notes) {
+    if (std::ranges::find(geoset.rowSections, kSkinWeights, &RowSection::keyword) ==
+        geoset.rowSections.end()) {
+        return;
+    }
+    std::erase_if(notes.shortSections, [](const ShortSection& section) {
+        return section.keyword == keywordOf(SectionKind::VertexGroup) && section.rows == 0;
+    });
+}
+
 Geoset readBlock(const ModelText& text, const GeosetBlock& block, ReadNotes& notes) {
     const std::vector<Section> parts = scanParts(text, block);
     Geoset geoset;
@@ -72,6 +95,8 @@ Geoset readBlock(const ModelText& text, const GeosetBlock& block, ReadNotes& not
         }
     }
     readRowSections(text, parts, geoset, notes);
+    keepGroupsAsRead(text, parts, geoset);
+    forgetUnusedVertexGroup(geoset, notes);
     std::ranges::sort(notes.shortSections, {}, &ShortSection::offset);
     return geoset;
 }
@@ -89,9 +114,11 @@ Geoset parseGeoset(const ModelText& text, const std::vector<GeosetBlock>& geoset
 void takeFileData(Geoset& geoset, Geoset read) {
     geoset.rowSections = std::move(read.rowSections);
     geoset.sectionsRead = std::move(read.sectionsRead);
+    geoset.groupsRead = std::move(read.groupsRead);
     auto row = read.Vertices.begin();  // what is deleted is not in the file
     for (VertexRecord& vertex : geoset.Vertices) {
         vertex.fileRow = kNoRow;
+        vertex.regrouped = false;
         if (!vertex.deleted && row != read.Vertices.end()) vertex.fileRow = row++->fileRow;
     }
 }

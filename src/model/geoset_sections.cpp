@@ -124,12 +124,6 @@ void appendGroups(std::string& out, const Geoset& geoset, bool singleGeoset,
     out += " {";
     out += lineBreak;
     for (const MatrixGroup& group : geoset.matrixGroups) {
-        if (std::ranges::count(group, kNoMatrix) == std::ssize(group)) {
-            // A group of none, as some models have it.
-            out += "\t\tMatrices { },";
-            out += lineBreak;
-            continue;
-        }
         out += "\t\tMatrices { ";
         appendInteger(out, group[0]);
         for (std::size_t row = 1; row < group.size() && group[row] != kNoMatrix; ++row) {
@@ -182,6 +176,13 @@ bool hasDataFor(SectionKind kind, const Geoset& geoset) {
     return false;
 }
 
+bool hasGroupsAsRead(const Geoset& geoset) {
+    return geoset.matrixGroups == geoset.groupsRead.matrixGroups &&
+           std::ranges::none_of(geoset.Vertices, [](const VertexRecord& vertex) {
+               return vertex.regrouped && !vertex.deleted;
+           });
+}
+
 bool writesTheSame(const Geoset& a, const Geoset& b) {
     if (a.Vertices.size() != b.Vertices.size() || a.matrixGroups != b.matrixGroups ||
         a.Faces != b.Faces) {
@@ -192,8 +193,8 @@ bool writesTheSame(const Geoset& a, const Geoset& b) {
     };
     return std::ranges::equal(
         a.Vertices, b.Vertices, [&](const VertexRecord& x, const VertexRecord& y) {
-            return x.deleted == y.deleted && x.group == y.group && x.fileRow == y.fileRow &&
-                   sameTriple(x.pos, y.pos, isWrittenAlike) &&
+            return x.deleted == y.deleted && x.group == y.group && x.regrouped == y.regrouped &&
+                   x.fileRow == y.fileRow && sameTriple(x.pos, y.pos, isWrittenAlike) &&
                    sameTriple(x.normal, y.normal, isRoundedAlike) && isRoundedAlike(x.tu, y.tu) &&
                    isRoundedAlike(x.tv, y.tv);
         });

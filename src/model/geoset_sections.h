@@ -38,6 +38,10 @@ int countKeptFaces(const Geoset& geoset);
 /// file may lack: then it must be written. Never for Vertices, which no geoset lacks.
 bool hasDataFor(SectionKind kind, const Geoset& geoset);
 
+/// Whether what the file says about groups still holds: no matrix group was added, and no vertex
+/// that a save keeps was given a group.
+bool hasGroupsAsRead(const Geoset& geoset);
+
 /// Whether a save would write the same sections for both, as far as they are made from the records.
 bool writesTheSame(const Geoset& a, const Geoset& b);
 

@@ -25,7 +25,8 @@ void GeosetStore::noteSaved() {
                   .Faces = Faces,
                   .matrixGroups = matrixGroups,
                   .rowSections = {},
-                  .sectionsRead = {}};
+                  .sectionsRead = {},
+                  .groupsRead = {}};
     } catch (const std::bad_alloc&) {
         // The file is written, or the model open: without the copy no Undo leads back to that.
     }

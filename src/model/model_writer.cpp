@@ -31,7 +31,8 @@ public:
           geoset_(geoset),
           singleGeoset_(singleGeoset),
           neutral_(neutral),
-          kept_(geoset) {
+          kept_(geoset),
+          groupsAsRead_(hasGroupsAsRead(geoset)) {
         for (const VertexRecord& vertex : geoset.Vertices) {
             if (!vertex.deleted) fileRows_.push_back(vertex.fileRow);
         }
@@ -41,6 +42,7 @@ public:
     void write(std::size_t from, std::size_t to);
 
 private:
+    const std::string* textAsRead(SectionKind kind) const;
     std::string sectionText(SectionKind kind, std::string_view lineBreak) const;
     std::string rowsText(const RowSection& rows, const std::vector<std::int16_t>& fileRows);
     const RowSection* find(std::string_view keyword, int ordinal) const;
@@ -55,12 +57,24 @@ private:
     bool singleGeoset_;
     NeutralRows* neutral_;
     KeptVertices kept_;
+    bool groupsAsRead_;
     std::vector<std::int16_t> fileRows_;  // of the kept vertices
     std::vector<SectionKind> written_;
     std::vector<std::pair<std::string, int>> writtenRows_;  // keywords and ordinals
 };
 
+// The text of a section about groups that stays as it was read; null where it is made anew. Alone,
+// the geoset has one bone, so that its Groups are others.
+const std::string* GeosetWriter::textAsRead(SectionKind kind) const {
+    const GroupsAsRead& read = geoset_.groupsRead;
+    const std::string* text = nullptr;
+    if (kind == SectionKind::VertexGroup) text = &read.vertexGroup;
+    if (kind == SectionKind::Groups && !singleGeoset_) text = &read.groups;
+    return groupsAsRead_ && text != nullptr && !text->empty() ? text : nullptr;
+}
+
 std::string GeosetWriter::sectionText(SectionKind kind, std::string_view lineBreak) const {
+    if (const std::string* const asRead = textAsRead(kind)) return *asRead;
     std::string text;
     appendSection(text, kind, geoset_, kept_, singleGeoset_, lineBreak);
     text += "\t}";
@@ -153,7 +167,7 @@ void GeosetWriter::write(std::size_t from, std::size_t to) {
             continue;
         }
         std::string anew = replacement(part);
-        const bool ownShape = part.kind == SectionKind::Rows;
+        const bool ownShape = part.kind == SectionKind::Rows || textAsRead(part.kind) != nullptr;
         if (!ownShape && !isLineBegin(text, part.begin)) anew.insert(0, part.lineBreak);
         out_.addText(std::move(anew));
         from = part.end;

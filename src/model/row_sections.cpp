@@ -12,7 +12,6 @@ namespace corvane {
 
 namespace {
 
-constexpr std::string_view kSkinWeights = "SkinWeights";
 constexpr std::string_view kTangents = "Tangents";
 constexpr std::size_t kSkinColumns = 8;     // four bones, then their four weights
 constexpr std::size_t kTangentColumns = 4;  // a direction and the side of the binormal

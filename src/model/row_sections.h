@@ -16,6 +16,9 @@ namespace corvane {
 class ModelText;
 struct Section;
 
+/// The section that says which bones move each vertex, with which weights.
+inline constexpr std::string_view kSkinWeights = "SkinWeights";
+
 /// Reads such a section of a geoset with that many vertices. Never throws: see `problem`.
 RowSection readRowSection(const ModelText& text, const Section& section, int ordinal,
                           std::size_t vertexCount);

@@ -248,6 +248,15 @@ TEST(GroupsSection, WritesGroupsThatNoVertexUses) {
               "\t\tMatrices { 4 },\n");
 }
 
+TEST(GroupsSection, WritesTheFirstRowOfAGroupOfNone) {
+    Geoset geoset = blankGeoset(1);
+    geoset.matrixGroups = {matrices({3}), matrices({-1})};
+    EXPECT_EQ(section(SectionKind::Groups, geoset),
+              "\tGroups 2 1 {\n"
+              "\t\tMatrices { 3 },\n"
+              "\t\tMatrices { -1 },\n");
+}
+
 TEST(GroupsSection, IsEmptyWithoutGroups) {
     EXPECT_EQ(section(SectionKind::Groups, blankGeoset(1)), "\tGroups 0 0 {\n");
 }

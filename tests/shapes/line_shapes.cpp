@@ -237,20 +237,22 @@ void addLineShapes(std::vector<Shape>& shapes) {
             shapes.push_back({.name = shape.name,
                               .text = text,
                               .twin = tool.text(),
-                              .saved = savedAs(text),
+                              .saved = savedAs(shape),
                               .withoutFirst = tool.withoutFirst});
         }
     };
-    const auto asTool = [&](const std::string&) { return tool.text(); };
-    const auto asItIs = [](const std::string& text) { return text; };
-    const auto notPinned = [](const std::string&) { return std::string(); };
-    // The geoset's own header is outside its sections.
-    const auto withOpening = [&](const std::string& text) {
-        const std::size_t begin = text.find("Geoset", text.find("Materials"));
-        const std::string opening = text.substr(begin, text.find('\n', begin) + 1 - begin);
-        return modelWith([&](GeosetLines& lines) { lines.opening = opening; });
+    const auto asItIs = [](const LineShape& shape) { return modelWith(shape.change); };
+    const auto notPinned = [](const LineShape&) { return std::string(); };
+    // The geoset's own header is outside its sections, and its groups stay as they are.
+    const auto asTool = [](const LineShape& shape) {
+        GeosetLines shaped = toolLines();
+        shape.change(shaped);
+        return modelWith([&](GeosetLines& lines) {
+            lines.opening = shaped.opening;
+            lines.groups = shaped.groups;
+        });
     };
-    addAll(kBlankShapes, withOpening);
+    addAll(kBlankShapes, asTool);
     addAll(kLineShapes, asTool);
     addAll(kFaceShapes, asTool);
     addAll(kOpenLineShapes, asItIs);

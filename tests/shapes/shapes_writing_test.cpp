@@ -1,5 +1,5 @@
 // Saving models in the shapes that other programs write: byte for byte the same outside the
-// rewritten sections, and these in the tools' shape.
+// rewritten sections, and these in the tools' shape, but for the groups, which stay as they are.
 #include <gtest/gtest.h>
 
 #include <utility>

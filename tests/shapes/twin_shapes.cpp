@@ -10,12 +10,15 @@ constexpr const char* kZeroNormals =
 constexpr const char* kZeroTexture =
     "\tTVertices 4 {\n\t\t{ 0, 0 },\n\t\t{ 0, 0 },\n\t\t{ 0, 0 },\n\t\t{ 0, 0 },\n\t}\n";
 constexpr const char* kZeroGroups = "\tVertexGroup {\n\t\t0,\n\t\t0,\n\t\t0,\n\t\t0,\n\t}\n";
+constexpr const char* kSkinWeights =
+    "\tSkinWeights 4 {\n\t\t0, 0, 0, 0, 255, 0, 0, 0,\n\t\t1, 0, 0, 0, 255, 0, 0, 0,\n"
+    "\t\t2, 0, 0, 0, 255, 0, 0, 0,\n\t\t3, 0, 0, 0, 200, 55, 0, 0,\n\t}\n";
 constexpr const char* kNoMatrices = "\tGroups 0 0 {\n\t}\n";
 
 // A shape with a twin of its own.
 struct TwinShape {
     const char* name;
-    bool isMissing;  // a section is missing, and stays so
+    bool staysAsItIs;  // a section is missing or says nothing, and stays so
     Change change;
     Change twin;
 };
@@ -41,6 +44,33 @@ constexpr TwinShape kTwinShapes[] = {
          g.vertexGroup = kZeroGroups;
          g.groups = kNoMatrices;
      }},
+    {"MatricesOfMinusOne", true,
+     [](GeosetLines& g) { g.groups = "\tGroups 1 0 {\n\t\tMatrices { -1 },\n\t}\n"; },
+     [](GeosetLines& g) { g.groups = "\tGroups 1 0 {\n\t\tMatrices { },\n\t}\n"; }},
+    {"MatricesOfNothing", true,
+     [](GeosetLines& g) {
+         g.groups = "\tGroups 2 1 {\n\t\tMatrices { 4 },\n\t\tMatrices { },\n\t}\n";
+     },
+     [](GeosetLines& g) {
+         g.groups = "\tGroups 2 1 {\n\t\tMatrices { 4 },\n\t\tMatrices { -1 },\n\t}\n";
+     }},
+    {"SkinWeightsAndAnEmptyVertexGroup", true,
+     [](GeosetLines& g) {
+         g.texture += kSkinWeights;
+         g.vertexGroup = "\tVertexGroup {\n\t}\n";
+         g.groups = "\tGroups 1 0 {\n\t\tMatrices { -1 },\n\t}\n";
+     },
+     [](GeosetLines& g) {
+         g.vertexGroup = kZeroGroups;
+         g.groups = "\tGroups 1 0 {\n\t\tMatrices { },\n\t}\n";
+     }},
+    {"SkinWeightsAndAnEmptyVertexGroupOnOneLine", true,
+     [](GeosetLines& g) {
+         g.texture += kSkinWeights;
+         g.vertexGroup = "  VertexGroup  { } // in the weights\n";
+         g.groups = "\tGroups 2 3 { Matrices { 0 },Matrices{1, 2,} }\n";
+     },
+     [](GeosetLines& g) { g.vertexGroup = kZeroGroups; }},
     {"NoNumbersInNormals", false,
      [](GeosetLines& g) {
          g.normals =
@@ -75,7 +105,7 @@ void addTwinShapes(std::vector<Shape>& shapes) {
         shapes.push_back({.name = shape.name,
                           .text = text,
                           .twin = twin,
-                          .saved = shape.isMissing ? text : twin,
+                          .saved = shape.staysAsItIs ? text : twin,
                           .withoutFirst = withoutFirst});
     }
 }

@@ -36,7 +36,7 @@ constexpr const char* kLateHit =
 
 }  // namespace
 
-// What is outside the sections keeps its shape at a save.
+// What is outside the sections keeps its shape at a save, and so do the groups.
 void addWholeFileShapes(std::vector<Shape>& shapes) {
     const Pieces tool = toolPieces();
     const auto add = [&](const char* name, const Pieces& pieces, const std::string& sections) {
@@ -46,11 +46,12 @@ void addWholeFileShapes(std::vector<Shape>& shapes) {
                           .saved = pieces.before + sections + pieces.after,
                           .withoutFirst = pieces.withoutFirst});
     };
+    const std::string groups = toolLines().groups;
     const auto addLines = [&](const char* name, const LineChange& change) {
         add(name,
             {reshaped(tool.before, change), reshaped(tool.sections, change),
              reshaped(tool.after, change), reshaped(tool.withoutFirst, change)},
-            tool.sections);
+            replacedOnce(tool.sections, groups, reshaped(groups, change)));
     };
     const auto addIndent = [&](const char* name, const std::string& indent) {
         addLines(name, [&](const std::string& tabs, const std::string& rest) {

@@ -20,6 +20,7 @@ void append(Geoset& geoset, const Geoset& merged) {
     for (std::size_t i = oldVertices; i < geoset.Vertices.size(); ++i) {
         geoset.Vertices[i].selected = true;
         geoset.Vertices[i].fileRow = kNoRow;  // its row is in another file
+        geoset.Vertices[i].regrouped = true;
     }
     for (FaceRecord face : merged.Faces) {
         for (std::int16_t& corner : face.corner) {

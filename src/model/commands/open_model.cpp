@@ -224,7 +224,7 @@ std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
 }
 
 OpenOutcome openPath(Editor& editor, const std::string& path) {
-    const OpenOutcome outcome = withoutSelecting(editor, [&]() -> OpenOutcome {
+    OpenOutcome outcome = withoutSelecting(editor, [&]() -> OpenOutcome {
         const std::optional<ReadModel> model = readModel(editor, path);
         if (!model) return {};
         return {.picked = makeCurrent(editor, path, *model)};
@@ -234,7 +234,7 @@ OpenOutcome openPath(Editor& editor, const std::string& path) {
 }
 
 OpenOutcome openModel(Editor& editor, bool openMode) {
-    const OpenOutcome outcome = withoutSelecting(editor, [&]() -> OpenOutcome {
+    OpenOutcome outcome = withoutSelecting(editor, [&]() -> OpenOutcome {
         const std::optional<std::string> path =
             editor.dialogs.openFile(kModelFilter, editor.store.modelPath);
         if (!path) return {.cancelled = true, .picked = {}};

@@ -224,20 +224,13 @@ void becomeThePart(Editor& editor) {
     GeosetStore& store = editor.store;
     const ModelBase& part = store.base();
     store.geosetNumber = 1;
-    MatrixGroup group;
-    group.fill(kNoMatrix);
-    group.front() = 0;
-    store.matrixGroups = {group};
-    for (VertexRecord& vertex : store.Vertices) {
-        vertex.group = 0;
-        vertex.fileRow = kNoRow;
-    }
+    store.matrixGroups = {kSoleMatrixGroup};
+    for (VertexRecord& vertex : store.Vertices) vertex.group = 0;
     try {
         takeFileData(store, parseGeoset(part.text, part.geosets, 1));
     } catch (const ModelTextError&) {
         // Then it has no rows that could follow.
-        store.rowSections.clear();
-        store.sectionsRead.clear();
+        takeFileData(store, {});
     }
     editor.undo = {};
 }
@@ -317,12 +310,7 @@ void writeByKind(Editor& editor, bool singleGeoset) {
 }
 
 void writeModel(Editor& editor, bool singleGeoset) {
-    const std::uint64_t writesBefore = editor.store.writes();
-    try {
-        writeByKind(editor, singleGeoset);
-    } catch (const std::bad_alloc&) {
-        sayOutOfMemory(editor, editor.store.writes() != writesBefore);
-    }
+    writeByKind(editor, singleGeoset);
     show(editor, Show::Buttons);
 }
 
