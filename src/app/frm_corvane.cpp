@@ -72,7 +72,7 @@ private:
 
 }  // namespace
 
-frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers)
+frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers, Keeper* keeper)
     : central_(new QWidget(this)),
       pbxFront_(new PictureBox(central_)),
       pbxTop_(new PictureBox(central_)),
@@ -89,7 +89,8 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers)
                            pbxPersp_->surface()},
               .window = *this,
               .dialogs = dialogs,
-              .userNumbers = userNumbers} {
+              .userNumbers = userNumbers},
+      keeper_(keeper) {
     setObjectName("frmCorvane");
     setCentralWidget(central_);
     central_->setObjectName("central");
@@ -108,13 +109,19 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers)
     setFocusOrder(focusOrder_);
     watchControls();
 
+    startKeeping();
     layOut();
     adjustSize();
     updateButtons();
     button("cmdSelect")->setFocus();  // where a stray blank does no harm
 }
 
-void frmCorvane::start() { startUp(editor_); }
+frmCorvane::~frmCorvane() { stopKeeping(); }
+
+void frmCorvane::start() {
+    startUp(editor_);
+    offerKilled();
+}
 
 void frmCorvane::buildPictures() {
     const std::array<std::pair<PictureBox*, const char*>, 4> pictures = {{
@@ -293,6 +300,7 @@ void frmCorvane::updateButtons() {
     }
     txtTips_->setEnabled(editor_.modes.tipsEnabled);
     if (textureEditor_) textureEditor_->noteEdits();
+    if (autoKeep_) autoKeep_->noteState();
     updateTitle();
 }
 
@@ -325,7 +333,13 @@ void frmCorvane::showNotice(const std::string& text) {
 void frmCorvane::startSelectTimer() { tmrTime_.start(); }
 
 void frmCorvane::showTextureEditor(UVData newData) {
-    if (!textureEditor_) textureEditor_ = std::make_unique<frmUVEditor>(editor_);
+    if (!textureEditor_) {
+        textureEditor_ = std::make_unique<frmUVEditor>(editor_);
+        if (autoKeep_) {
+            textureEditor_->onChange = [this] { autoKeep_->noteState(); };
+            textureEditor_->onClose = [this] { autoKeep_->keepTexture(); };
+        }
+    }
     textureEditor_->showWith(std::move(newData));
 }
 
@@ -334,6 +348,7 @@ void frmCorvane::copyText(const std::string& text) {
 }
 
 void frmCorvane::closeEvent(QCloseEvent* event) {
+    if (autoKeep_) autoKeep_->end(KeptBecause::Closed);
     if (textureEditor_) textureEditor_->close();
     closeModel(editor_);
     event->accept();

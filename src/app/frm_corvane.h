@@ -7,6 +7,8 @@
 #include <QTimer>
 #include <memory>
 
+#include "app/auto_keep.h"
+#include "app/frm_recover.h"
 #include "app/frm_uv_editor.h"
 #include "app/main_window_tables.h"
 #include "app/picture_box.h"
@@ -19,17 +21,29 @@ class frmCorvane : public QMainWindow, private EditorWindow {
     Q_OBJECT
 
 public:
-    /// `dialogs` outlives the window.
-    frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers);
+    /// `dialogs` and `keeper` outlive the window. Nothing is kept where `keeper` is null.
+    frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers, Keeper* keeper = nullptr);
+    ~frmCorvane() override;
 
-    /// What happens when the program starts: the welcome, and the warning about decimal commas.
+    /// What happens when the program starts: the welcome, the warning about decimal commas, and
+    /// the question whether to open the unsaved edits of a program that was killed.
     void start();
+
+    /// Keeps what is unsaved, and waits until the disk has it.
+    void keepUnsaved();
+
+    /// The program has to end, whatever it is doing: keeps what is unsaved and deletes the working
+    /// copy. Asks nothing.
+    void endInOrder();
 
     /// The state behind the window.
     const Editor& editor() const { return editor_; }
 
     /// The texture editor's window; null before it was first opened.
     frmUVEditor* textureEditor() const { return textureEditor_.get(); }
+
+    /// The window of Recover; null before it was first shown.
+    frmRecover* recoverWindow() const { return recoverWindow_.get(); }
 
     /// What drawing the perspective view worked out and did not use, one number a vertex: how far
     /// across it lies, model units. Empty before the first drawing.
@@ -48,8 +62,14 @@ private:
     void showNotice(const std::string& text) override;
     void startSelectTimer() override;
     void showTextureEditor(UVData data) override;
+    void showRecover() override;
     void copyText(const std::string& text) override;
 
+    void startKeeping();
+    void stopKeeping();
+    void showKeepingState(const QString& failure);
+    bool openKeptEntry(const KeptEntry& entry);
+    void offerKilled();
     void buildPictures();
     QWidget* buildViewButtons(PictureBox& picture, std::span<const ViewButton> buttons);
     void fillPictureGrid();
@@ -86,6 +106,9 @@ private:
     QHash<QString, QString> tips_;      // by control name
     Editor editor_;
     std::unique_ptr<frmUVEditor> textureEditor_;  // made when it is first asked for
+    Keeper* keeper_;
+    std::unique_ptr<AutoKeep> autoKeep_;         // null where nothing is kept
+    std::unique_ptr<frmRecover> recoverWindow_;  // made when it is first asked for
 };
 
 }  // namespace corvane

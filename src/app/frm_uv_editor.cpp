@@ -68,6 +68,11 @@ void frmUVEditor::showWith(UVData newData) {
 
 void frmUVEditor::noteEdits() { corvane::noteEdits(uv_, main_); }
 
+void frmUVEditor::closeEvent(QCloseEvent* event) {
+    if (onClose) onClose();
+    QMainWindow::closeEvent(event);
+}
+
 bool frmUVEditor::eventFilter(QObject* watched, QEvent* event) {
     if (isForShortcuts(*event)) {
         event->ignore();
@@ -152,6 +157,7 @@ void frmUVEditor::addReadouts(QGridLayout& grid) {
 void frmUVEditor::updateButtons() {
     showState(buttons_, commands_);
     setWindowModified(uv_.unsaved);
+    if (onChange) onChange();
 }
 
 std::string frmUVEditor::loadPicture(const std::string& path) {

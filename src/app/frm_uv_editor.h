@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <functional>
 
 #include "app/picture_box.h"
 #include "app/uv_window_tables.h"
@@ -28,10 +29,15 @@ public:
     /// After an edit in the main window: marks texture coordinates that Undo took back there.
     void noteEdits();
 
+    /// Called after texture coordinates may have changed, and when the user closes the window.
+    std::function<void()> onChange;
+    std::function<void()> onClose;
+
     /// The state behind the window.
     const UVEditor& uv() const { return uv_; }
 
 protected:
+    void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

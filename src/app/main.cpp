@@ -1,11 +1,13 @@
 // The editor.
 
 #include <QApplication>
+#include <cstdlib>
 #include <exception>
 #include <new>
 #include <string>
 
 #include "app/frm_corvane.h"
+#include "app/orderly_end.h"
 #include "app/process.h"
 #include "app/qt_dialogs.h"
 #include "app/user_locale.h"
@@ -46,7 +48,14 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName("corvane");
 
     corvane::QtDialogs dialogs;
-    corvane::frmCorvane window(dialogs, corvane::userNumberFormat());
+    corvane::Keeper keeper({.folder = corvane::standardKeptFolder()});
+    corvane::frmCorvane window(dialogs, corvane::userNumberFormat(), &keeper);
+    const corvane::AtExit atExit([&window] { window.endInOrder(); });
+    const corvane::EndSignals endSignals([&window] {
+        window.endInOrder();
+        // Not back into what the program was doing: a command that waits in a dialog would go on.
+        std::_Exit(EXIT_SUCCESS);
+    });
     window.show();
     window.start();
     return QApplication::exec();

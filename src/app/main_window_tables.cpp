@@ -14,6 +14,7 @@
 #include "model/commands/merge_geoset.h"
 #include "model/commands/new_model.h"
 #include "model/commands/open_model.h"
+#include "model/commands/recover_model.h"
 #include "model/commands/save_model.h"
 #include "uveditor/commands/exchange.h"
 #include "views/commands/marker_commands.h"
@@ -67,6 +68,7 @@ constexpr std::array kFileMenu = {
               .caption = "Save &Geoset...",
               .run = saveGeoset,
               .needs = Needs::Model},
+    MenuEntry{.name = "mnuRecover", .caption = "&Recover...", .run = showRecover},
     kSeparator,
     MenuEntry{.name = "mnuSwitchGeoset",
               .caption = "S&witch Geoset...",

@@ -27,6 +27,9 @@ public:
     /// Shows the texture editor with new data.
     virtual void showTextureEditor(UVData data) = 0;
 
+    /// Shows what was kept, to be brought back.
+    virtual void showRecover() {}
+
     /// Puts a text (UTF-8) on the clipboard.
     virtual void copyText(const std::string& text) = 0;
 };

@@ -89,6 +89,11 @@ void Keeper::onState(std::function<void(const std::string&)> call) {
     if (onState_ && !failure_.empty()) onState_(failure_);
 }
 
+bool Keeper::isWorking() const {
+    const std::scoped_lock lock(mutex_);
+    return failure_.empty();
+}
+
 void Keeper::finish() {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return queue_.empty() && !busy_; });

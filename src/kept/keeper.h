@@ -48,6 +48,9 @@ public:
     /// Whether the latest thing handed over is a snapshot of edits that go on.
     bool holdsEditing() const { return holdsEditing_; }
 
+    /// Whether the latest try to keep something succeeded.
+    bool isWorking() const;
+
     /// Waits until all that was handed over is on the disk, or could not be kept.
     void finish();
 

@@ -1,6 +1,7 @@
 // Zooming and panning a view.
 #pragma once
 
+#include "base/geoset.h"
 #include "views/view_state.h"
 
 namespace corvane {
@@ -16,5 +17,8 @@ void zoomOut(ViewState& view);
 
 /// Moves the drawing, drawing units.
 void pan(ViewState& view, int dx, int dy);
+
+/// A view that shows the whole geoset in the middle of a picture of that size, drawing units.
+ViewState fitted(const Geoset& geoset, ViewAxes axes, double width, double height);
 
 }  // namespace corvane

@@ -39,6 +39,11 @@ QPoint pointOf(const QStringList& words, qsizetype at) {
     return {toInt(words[at]), toInt(words[at + 1])};
 }
 
+std::string keptFolder(const QTemporaryDir& otherwise) {
+    const QString named = qEnvironmentVariable("CORVANE_KEPT");
+    return (named.isEmpty() ? otherwise.filePath("kept") : named).toStdString();
+}
+
 }  // namespace
 
 void printError(int line, const QString& text) {
@@ -46,18 +51,23 @@ void printError(int line, const QString& text) {
 }
 
 Player::Player(UserNumberFormat userNumbers)
-    : userNumbers_(std::move(userNumbers)), dialogs_([this](const QString& why) { stop(why); }) {}
+    : userNumbers_(std::move(userNumbers)),
+      dialogs_([this](const QString& why) { stop(why); }),
+      keeper_({.folder = keptFolder(keptHere_)}) {}
 
 // A dialog cannot be answered while the program stands inside an event: leave at once.
-void Player::stop(const QString& why) const {
+void Player::stop(const QString& why) {
     printError(line_, why);
+    keeper_.finish();
+    keptHere_.remove();
     std::_Exit(EXIT_FAILURE);
 }
 
 // The window opens with the first command that needs it, so that answers to what it asks on
 // opening can be queued before.
 void Player::openWindow() {
-    window_ = std::make_unique<frmCorvane>(dialogs_, userNumbers_);
+    window_ = std::make_unique<frmCorvane>(dialogs_, userNumbers_, &keeper_);
+    atExit_ = std::make_unique<AtExit>([this] { window_->endInOrder(); });
     window_->show();
     waitUntilShown(*window_);
     window_->start();
@@ -65,17 +75,22 @@ void Player::openWindow() {
 
 QWidget& Player::currentWindow() {
     if (!window_) openWindow();
-    if (!meansTextureEditor_) return *window_;
-    return *window_->textureEditor();
+    if (meant_ == "uv") return *window_->textureEditor();
+    if (meant_ == "recover") return *window_->recoverWindow();
+    return *window_;
 }
 
 void Player::chooseWindow(const QString& name) {
     if (!window_) openWindow();
-    if (name != "main" && name != "uv") throw ScenarioError("there is no such window");
+    if (name != "main" && name != "uv" && name != "recover")
+        throw ScenarioError("there is no such window");
     if (name == "uv" && window_->textureEditor() == nullptr) {
         throw ScenarioError("the texture editor was never opened");
     }
-    meansTextureEditor_ = name == "uv";
+    if (name == "recover" && window_->recoverWindow() == nullptr) {
+        throw ScenarioError("Recover was never chosen");
+    }
+    meant_ = name;
 }
 
 PictureBox& Player::pictureNamed(const QString& name) {

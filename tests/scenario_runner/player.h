@@ -2,12 +2,14 @@
 #pragma once
 
 #include <QString>
+#include <QTemporaryDir>
 #include <functional>
 #include <memory>
 #include <optional>
 
 #include "answering_dialogs.h"
 #include "app/frm_corvane.h"
+#include "app/orderly_end.h"
 #include "script.h"
 
 namespace corvane::scenario {
@@ -29,12 +31,15 @@ private:
     void chooseWindow(const QString& name);
     QWidget& currentWindow();
     PictureBox& pictureNamed(const QString& name);
-    [[noreturn]] void stop(const QString& why) const;
+    [[noreturn]] void stop(const QString& why);
 
     UserNumberFormat userNumbers_;
     AnsweringDialogs dialogs_;
+    QTemporaryDir keptHere_;  // where CORVANE_KEPT names no folder
+    Keeper keeper_;
     std::unique_ptr<frmCorvane> window_;
-    bool meansTextureEditor_ = false;  // which window the commands mean
+    std::unique_ptr<AtExit> atExit_;
+    QString meant_ = "main";  // which window the commands mean
     int line_ = 0;
 };
 

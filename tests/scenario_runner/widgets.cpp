@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QTreeWidget>
 
 #include "script.h"
 
@@ -20,6 +21,15 @@ void send(QWidget& widget, QEvent::Type type, QPoint at, Qt::MouseButton button,
           Qt::MouseButtons buttons) {
     QMouseEvent event(type, at, widget.mapToGlobal(at), button, buttons, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
+}
+
+// The first row with that text in one of its columns.
+void chooseRow(QTreeWidget& list, const QString& text) {
+    for (int column = 0; column < list.columnCount(); ++column) {
+        const auto rows = list.findItems(text, Qt::MatchExactly, column);
+        if (!rows.isEmpty()) return list.setCurrentItem(rows.first());
+    }
+    fail(list.objectName(), "has no such entry");
 }
 
 }  // namespace
@@ -59,6 +69,9 @@ void pressButton(QWidget& window, const QString& name) {
 }
 
 void chooseEntry(QWidget& window, const QString& name, const QString& text) {
+    if (auto* const list = qobject_cast<QTreeWidget*>(&widgetNamed(window, name))) {
+        return chooseRow(*list, text);
+    }
     auto* const box = qobject_cast<QComboBox*>(&widgetNamed(window, name));
     if (box == nullptr) fail(name, "is no combo box");
     if (!box->isEnabled()) fail(name, "is disabled");

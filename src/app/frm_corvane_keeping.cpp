@@ -1,0 +1,104 @@
+// The main window's part in keeping what is not saved, and in bringing it back.
+
+#include <QGuiApplication>
+
+#include "app/frm_corvane.h"
+#include "model/commands/open_model.h"
+#include "model/commands/recover_model.h"
+
+namespace corvane {
+
+void frmCorvane::startKeeping() {
+    if (keeper_ == nullptr) return;
+    editor_.wayBack = keeper_;
+    autoKeep_ = std::make_unique<AutoKeep>(this, editor_, *keeper_, [this]() -> const UVState* {
+        return textureEditor_ ? &textureEditor_->uv() : nullptr;
+    });
+    keeper_->onState([this](const std::string& failure) {
+        // On the keeper's thread.
+        QMetaObject::invokeMethod(
+            this, [this, text = QString::fromStdString(failure)] { showKeepingState(text); },
+            Qt::QueuedConnection);
+    });
+    // The session may go on after all, so nothing ends here.
+    connect(
+        qApp, &QGuiApplication::commitDataRequest, this, [this] { keepUnsaved(); },
+        Qt::DirectConnection);
+}
+
+void frmCorvane::stopKeeping() {
+    if (keeper_ != nullptr) keeper_->onState({});
+    editor_.wayBack = nullptr;
+}
+
+void frmCorvane::showKeepingState(const QString& failure) {
+    auto* const item = findChild<QAction*>("mnuRecover");
+    if (failure.isEmpty()) {
+        item->setText(tr("&Recover..."));
+        return;
+    }
+    // An "&" of the reason is no mnemonic.
+    item->setText(tr("&Recover (not kept: %1)...").arg(QString(failure).replace('&', "&&")));
+    showTip(
+        tr("What is not saved cannot be kept for File, Recover: %1").arg(failure).toStdString());
+}
+
+void frmCorvane::keepUnsaved() {
+    if (!autoKeep_) return;
+    autoKeep_->keepNow(KeptBecause::Ended);
+    keeper_->finish();
+}
+
+void frmCorvane::endInOrder() {
+    if (autoKeep_) autoKeep_->end(KeptBecause::Ended);
+    closeModel(editor_);
+    if (keeper_ != nullptr) keeper_->finish();
+}
+
+void frmCorvane::showRecover() {
+    if (!recoverWindow_) {
+        recoverWindow_ = std::make_unique<frmRecover>(
+            this, keeper_, editor_.dialogs,
+            [this](const KeptEntry& entry) { return openKeptEntry(entry); });
+    }
+    recoverWindow_->showEntries();
+}
+
+bool frmCorvane::openKeptEntry(const KeptEntry& entry) {
+    const std::optional<Snapshot> before = autoKeep_->unsaved();
+    KeptModel kept{.text = {},
+                   .modelPath = entry.modelPath,
+                   .stamp = entry.stamp,
+                   .geosetNumber = entry.geosetNumber};
+    try {
+        kept.text = keeper_->read(entry);
+    } catch (const FileError& error) {
+        editor_.dialogs.messageBox(kErrorCaption,
+                                   std::string("What was kept cannot be read.\n") + error.what());
+        return false;
+    }
+    if (!openKept(editor_, kept)) return false;
+    if (before) keeper_->keep(*before, KeptBecause::AnotherOpened);
+    // The entry may go when the limits are reached once another one holds the same.
+    autoKeep_->keepEdits();
+    keeper_->finish();
+    if (keeper_->isWorking()) keeper_->noteOpened(entry);
+    return true;
+}
+
+void frmCorvane::offerKilled() {
+    if (keeper_ == nullptr) return;
+    for (const KeptEntry& entry : keeper_->killed()) {
+        const std::string geoset =
+            entry.geosetNumber > 0 ? "geoset " + std::to_string(entry.geosetNumber) + " of " : "";
+        const bool open = editor_.dialogs.yesNo(
+            kConfirmationCaption,
+            "The program ended unexpectedly while " + geoset + entry.modelPath +
+                " had unsaved edits. They were kept at " + timeText(entry).toStdString() +
+                ". Open them? (No keeps them; File, Recover brings them back later.)");
+        keeper_->noteAsked(entry);
+        if (open && openKeptEntry(entry)) return;
+    }
+}
+
+}  // namespace corvane

@@ -1,0 +1,40 @@
+// Ends that come from outside: signals, and the loss of the display.
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+#include <array>
+#include <functional>
+#include <memory>
+
+namespace corvane {
+
+/// While it lives, SIGTERM, SIGINT and SIGHUP no longer end the process but call a function from
+/// the event loop, also inside a dialog. At most one object at a time. A signal that the process
+/// ignores, as under nohup, stays ignored.
+class EndSignals : public QObject {
+    Q_OBJECT
+
+public:
+    explicit EndSignals(std::function<void()> end);
+    EndSignals(const EndSignals&) = delete;
+    EndSignals& operator=(const EndSignals&) = delete;
+    ~EndSignals() override;
+
+private:
+    std::function<void()> end_;
+    std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+/// While it lives, exit() calls a function first. That is how Qt ends the process when the display
+/// is lost: its windows are not closed then, and no object in main() is destroyed. At most one
+/// object at a time.
+class AtExit {
+public:
+    explicit AtExit(std::function<void()> call);
+    AtExit(const AtExit&) = delete;
+    AtExit& operator=(const AtExit&) = delete;
+    ~AtExit();
+};
+
+}  // namespace corvane
