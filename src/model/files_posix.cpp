@@ -7,6 +7,7 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -52,7 +53,9 @@ int descriptor(std::intptr_t handle) noexcept { return static_cast<int>(handle);
 // Whether a file system takes no permissions at all, after it has refused some with an error. The
 // file was made by this process, so that a user's rights are not the reason.
 bool hasNoPermissions(int fd, int error) noexcept {
-    if (error != EPERM && error != ENOTSUP && error != EOPNOTSUPP && error != ENOSYS) return false;
+    // Not compared one by one: some of them are one number on some systems.
+    const std::array refusals = {EPERM, ENOSYS, ENOTSUP, EOPNOTSUPP};
+    if (std::ranges::find(refusals, error) == refusals.end()) return false;
     return ::fchmod(fd, S_IRUSR | S_IWUSR) != 0;
 }
 

@@ -152,9 +152,9 @@ ModelText joinedText(const std::string& path, std::span<const std::string_view> 
     return {path, std::move(bytes), size};
 }
 
-PendingFile::PendingFile(const std::string& path, std::span<const std::string_view> pieces,
+PendingFile::PendingFile(std::string path, std::span<const std::string_view> pieces,
                          const ReplaceOptions& options)
-    : path_(path), flushToDisk_(options.flushToDisk) {
+    : path_(std::move(path)), flushToDisk_(options.flushToDisk) {
     try {
         prepare(pieces, options);
     } catch (const FileError& error) {
@@ -294,8 +294,9 @@ bool isSameFile(const std::string& a, const std::string& b) {
 std::string freePath(const std::string& folder, const std::string& stem,
                      const std::string& extension) {
     for (int number = 1;; ++number) {
-        const std::string suffix = number == 1 ? "" : "-" + std::to_string(number);
-        const fs::path path = pathOf(folder) / pathOf(stem + suffix + extension);
+        std::string name = stem;
+        if (number > 1) name.append("-").append(std::to_string(number));
+        const fs::path path = pathOf(folder) / pathOf(name.append(extension));
         std::error_code error;
         if (fs::symlink_status(path, error).type() == fs::file_type::not_found || error) {
             return textOf(path);

@@ -72,7 +72,7 @@ class PendingFile {
 public:
     /// Writes the pieces, in order, beside the file that `path` names (through symbolic links).
     /// Throws FileError.
-    PendingFile(const std::string& path, std::span<const std::string_view> pieces,
+    PendingFile(std::string path, std::span<const std::string_view> pieces,
                 const ReplaceOptions& options = {});
     PendingFile(const PendingFile&) = delete;
     PendingFile& operator=(const PendingFile&) = delete;
