@@ -168,7 +168,7 @@ void frmRecover::copySelected() {
     try {
         const ModelText text = keeper_->read(*entry);
         const std::optional<std::string> path =
-            dialogs_.saveFile(kModelFilter, copyPath(entry->modelPath));
+            dialogs_.saveFile({"Save a Copy", kModelFilter, copyPath(entry->modelPath)});
         if (path) replaceFile(*path, std::array{text.view()});
     } catch (const std::exception& error) {
         dialogs_.messageBox(kErrorCaption, std::string("The copy was not written.\n") +
