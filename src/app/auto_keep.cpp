@@ -70,9 +70,11 @@ void AutoKeep::keepEdits() {
     }
     try {
         State now = state();
-        if (keeper_.holdsEditing() && now == editsKept_) return;
+        const bool isWorking = keeper_.isWorking();
+        if (isWorking && keeper_.holdsEditing() && now == editsKept_) return;
         keeper_.keep(*unsaved(), KeptBecause::Editing);
         editsKept_ = std::move(now);
+        if (!isWorking) noteState();  // tries again until it succeeds
     } catch (const std::bad_alloc&) {
         noteState();  // there may be memory again
     }
@@ -80,7 +82,7 @@ void AutoKeep::keepEdits() {
 
 void AutoKeep::keepNow(KeptBecause because) {
     State now = state();
-    if (!isUnsaved() || now == ownKept_) {
+    if (!isUnsaved() || (now == ownKept_ && keeper_.isWorking())) {
         if (keeper_.holdsEditing()) keeper_.noteSaved();
         return;
     }

@@ -39,6 +39,7 @@ void frmCorvane::showKeepingState(const QString& failure) {
     }
     // An "&" of the reason is no mnemonic.
     item->setText(tr("&Recover (not kept: %1)...").arg(QString(failure).replace('&', "&&")));
+    autoKeep_->noteState();
     showTip(
         tr("What is not saved cannot be kept for File, Recover: %1").arg(failure).toStdString());
 }

@@ -58,6 +58,8 @@ frmRecover::frmRecover(QWidget* parent, Keeper* keeper, Dialogs& dialogs,
         {tr("When"), tr("Model"), tr("Geoset"), tr("What happened"), tr("Size")});
     lstRecover_->setRootIsDecorated(false);
     lstRecover_->setUniformRowHeights(true);
+    lstRecover_->header()->setStretchLastSection(false);
+    lstRecover_->header()->setSectionResizeMode(3, QHeaderView::Stretch);
     connect(lstRecover_, &QTreeWidget::currentItemChanged, this, &frmRecover::showSelected);
     connect(lstRecover_, &QTreeWidget::itemActivated, this, &frmRecover::openSelected);
 

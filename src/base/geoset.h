@@ -82,7 +82,7 @@ struct Geoset {
 
     /// What the file keeps for its vertices besides, as it was read. Never changes until another
     /// geoset is read, so that what undo brings back finds its rows even after a save.
-    std::vector<RowSection> rowSections;
+    RowSections rowSections;
 
     /// The sections that the file's geoset had when it was read, as their keywords; empty for a
     /// geoset that was not read from a file.

@@ -4,7 +4,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace corvane {
@@ -34,6 +36,39 @@ struct RowSection {
     /// Empty, or the message that says why its rows cannot be told apart: then it can only be
     /// written as it was read.
     std::string problem;
+};
+
+/// The sections of one geoset in file order. Copies share them, so that a copy of a geoset costs no
+/// more than what is edited; what is added to one copy is not in the others.
+class RowSections {
+public:
+    RowSections() = default;
+    // NOLINTNEXTLINE(google-explicit-constructor): it is that list
+    RowSections(std::vector<RowSection> sections)
+        : sections_(std::make_shared<std::vector<RowSection>>(std::move(sections))) {}
+
+    std::size_t size() const { return list().size(); }
+    bool empty() const { return list().empty(); }
+    auto begin() const { return list().begin(); }
+    auto end() const { return list().end(); }
+    const RowSection& operator[](std::size_t i) const { return list()[i]; }
+    const RowSection& at(std::size_t i) const { return list().at(i); }
+    const RowSection& back() const { return list().back(); }
+
+    void push_back(RowSection section) {
+        if (!sections_ || sections_.use_count() > 1) {
+            sections_ = std::make_shared<std::vector<RowSection>>(list());
+        }
+        sections_->push_back(std::move(section));
+    }
+
+private:
+    const std::vector<RowSection>& list() const {
+        static const std::vector<RowSection> none;
+        return sections_ ? *sections_ : none;
+    }
+
+    std::shared_ptr<std::vector<RowSection>> sections_;
 };
 
 /// No row of the file.

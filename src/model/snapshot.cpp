@@ -15,7 +15,9 @@ Geoset withRowsAsRead(Geoset geoset) {
     for (VertexRecord& vertex : geoset.Vertices) {
         if (!vertex.deleted) vertex.fileRow = row++;
     }
-    for (RowSection& rows : geoset.rowSections) rows.vertexCount = static_cast<std::size_t>(row);
+    std::vector<RowSection> sections(geoset.rowSections.begin(), geoset.rowSections.end());
+    for (RowSection& rows : sections) rows.vertexCount = static_cast<std::size_t>(row);
+    geoset.rowSections = std::move(sections);
     return geoset;
 }
 

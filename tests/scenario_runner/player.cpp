@@ -124,6 +124,12 @@ void Player::perform(const Command& command) {
           [&](const QStringList& w) {
               currentWindow();
               if (toInt(w[1]) < 0) throw ScenarioError("cannot wait for less than no time");
+              // Only here, where the event loop runs.
+              const EndSignals signals([this] {
+                  window_->endInOrder();
+                  keptHere_.remove();
+                  std::_Exit(EXIT_SUCCESS);
+              });
               runEventLoop(toInt(w[1]));
           }}},
         {"resize",

@@ -36,6 +36,37 @@ TEST_F(NavigationTest, ZoomingInScalesZoomAndPanOfItsViewOnly) {
     }
 }
 
+TEST_F(NavigationTest, AFittedViewShowsTheWholeGeosetInTheMiddle) {
+    loadVertices({{100, -20, 5000}, {140, 20, -3}, {120, 0, 7}, {900, 900, 900}});
+    vertex(4).deleted = true;
+    for (const View view : kViews) {
+        const ViewAxes axes = axesOf(view);
+        const ViewState fit = fitted(store(), axes, kPictureWidth, kPictureHeight);
+        double least = kPictureWidth;
+        double most = 0;
+        for (int number = 1; number <= 3; ++number) {
+            const Triple& pos = vertex(number).pos;
+            const ScreenPoint at = project(pos[slotOf(axes.horizontal)], pos[slotOf(axes.vertical)],
+                                           kPictureWidth, kPictureHeight, fit);
+            EXPECT_GT(at.x, 0);
+            EXPECT_LT(at.x, kPictureWidth);
+            EXPECT_GT(at.y, 0);
+            EXPECT_LT(at.y, kPictureHeight);
+            least = std::min(least, at.x);
+            most = std::max(most, at.x);
+        }
+        EXPECT_NEAR((least + most) / 2, kPictureWidth / 2, 2);
+    }
+}
+
+TEST_F(NavigationTest, AFittedViewOfNothingIsTheFirstOne) {
+    expectState(fitted(store(), axesOf(View::Front), 100, 100), 20, 0, 0);
+    loadVertices({{1, 2, 3}});
+    EXPECT_EQ(fitted(store(), axesOf(View::Front), 100, 100).zoom, 20);
+    loadVertices({{1e308, -1e308, 1e308}, {-1e308, 1e308, -1e308}});
+    EXPECT_EQ(fitted(store(), axesOf(View::Front), 100, 100).zoom, 20);
+}
+
 TEST_F(NavigationTest, ZoomingOutScalesZoomAndPanOfItsViewOnly) {
     for (const View view : kViews) {
         SCOPED_TRACE(static_cast<int>(view));
