@@ -11,6 +11,7 @@
 #include "edit/weld.h"
 #include "editor/run_edit.h"
 #include "groups/commands/group_commands.h"
+#include "model/commands/delete_geoset.h"
 #include "model/commands/merge_geoset.h"
 #include "model/commands/new_model.h"
 #include "model/commands/open_model.h"

@@ -20,6 +20,7 @@
 #include "editor/editor.h"
 #include "fuzz_dialogs.h"
 #include "groups/commands/group_commands.h"
+#include "model/commands/delete_geoset.h"
 #include "model/commands/merge_geoset.h"
 #include "model/commands/open_model.h"
 #include "model/commands/save_model.h"

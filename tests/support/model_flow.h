@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "editor_fixture.h"
+#include "model/commands/delete_geoset.h"
 #include "model/commands/open_model.h"
 #include "model/commands/save_model.h"
 #include "model_texts.h"

@@ -1,4 +1,4 @@
-// The commands that write the model file, or take a geoset out of what a save will write.
+// The commands that write the model file.
 #pragma once
 
 #include <optional>
@@ -21,9 +21,5 @@ std::optional<std::string> askSavePath(Editor& editor, const std::string& title,
 void save(Editor& editor);
 void saveAs(Editor& editor);
 void saveGeoset(Editor& editor);
-
-/// The command Delete Current Geoset: after a confirmation removes the geoset from the working
-/// copy. The store keeps it, and the model file changes with the next save.
-void deleteCurrentGeoset(Editor& editor);
 
 }  // namespace corvane
