@@ -47,6 +47,7 @@ void frmCorvane::showKeepingState(const QString& failure) {
 void frmCorvane::keepUnsaved() {
     if (!autoKeep_) return;
     autoKeep_->keepNow(KeptBecause::Ended);
+    autoKeep_->noteState();  // the edits may go on
     keeper_->finish();
 }
 

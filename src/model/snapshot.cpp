@@ -28,7 +28,7 @@ Snapshot snapshotOf(const GeosetStore& store) {
     return {.base = store.sharedBase(),
             .geosetNumber = store.isGeosetRemoved() ? 0 : store.geosetNumber,
             .modelPath = store.modelPath,
-            .geoset = store,
+            .geoset = static_cast<const Geoset&>(store),
             .stamp = store.knownStamp()};
 }
 
