@@ -79,7 +79,7 @@ protected:
     }
 
     using Lines = std::vector<std::string>;
-    const Lines nothing;
+    const Lines nothing{};
 };
 
 TEST_F(KeepingTest, EditsAreHandedOverAWhileLater) {
