@@ -91,7 +91,9 @@ void AutoKeep::keepNow(KeptBecause because) {
 }
 
 void AutoKeep::keepTexture() {
-    if (unsavedTexture() != nullptr) keepNow(KeptBecause::TextureDropped);
+    if (unsavedTexture() == nullptr) return;
+    keepNow(KeptBecause::TextureDropped);
+    noteState();  // the edits go on
 }
 
 void AutoKeep::end(KeptBecause because) {

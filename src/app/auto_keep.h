@@ -28,6 +28,10 @@ public:
     /// Whether there is anything that no save has written, here or in the texture editor.
     bool isUnsaved() const;
 
+    /// The texture editor's state where it has coordinates of the mesh in memory that Save Changes
+    /// has not written; else null.
+    const UVState* unsavedTexture() const;
+
     /// A snapshot of that, with the texture editor's coordinates; nothing where all is saved.
     std::optional<Snapshot> unsaved() const;
 
@@ -54,7 +58,6 @@ private:
     };
 
     State state() const;
-    const UVState* unsavedTexture() const;
 
     const Editor& editor_;
     Keeper& keeper_;

@@ -60,6 +60,7 @@ private:
     void updateButtons() override;
     void showTip(const std::string& text) override;
     void showNotice(const std::string& text) override;
+    bool addUnsavedTexture(Snapshot& snapshot) override;
     void startSelectTimer() override;
     void showTextureEditor(UVData data) override;
     void showRecover() override;

@@ -31,6 +31,13 @@ void frmCorvane::stopKeeping() {
     editor_.wayBack = nullptr;
 }
 
+bool frmCorvane::addUnsavedTexture(Snapshot& snapshot) {
+    const UVState* const uv = autoKeep_ ? autoKeep_->unsavedTexture() : nullptr;
+    if (uv == nullptr) return false;
+    mergeTexture(snapshot, uv->data.u, uv->data.v);
+    return true;
+}
+
 void frmCorvane::showKeepingState(const QString& failure) {
     auto* const item = findChild<QAction*>("mnuRecover");
     if (failure.isEmpty()) {
@@ -47,6 +54,7 @@ void frmCorvane::showKeepingState(const QString& failure) {
 void frmCorvane::keepUnsaved() {
     if (!autoKeep_) return;
     autoKeep_->keepNow(KeptBecause::Ended);
+    autoKeep_->noteState();  // the edits may go on
     keeper_->finish();
 }
 

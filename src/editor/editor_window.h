@@ -5,6 +5,7 @@
 
 namespace corvane {
 
+struct Snapshot;
 struct UVData;
 
 class EditorWindow {
@@ -26,6 +27,10 @@ public:
 
     /// Shows the texture editor with new data.
     virtual void showTextureEditor(UVData data) = 0;
+
+    /// Writes the texture editor's coordinates that Save Changes has not written into a snapshot of
+    /// the mesh that they were taken from, the one in memory. Whether there are any.
+    virtual bool addUnsavedTexture(Snapshot& /*snapshot*/) { return false; }
 
     /// Shows what was kept, to be brought back.
     virtual void showRecover() {}

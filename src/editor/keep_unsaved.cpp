@@ -1,14 +1,23 @@
 #include "editor/keep_unsaved.h"
 
+#include <utility>
+
 namespace corvane {
 
-void keepUnsaved(Editor& editor, KeptBecause because) {
-    if (editor.store.isModified()) keepGeoset(editor, because);
+namespace {
+
+void keep(Editor& editor, KeptBecause because, bool always) {
+    if (editor.wayBack == nullptr || !editor.store.modelLoaded) return;
+    Snapshot snapshot = snapshotOf(editor.store);
+    const bool hasTexture = editor.window.addUnsavedTexture(snapshot);
+    if (!always && !hasTexture && !editor.store.isModified()) return;
+    editor.wayBack->keep(std::move(snapshot), because);
 }
 
-void keepGeoset(Editor& editor, KeptBecause because) {
-    if (editor.wayBack == nullptr || !editor.store.modelLoaded) return;
-    editor.wayBack->keep(snapshotOf(editor.store), because);
-}
+}  // namespace
+
+void keepUnsaved(Editor& editor, KeptBecause because) { keep(editor, because, false); }
+
+void keepGeoset(Editor& editor, KeptBecause because) { keep(editor, because, true); }
 
 }  // namespace corvane

@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// Keeps the model as a save would write it, where it has unsaved changes.
+/// Keeps the model as a save would write it, where it or the texture editor has unsaved changes.
 void keepUnsaved(Editor& editor, KeptBecause because);
 
 /// The same whether or not anything is unsaved: the geoset in memory is about to be lost.

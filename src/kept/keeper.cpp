@@ -124,8 +124,7 @@ void Keeper::perform(const Work& work) {
         } else if (work.text) {
             PiecedText text;
             text.addView(work.text->text.view());
-            write({.modelPath = work.path, .geosetNumber = 1, .because = KeptBecause::Replaced},
-                  text);
+            write({.modelPath = work.path, .because = KeptBecause::Replaced}, text);
         } else if (work.saved) {
             dropEditing();
             return;

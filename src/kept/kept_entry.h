@@ -15,7 +15,7 @@ namespace corvane {
 struct KeptEntry {
     std::string name{};
     std::string modelPath{};  ///< where the model had its place, UTF-8
-    int geosetNumber = 0;     ///< 1-based, of the geoset that was edited
+    int geosetNumber = 0;     ///< 1-based, of the geoset that was edited; 0 for none
     std::int64_t time = 0;    ///< milliseconds since 1970, UTC
     std::int64_t order = 0;   ///< larger for later entries, whatever the clock says
     KeptBecause because = KeptBecause::Editing;

@@ -27,7 +27,7 @@ Snapshot snapshotOf(const GeosetStore& store) {
     return {.base = store.geosetBase(),
             .geosetNumber = store.geosetNumber,
             .modelPath = store.modelPath,
-            .geoset = store,
+            .geoset = static_cast<const Geoset&>(store),
             .stamp = store.knownStamp()};
 }
 

@@ -79,7 +79,7 @@ protected:
     }
 
     using Lines = std::vector<std::string>;
-    const Lines nothing;
+    const Lines nothing{};
 };
 
 TEST_F(KeepingTest, EditsAreHandedOverAWhileLater) {
@@ -114,6 +114,11 @@ TEST_F(KeepingTest, UnsavedTextureCoordinatesAreHandedOverToo) {
     EXPECT_EQ(reasons(), Lines{"ended unexpectedly"});
     EXPECT_NE(newest(), modelWithGeosets(1));
     uvWindow().close();
+    EXPECT_EQ(reasons(), Lines{"texture coordinates were dropped"});
+    letTimePass();
+    EXPECT_EQ(reasons().size(), 2U) << "the edits go on";
+    closeWindow();
+    startProgram();
     EXPECT_EQ(reasons(), Lines{"texture coordinates were dropped"});
 }
 
@@ -208,6 +213,21 @@ TEST_F(KeepingTest, OpeningKeepsTheEditsThatItDrops) {
     EXPECT_EQ(std::filesystem::path(editor().store.modelPath).filename(), "hero.mdl");
     EXPECT_EQ(reasons(),
               (Lines{"ended unexpectedly", "another model was opened", "closed without saving"}));
+}
+
+TEST_F(KeepingTest, WhatASaveReplacedIsOpenedWithTheGeosetThatTheUserChooses) {
+    const std::string path = folder.path("hero.mdl");
+    keeper->keepReplaced(std::make_shared<const ModelBase>(ModelText(path, modelWithGeosets(3))),
+                         path);
+    folder.write("hero.mdl", modelWithGeosets(1));
+    choose("mnuRecover");
+    EXPECT_EQ(list().topLevelItem(0)->text(3), "replaced by a save");
+    dialogs.inputs = {"3"};
+    recoverButton("cmdRecoverOpen").click();
+    EXPECT_EQ(editor().store.geosetNumber, 3);
+    dialogs.yesNos = {true};  // the file holds what replaced it
+    choose("mnuSave");
+    EXPECT_EQ(readFile(path), modelWithGeosets(3));
 }
 
 TEST_F(KeepingTest, AnEntryThatCannotBeOpenedChangesNothing) {

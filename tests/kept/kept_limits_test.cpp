@@ -122,7 +122,7 @@ TEST_F(KeptFolderTest, DamagedEntriesAreNotOfferedAndHarmNoOther) {
     makeKeeper()->keep(editedTo(1), KeptBecause::Closed);
     makeKeeper()->keep(editedTo(2, "/models/orc.mdl"), KeptBecause::Closed);
     const std::string damaged = readEntries(kept()).at(0).name;
-    for (const char* const json : {"", "{", "[]", "{\"model\":\"/x\"}", "\xff\xfe\x00\x01"}) {
+    for (const char* const json : {"", "{", "[]", R"({"model":"/x"})", "\xff\xfe\x00\x01"}) {
         folder.write("kept/" + damaged + ".json", json);
         const auto keeper = makeKeeper();
         keeper->keep(editedTo(1), KeptBecause::Closed);
