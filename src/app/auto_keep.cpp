@@ -48,7 +48,7 @@ std::optional<Snapshot> AutoKeep::unsaved() const {
     if (!isUnsaved()) return std::nullopt;
     Snapshot snapshot = snapshotOf(editor_.store);
     if (const UVState* const uv = unsavedTexture()) {
-        mergeTexture(snapshot, uv->data.u, uv->data.v);
+        mergeTexture(snapshot, uv->data.u, uv->data.v, uv->same);
     }
     return snapshot;
 }
@@ -98,7 +98,11 @@ void AutoKeep::keepTexture() {
 
 void AutoKeep::end(KeptBecause because) {
     tmrKeep_->stop();
-    if (!ended_) keepNow(because);
+    try {
+        if (!ended_) keepNow(because);
+    } catch (const std::bad_alloc&) {
+        // Then what was kept a moment ago has to do: the program ends all the same.
+    }
     ended_ = true;
 }
 

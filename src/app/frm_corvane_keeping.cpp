@@ -34,7 +34,7 @@ void frmCorvane::stopKeeping() {
 bool frmCorvane::addUnsavedTexture(Snapshot& snapshot) {
     const UVState* const uv = autoKeep_ ? autoKeep_->unsavedTexture() : nullptr;
     if (uv == nullptr) return false;
-    mergeTexture(snapshot, uv->data.u, uv->data.v);
+    mergeTexture(snapshot, uv->data.u, uv->data.v, uv->same);
     return true;
 }
 
@@ -47,8 +47,9 @@ void frmCorvane::showKeepingState(const QString& failure) {
     // An "&" of the reason is no mnemonic.
     item->setText(tr("&Recover (not kept: %1)...").arg(QString(failure).replace('&', "&&")));
     autoKeep_->noteState();
-    showTip(
-        tr("What is not saved cannot be kept for File, Recover: %1").arg(failure).toStdString());
+    // Whether or not tips are switched on.
+    txtTips_->setText(tr("What is not saved cannot be kept for File, Recover: %1").arg(failure));
+    txtTips_->setCursorPosition(0);
 }
 
 void frmCorvane::keepUnsaved() {

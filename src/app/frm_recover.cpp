@@ -171,7 +171,10 @@ void frmRecover::copySelected() {
         const ModelText text = keeper_->read(*entry);
         const std::optional<std::string> path =
             dialogs_.saveFile({"Save a Copy", kModelFilter, copyPath(entry->modelPath)});
-        if (path) replaceFile(*path, std::array{text.view()});
+        if (!path) return;
+        const SharedBase replaced = ModelDocument::textOf(*path);
+        replaceFile(*path, std::array{text.view()});
+        if (replaced != nullptr) keeper_->keepReplaced(replaced, *path);
     } catch (const std::exception& error) {
         dialogs_.messageBox(kErrorCaption, std::string("The copy was not written.\n") +
                                                error.what() + "\n\nChoose another name or folder.");

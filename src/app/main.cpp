@@ -58,5 +58,8 @@ int main(int argc, char** argv) {
     });
     window.show();
     window.start();
-    return QApplication::exec();
+    const int code = QApplication::exec();
+    // While a signal still ends the program in order.
+    keeper.finish();
+    return code;
 }

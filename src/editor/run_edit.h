@@ -48,7 +48,13 @@ template <class Change>
 bool runEdit(Editor& editor, const StepTaken& taken, Change change,
              Show what = Show::ViewsThenButtons) {
     if (!beginEdit(editor, taken)) return false;
-    change(static_cast<Geoset&>(editor.store));
+    try {
+        change(static_cast<Geoset&>(editor.store));
+    } catch (...) {
+        // Half of it may be there: that counts, and Undo takes it back.
+        endEdit(editor, taken.step.kind(), what);
+        throw;
+    }
     endEdit(editor, taken.step.kind(), what);
     return true;
 }

@@ -134,6 +134,9 @@ void Keeper::perform(const Work& work) {
         }
         tell("");
     } catch (const std::exception& error) {
+        // What could not be kept is in memory no longer: the entry of the edits before it, which
+        // holds nearly the same, must not go with the next one's.
+        if (work.snapshot && work.because != KeptBecause::Editing) editing_.reset();
         tell(error.what());
     }
 }

@@ -181,6 +181,8 @@ void makeKeptFolder(const std::string& folder) {
     if (::mkdir(folder.c_str(), 0700) == 0) return;
     if (errno != EEXIST) throw FileError(folder, errno);
     if (!fs::is_directory(folder, error)) throw FileError(folder, ENOTDIR);
+    // Models are nobody else's business. Where that cannot be had, keeping counts for more.
+    [[maybe_unused]] const int mode = ::chmod(folder.c_str(), 0700);
 }
 
 std::string keptModelPath(const std::string& folder, const std::string& name) {

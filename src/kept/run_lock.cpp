@@ -42,7 +42,9 @@ void RunLock::hold() {
     fd_ = ::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (fd_ < 0) throw FileError(path_, errno);
     // Where the file system knows no locks, the entries count as those of a run that has ended.
-    [[maybe_unused]] const int locked = ::flock(fd_, LOCK_EX | LOCK_NB);
+    // Another program that looks whether this one lives holds it for a moment.
+    while (::flock(fd_, LOCK_EX) != 0 && errno == EINTR) {
+    }
 }
 
 bool isRunAlive(const std::string& folder, const std::string& run) {

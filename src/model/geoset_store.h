@@ -17,9 +17,7 @@ struct GeosetStore : Geoset, ModelDocument {
     bool neutralRowsSaid = false;
 
     /// Whether something was changed that no save has written.
-    bool isModified() const {
-        return revisions.isModified() || hasUnsavedRemoval() || hasUnsavedText();
-    }
+    bool isModified() const { return revisions.isModified() || hasUnsavedText(); }
 
     /// Takes a geoset that was read as the edited one.
     void takeGeoset(Geoset geoset, int number);

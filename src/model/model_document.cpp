@@ -72,24 +72,20 @@ void ModelDocument::open(const std::string& path, SharedBase text, const FileSta
     modelPath = std::move(model);
     stampedPath_ = std::move(stamped);
     stamp_ = stamp;
-    unsavedRemoval_ = unsavedText_ = false;
     target_ = Target::Chosen;
 }
 
-std::optional<FileStamp> ModelDocument::knownStamp() const {
-    return modelPath == stampedPath_ ? stamp_ : std::nullopt;
+SharedBase ModelDocument::textOf(const std::string& path) {
+    try {
+        return std::make_shared<const ModelBase>(readModelFile(path), std::vector<ModelBlock>());
+    } catch (const FileError&) {
+        return nullptr;  // what cannot be read cannot be kept
+    }
 }
 
 SharedBase ModelDocument::textThatASaveReplaces() const {
-    const std::optional<FileStamp> there = stampOf(savePath);
-    if (!there) return nullptr;
-    if (savePath == stampedPath_ && there == stamp_) return fileBase_;
-    try {
-        return std::make_shared<const ModelBase>(readModelFile(savePath),
-                                                 std::vector<ModelBlock>());
-    } catch (const FileError&) {
-        return nullptr;  // what cannot be read cannot be kept; the save itself tells of it
-    }
+    const bool isKnown = fileBase_ && savePath == stampedPath_ && stampOf(savePath) == stamp_;
+    return isKnown ? fileBase_ : textOf(savePath);
 }
 
 bool ModelDocument::isChangedOutside() const {
@@ -103,7 +99,6 @@ void ModelDocument::writeText(std::string_view text) {
     // Taken before the file has its name: what another program does to it then is noticed.
     stamp_ = replaceFile(savePath, std::array{text});
     stampedPath_ = std::move(stamped);
-    unsavedRemoval_ = unsavedText_ = false;
     target_ = Target::Chosen;
     ++writes_;
 }
@@ -138,7 +133,7 @@ void ModelDocument::removeGeoset(const PiecedText& text) {
     PendingFile prepared = prepareWorkingCopy(modelPath, without->text.view());
     placeWorkingCopy(prepared, workPathFor(modelPath));
     removedFrom_ = std::exchange(base_, std::move(without));
-    geosetRemoved_ = unsavedRemoval_ = true;
+    geosetRemoved_ = true;
 }
 
 bool ModelDocument::isWorkingCopyOwn() const {

@@ -61,9 +61,10 @@ public:
     /// The same to be kept beyond that; null before a model was open.
     const SharedBase& sharedBase() const { return base_; }
 
-    /// The stamp of the model file when it was last read or written here; nothing where that was
-    /// another file.
-    std::optional<FileStamp> knownStamp() const;
+    /// The model file that was last read or written here, and its stamp then. It is not modelPath
+    /// where a save to that failed, or a new model was made there.
+    const std::string& filePath() const { return stampedPath_; }
+    const std::optional<FileStamp>& knownStamp() const { return stamp_; }
 
     /// Whether a geoset was removed from the text and none has been read since: then the geoset in
     /// memory is not in it.
@@ -73,15 +74,14 @@ public:
     /// the one that it was removed from.
     const SharedBase& geosetBase() const { return geosetRemoved_ ? removedFrom_ : base_; }
 
-    /// What the file at savePath holds; null where there is none, or none that can be read.
+    /// What a file holds, without its blocks; null where there is none, or none that can be read.
+    static SharedBase textOf(const std::string& path);
+    /// What the file at savePath holds; likewise.
     SharedBase textThatASaveReplaces() const;
 
-    /// Whether a geoset was removed from the text and no save has written it since.
-    bool hasUnsavedRemoval() const { return unsavedRemoval_; }
-
     /// Whether the text in memory is one that no file at modelPath holds, whatever is edited in it.
-    bool hasUnsavedText() const { return unsavedText_; }
-    void noteTextUnsaved() { unsavedText_ = true; }
+    bool hasUnsavedText() const { return base_ != fileBase_; }
+    void noteTextUnsaved() { fileBase_.reset(); }
 
     /// What stands at the path that the next save writes to.
     enum class Target : std::uint8_t { Chosen, NewTemplate };
@@ -147,9 +147,7 @@ private:
     SharedBase fileBase_;     // what the file held when it was last read or written
     SharedBase removedFrom_;  // while the geoset in memory is removed
     bool geosetRemoved_ = false;
-    bool unsavedRemoval_ = false;
     Target target_ = Target::Chosen;
-    bool unsavedText_ = false;
     std::uint64_t writes_ = 0;
     std::string stampedPath_;         // the model file when the stamp was taken
     std::optional<FileStamp> stamp_;  // of the model file

@@ -225,6 +225,8 @@ void PendingFile::commit() {
     if (inPlace_) {
         writeInPlace();
     } else {
+        // Some file systems give a file its time only when it is closed.
+        if (const std::optional<FileStamp> closed = stampOf(side_)) stamp_ = *closed;
         check(path_, files::rename(side_, target_));
         side_.clear();
     }

@@ -1,4 +1,4 @@
-// Puts a model together again: the working copy's text with the edited geoset's sections written
+// Puts a model together again: a model's text with the edited geoset's sections written
 // anew in their place. Everything else is passed through as byte ranges.
 #pragma once
 

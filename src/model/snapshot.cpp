@@ -26,14 +26,15 @@ Geoset withRowsAsRead(Geoset geoset) {
 Snapshot snapshotOf(const GeosetStore& store) {
     return {.base = store.geosetBase(),
             .geosetNumber = store.geosetNumber,
-            .modelPath = store.modelPath,
+            .modelPath = store.filePath().empty() ? store.modelPath : store.filePath(),
             .geoset = static_cast<const Geoset&>(store),
             .stamp = store.knownStamp()};
 }
 
-void mergeTexture(Snapshot& snapshot, std::span<const double> u, std::span<const double> v) {
+void mergeTexture(Snapshot& snapshot, std::span<const double> u, std::span<const double> v,
+                  std::size_t most) {
     std::vector<VertexRecord>& vertices = snapshot.geoset.Vertices;
-    const std::size_t count = std::min({vertices.size(), u.size(), v.size()});
+    const std::size_t count = std::min({vertices.size(), u.size(), v.size(), most});
     for (std::size_t i = 0; i < count; ++i) {
         vertices[i].tu = u[i];
         vertices[i].tv = v[i];

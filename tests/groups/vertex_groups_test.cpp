@@ -94,7 +94,9 @@ TEST_F(AssignVertexGroupTest, AnAnswerThatIsNoNumberIsAskedAgain) {
     select({1});
     answer({"abc", " ", "32768", "-40000", "2.6"});
     assignVertexGroup(editor);
-    EXPECT_EQ(dialogs.asked.size(), 5U);
+    ASSERT_EQ(dialogs.asked.size(), 7U);
+    EXPECT_EQ(dialogs.asked[3].kind, "message");
+    EXPECT_EQ(dialogs.asked[3].text, "A vertex group is a whole number from -32768 to 32767.");
     EXPECT_EQ(vertex(1).group, 3);
 }
 
@@ -196,7 +198,8 @@ TEST_F(SelectByVertexGroupTest, OneBoxAsksForTheGroup) {
 TEST_F(SelectByVertexGroupTest, AnAnswerThatIsNoNumberIsAskedAgain) {
     answer({"", "abc", "32768", "4.6"});
     selectByVertexGroup(editor);
-    EXPECT_EQ(dialogs.asked.size(), 4U);
+    EXPECT_EQ(dialogs.asked.size(), 5U);
+    EXPECT_EQ(dialogs.asked[3].kind, "message");
     EXPECT_EQ(selected(), (std::vector<int>{4}));
 }
 

@@ -1,6 +1,8 @@
 // Whatever a command would drop is handed to the way back first, as a save would have written it.
 #include "editor/way_back.h"
 
+#include <limits>
+
 #include "edit/commands/drag_transforms.h"
 #include "model/commands/merge_geoset.h"
 #include "model/commands/new_model.h"
@@ -174,6 +176,33 @@ TEST_F(WayBackTest, TheNewModelThatTheOpenOneIsWrittenOverIsKept) {
     save();
     EXPECT_EQ(readFile(box), edited());
     expectKept({{KeptBecause::Replaced, box, empty}});
+}
+
+TEST_F(WayBackTest, NewOverTheOpenModelsOwnFileKeepsItAndLeavesItUnsaved) {
+    const std::string path = openNew("three.mdl", modelOf(threeGeosets()), "2");
+    dialogs.files.push_back(path);
+    newModel(editor);
+    expectKept({{KeptBecause::Replaced, path, modelOf(threeGeosets())}});
+    EXPECT_TRUE(store().isModified());
+}
+
+TEST_F(WayBackTest, AfterAFailedSaveTheModelIsKeptUnderTheNameOfItsFile) {
+    const std::string path = openAndEdit();
+    saveAs(folder.path("missing/new.mdl"));
+    open(folder.write("other.mdl", modelOf({.geosets = {squareAt("5")}})));
+    expectKept({{KeptBecause::AnotherOpened, path, edited()}});
+}
+
+TEST_F(WayBackTest, ASaveAfterAFailedOneOntoAnotherFileAsks) {
+    openAndEdit();
+    const std::string other = folder.write("other.mdl", "// of the other\n");
+    vertex(1).pos[0] = std::numeric_limits<double>::infinity();
+    saveAs(other);
+    vertex(1).pos[0] = 1;
+    dialogs.yesNos.push_back(false);
+    save();
+    EXPECT_EQ(askedKinds(), "yesno");
+    EXPECT_EQ(readFile(other), "// of the other\n");
 }
 
 }  // namespace

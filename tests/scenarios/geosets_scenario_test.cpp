@@ -131,7 +131,7 @@ menu mnuSave
 
 TEST_F(GeosetsScenario, RemovingTheLastGeosetSavesWithoutAQuestion) {
     folder.write("hero.mdl", threeGeosets());
-    const Played played = playAll(openGeoset(3) + kRemove + "menu mnuSave\n");
+    const Played played = playAll(openGeoset(3) + kRemove + "answer message ok\nmenu mnuSave\n");
     EXPECT_EQ(readFile(folder.path("hero.mdl")),
               modelHead() + triangleGeoset(0) + squareGeoset(1) + geosetAnim(0) + geosetAnim(1) +
                   bone("A", "0", "0") + bone("B", "1", "1") + bone("C", "Multiple", "None"));
@@ -202,8 +202,9 @@ dump
 TEST_F(GeosetsScenario, ARemovedGeosetWithNothingLeftIsNotWrittenOverAnother) {
     folder.write("hero.mdl", threeGeosets());
     const Played played = playAll(openGeoset(2) + "menu mnuSelectAll\npress cmdDelete\n" + kRemove +
-                                  "answer message yes\nmenu mnuSave\n");
-    EXPECT_EQ(played.dialogs().back(), overwriteQuestion(2) + "yes");
+                                  "answer message yes\nanswer message ok\nmenu mnuSave\n");
+    const Lines dialogs = played.dialogs();
+    EXPECT_EQ(dialogs.at(dialogs.size() - 2), overwriteQuestion(2) + "yes");
     EXPECT_EQ(readFile(folder.path("hero.mdl")), withoutSecond());
 }
 

@@ -216,6 +216,7 @@ TEST_F(OpenScenario, AFileWithoutAGeosetLeavesTheStoreEmpty) {
     folder.write("anims.mdl", text);
     const Played played = playAll(R"(
 answer file "$DIR/anims.mdl"
+answer message ok
 menu mnuOpen
 dump
 answer message ok

@@ -238,6 +238,7 @@ menu mnuVertGroupOfSel
 answer input ""
 menu mnuAssignVertexGroup
 answer input "40000"
+answer message ok
 answer input "5"
 menu mnuAssignVertexGroup
 answer message ok
@@ -264,7 +265,9 @@ menu mnuSave
     EXPECT_NE(dialogs[1].find("No vertex groups in selection"), std::string::npos);
     EXPECT_NE(dialogs[2].find("Vertex group(s) 0, and 1 were selected."), std::string::npos);
     EXPECT_EQ(dialogs[4], "input|Assign Vertex Group|Vertex group|40000");
-    EXPECT_NE(dialogs[6].find("Vertex group(s) 5 were selected."), std::string::npos);
+    EXPECT_EQ(dialogs[5],
+              "message|Error|A vertex group is a whole number from -32768 to 32767.|ok");
+    EXPECT_NE(dialogs[7].find("Vertex group(s) 5 were selected."), std::string::npos);
     EXPECT_EQ(selected(played.dump(0)), "4");
     EXPECT_EQ(selected(played.dump(1)), "2 3 4");
     EXPECT_EQ(selected(played.dump(2)), "2 3");
@@ -282,6 +285,7 @@ answer input cancel
 menu mnuAddMatrix
 answer input "x"
 answer input "40000"
+answer message ok
 answer input "12"
 answer input "13"
 answer input ""

@@ -95,18 +95,25 @@ TEST_F(MarkerToolsTest, ThreeBoxesAskForZThenXThenY) {
     }
 }
 
-TEST_F(MarkerToolsTest, CancelOrAnAnswerThatIsNoNumberAbandonsTheAddition) {
-    for (const std::optional<std::string>& wrong :
-         {std::optional<std::string>(), std::optional<std::string>(""),
-          std::optional<std::string>("abc"), std::optional<std::string>("1,5")}) {
-        add({wrong});
-        EXPECT_EQ(dialogs.asked.size(), 1U);
-        add({"1", wrong});
-        EXPECT_EQ(dialogs.asked.size(), 2U);
-        add({"1", "2", wrong});
-        EXPECT_EQ(dialogs.asked.size(), 3U);
-        EXPECT_EQ(used(), std::vector<int>{});
-    }
+TEST_F(MarkerToolsTest, CancelAbandonsTheAddition) {
+    add({std::nullopt});
+    EXPECT_EQ(dialogs.asked.size(), 1U);
+    add({"1", std::nullopt});
+    EXPECT_EQ(dialogs.asked.size(), 2U);
+    add({"1", "2", std::nullopt});
+    EXPECT_EQ(dialogs.asked.size(), 3U);
+    EXPECT_EQ(used(), std::vector<int>{});
+}
+
+TEST_F(MarkerToolsTest, AnAnswerThatIsNoNumberGetsAMessageAndIsAskedAgain) {
+    add({"", "abc", "1,5", "1", "1e999", "2", "3"});
+    ASSERT_EQ(dialogs.asked.size(), 11U);
+    EXPECT_EQ(dialogs.asked[1].kind, "message");
+    EXPECT_EQ(dialogs.asked[1].title, "Error");
+    EXPECT_EQ(dialogs.asked[1].text,
+              "A coordinate is a number within the range of a double, such as 1.5. Cancel adds no "
+              "marker.");
+    EXPECT_EQ(marker(1), (Triple{2, 3, 1}));
 }
 
 TEST_F(MarkerToolsTest, AnAbandonedAdditionLeavesTheMarkerInTheLastSlot) {

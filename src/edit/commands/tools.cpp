@@ -47,7 +47,12 @@ void deleteSelection(Editor& editor) {
     if (!editor.store.modelLoaded) return;
     constexpr Step kDelete = "Delete";
     deleteSelected(editor.store);
-    pushUndo(editor, kDelete);
+    try {
+        pushUndo(editor, kDelete);
+    } catch (...) {
+        endEdit(editor, kDelete.kind(), Show::ViewsThenButtons);
+        throw;
+    }
     endEdit(editor, kDelete.kind(), Show::ViewsThenButtons);
 }
 

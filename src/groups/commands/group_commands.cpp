@@ -15,6 +15,20 @@ namespace {
 
 constexpr std::size_t kAskedBones = kStoredBones + 1;  // the last answer is dropped
 
+// An answer as a whole number; a message where it is one that cannot be stored, whose range `range`
+// says.
+std::optional<std::int16_t> storable(Editor& editor, const std::string& answer, const char* range) {
+    const std::optional<std::int16_t> number = toInt16(answer, editor.userNumbers);
+    if (!number && parseUserNumber(answer, editor.userNumbers)) {
+        editor.dialogs.messageBox(kErrorCaption, range);
+    }
+    return number;
+}
+
+constexpr const char* kGroupRange = "A vertex group is a whole number from -32768 to 32767.";
+constexpr const char* kBoneRange =
+    "A control bone is a whole number from -32768 to 32767, but not -1, which marks an unused row.";
+
 // The number of a bone; nothing for an empty answer. Asks again until it is one of the two. The
 // number that stands for an unused row is none: that bone, and those after it, would be lost.
 std::optional<std::int16_t> askForBone(Editor& editor, std::size_t k) {
@@ -23,8 +37,9 @@ std::optional<std::int16_t> askForBone(Editor& editor, std::size_t k) {
             "Control bone " + std::to_string(k) + "\r\nClick cancel to stop adding control bones.",
             "New Matrix", "");
         if (!answer || answer->empty()) return std::nullopt;
-        const std::optional<std::int16_t> bone = toInt16(*answer, editor.userNumbers);
+        const std::optional<std::int16_t> bone = storable(editor, *answer, kBoneRange);
         if (bone && *bone != kNoMatrix) return bone;
+        if (bone) editor.dialogs.messageBox(kErrorCaption, kBoneRange);
     }
 }
 
@@ -36,7 +51,7 @@ void assignVertexGroup(Editor& editor) {
         const std::optional<std::string> answer =
             editor.dialogs.inputBox("Vertex group", "Assign Vertex Group", "0");
         if (!answer || answer->empty()) return;
-        group = toInt16(*answer, editor.userNumbers);
+        group = storable(editor, *answer, kGroupRange);
     }
     // The views do not show groups.
     runEdit(
@@ -50,7 +65,7 @@ void selectByVertexGroup(Editor& editor) {
         const std::optional<std::string> answer =
             editor.dialogs.inputBox("Vertex group to select", "Select by Vertex Group", "");
         if (!answer) return;
-        group = toInt16(*answer, editor.userNumbers);
+        group = storable(editor, *answer, kGroupRange);
     }
     runChange(editor, Show::Views,
               [&](Editor&) { selectGroup(editor.store, *group, editor.modes.selectMode); });

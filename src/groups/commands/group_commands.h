@@ -5,8 +5,9 @@
 
 namespace corvane {
 
-/// Asks for a group number until it is one of 16 signed bits, and gives it to the selected
-/// vertices, deleted ones included. An empty answer or Cancel changes nothing.
+/// Asks for a group number until it is one of 16 signed bits (a message names the range where it is
+/// beyond), and gives it to the selected vertices, deleted ones included. An empty answer or Cancel
+/// changes nothing.
 void assignVertexGroup(Editor& editor);
 
 /// Asks for a group number and selects its vertices that are not deleted, as the selection mode

@@ -62,6 +62,8 @@ void newModel(Editor& editor) {
         askSavePath(editor, "New Model", freePath(folder, "untitled", ".mdl"));
     if (!path) return;
     const std::array<std::string_view, 1> pieces = {templateModel()};
+    const SharedBase replaced = editor.wayBack == nullptr ? nullptr : ModelDocument::textOf(*path);
+    const bool isOpenModel = store.modelLoaded && isSameFile(*path, store.filePath());
     try {
         replaceFile(*path, pieces);
     } catch (const FileError& error) {
@@ -70,6 +72,8 @@ void newModel(Editor& editor) {
                                                      "\n\nChoose another name or folder.");
         return;
     }
+    if (replaced != nullptr) editor.wayBack->keepReplaced(replaced, *path);
+    if (isOpenModel) store.noteTextUnsaved();  // no file holds it any more
     store.setTarget(*path, ModelDocument::Target::NewTemplate);
     show(editor, Show::Buttons);
 }

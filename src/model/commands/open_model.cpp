@@ -100,6 +100,12 @@ std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
     }
 }
 
+OpenOutcome readAndMakeCurrent(Editor& editor, const std::string& path) {
+    const std::optional<ReadModel> model = readModel(editor, path);
+    if (!model) return {};
+    return {.picked = makeCurrent(editor, path, *model)};
+}
+
 OpenOutcome openForMerge(Editor& editor, const std::string& path) {
     const std::optional<ReadModel> model = readModel(editor, path);
     if (!model) return {};
@@ -224,24 +230,18 @@ std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
 }
 
 OpenOutcome openPath(Editor& editor, const std::string& path) {
-    OpenOutcome outcome = withoutSelecting(editor, [&]() -> OpenOutcome {
-        const std::optional<ReadModel> model = readModel(editor, path);
-        if (!model) return {};
-        return {.picked = makeCurrent(editor, path, *model)};
-    });
+    const OpenOutcome outcome =
+        withoutSelecting(editor, [&] { return readAndMakeCurrent(editor, path); });
     showOpened(editor, outcome);
     return outcome;
 }
 
 OpenOutcome openModel(Editor& editor, bool openMode) {
-    OpenOutcome outcome = withoutSelecting(editor, [&]() -> OpenOutcome {
+    const OpenOutcome outcome = withoutSelecting(editor, [&]() -> OpenOutcome {
         const std::optional<std::string> path =
             editor.dialogs.openFile(kModelFilter, editor.store.modelPath);
         if (!path) return {.cancelled = true, .picked = {}};
-        if (!openMode) return openForMerge(editor, *path);
-        const std::optional<ReadModel> model = readModel(editor, *path);
-        if (!model) return {};
-        return {.picked = makeCurrent(editor, *path, *model)};
+        return openMode ? readAndMakeCurrent(editor, *path) : openForMerge(editor, *path);
     });
     if (openMode) showOpened(editor, outcome);
     return outcome;
@@ -250,6 +250,7 @@ OpenOutcome openModel(Editor& editor, bool openMode) {
 void openCommand(Editor& editor) { openModel(editor, true); }
 
 void switchGeoset(Editor& editor) {
+    if (!editor.store.modelLoaded) return;
     // From the text in memory and not from the model file: they hold the same, but where they do
     // not (after a geoset was removed, or another program wrote the model) a save goes by its
     // numbers.

@@ -55,7 +55,7 @@ OpenOutcome openModel(Editor& editor, bool openMode);
 void openCommand(Editor& editor);
 
 /// The command Switch Geoset: chooses and reads another geoset of the current model. Edits that
-/// were not saved are lost.
+/// were not saved are kept.
 void switchGeoset(Editor& editor);
 
 /// Chooses a geoset of the current model, reads it into the store, which clears the undo history,
@@ -70,7 +70,7 @@ void takeIntoStore(Editor& editor, Geoset geoset, int geosetNumber);
 /// is a comma.
 void startUp(Editor& editor);
 
-/// When the main window closes: deletes the working copy. Edits not saved are lost.
+/// When the main window closes: deletes the working copy. Edits not saved are kept by the window.
 void closeModel(Editor& editor);
 
 }  // namespace corvane

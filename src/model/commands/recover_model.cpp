@@ -27,8 +27,8 @@ void makeCurrent(Editor& editor, const KeptModel& kept) {
     PendingFile workingCopy = prepareWorkingCopy(kept.modelPath, base->text.view());
     // A stamp that no file has: whatever stands in the model's place now, a save asks.
     editor.store.open(kept.modelPath, base, kept.stamp.value_or(FileStamp{}), workingCopy);
-    takeIntoStore(editor, std::move(geoset), number);
     editor.store.noteTextUnsaved();
+    takeIntoStore(editor, std::move(geoset), number);
 }
 
 }  // namespace

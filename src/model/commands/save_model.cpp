@@ -247,7 +247,6 @@ void writeGeoset(Editor& editor, bool singleGeoset) {
     NeutralRows neutral;
     const std::optional<PiecedText> text = compose(editor, singleGeoset, neutral);
     if (!text) return;
-    if (singleGeoset) keepUnsaved(editor, KeptBecause::GeosetSaved);
     const auto write = singleGeoset ? &ModelDocument::write : &ModelDocument::writeGeoset;
     if (!writeText(editor, *text, write)) return;
     store.noteGeosetRead();
@@ -332,6 +331,7 @@ void askAndWrite(Editor& editor, bool singleGeoset, const std::string& title,
     GeosetStore& store = editor.store;
     const std::optional<std::string> path = askSavePath(editor, title, proposed);
     if (!path || !mayRemoveEmptied(editor, singleGeoset)) return;
+    if (singleGeoset) keepUnsaved(editor, KeptBecause::GeosetSaved);
     store.setTarget(*path, ModelDocument::Target::Chosen);
     store.savePath = *path;
     writeModel(editor, singleGeoset);
@@ -356,6 +356,14 @@ void askAndSave(Editor& editor) {
         return;
     }
     store.savePath = store.modelPath;
+    if (!store.isTargetNew() && store.modelPath != store.filePath() &&
+        stampOf(store.modelPath).has_value() &&
+        !editor.dialogs.yesNo(kWarningCaption,
+                              store.modelPath +
+                                  " is not the file that the open model came from: an earlier save "
+                                  "to it failed. Saving replaces what it holds. Save?")) {
+        return;
+    }
     if (store.isChangedOutside() &&
         !editor.dialogs.yesNo(kWarningCaption,
                               store.modelPath +

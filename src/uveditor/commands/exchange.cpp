@@ -98,9 +98,9 @@ void setUndone(UVEditor& uv, const Editor& editor, bool undone) {
 
 // Texture coordinates that nothing else holds are about to be replaced.
 void keepTexture(const UVState& uv, Editor& editor) {
-    if (!uv.unsaved || editor.wayBack == nullptr || isOfOthers(uv, editor.store)) return;
+    if (!uv.unsaved || editor.wayBack == nullptr || !isTakenFrom(uv, editor.store)) return;
     Snapshot snapshot = snapshotOf(editor.store);
-    mergeTexture(snapshot, uv.data.u, uv.data.v);
+    mergeTexture(snapshot, uv.data.u, uv.data.v, uv.same);
     editor.wayBack->keep(std::move(snapshot), KeptBecause::TextureDropped);
 }
 

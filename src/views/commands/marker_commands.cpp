@@ -18,11 +18,19 @@ void addMarker(Editor& editor) {
         {{"Z (front/back)", Axis::Z}, {"X (left/right)", Axis::X}, {"Y (up/down)", Axis::Y}}};
     Triple pos{};
     for (const Question& question : kQuestions) {
-        const std::optional<std::string> answer =
-            editor.dialogs.inputBox(question.prompt, "Add marker", "0");
-        const std::optional<double> number =
-            parseUserNumber(answer.value_or(""), editor.userNumbers);
-        if (!number) return;
+        std::optional<double> number;
+        while (!number) {
+            const std::optional<std::string> answer =
+                editor.dialogs.inputBox(question.prompt, "Add marker", "0");
+            if (!answer) return;
+            number = parseUserNumber(*answer, editor.userNumbers);
+            if (!number) {
+                editor.dialogs.messageBox(
+                    kErrorCaption,
+                    "A coordinate is a number within the range of a double, such as " +
+                        formatUserNumber(1.5, editor.userNumbers) + ". Cancel adds no marker.");
+            }
+        }
         pos[slotOf(question.axis)] = *number;
     }
     runChange(editor, Show::Nothing, [&](Editor& e) { placeMarker(e.markers, pos); });

@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// Asks for three coordinates and adds a marker there. Cancel, or an answer that is no number,
-/// abandons the whole addition. Adding markers draws nothing.
+/// Asks for three coordinates and adds a marker there. An answer that is no number gets a message
+/// and is asked again; Cancel abandons the whole addition. Adding markers draws nothing.
 void addMarker(Editor& editor);
 
 /// Adds a marker at the selection's centre.
