@@ -182,7 +182,9 @@ void makeKeptFolder(const std::string& folder) {
     if (errno != EEXIST) throw FileError(folder, errno);
     if (!fs::is_directory(folder, error)) throw FileError(folder, ENOTDIR);
     // Models are nobody else's business. Where that cannot be had, keeping counts for more.
-    [[maybe_unused]] const int mode = ::chmod(folder.c_str(), 0700);
+    struct stat status {};
+    if (::stat(folder.c_str(), &status) != 0 || (status.st_mode & 077U) == 0) return;
+    [[maybe_unused]] const int changed = ::chmod(folder.c_str(), status.st_mode & 0700U);
 }
 
 std::string keptModelPath(const std::string& folder, const std::string& name) {

@@ -43,9 +43,11 @@ TEST_F(SnapshotTest, HoldsTheModelWhateverIsEditedAfterwards) {
     EXPECT_EQ(snapshot.geosetNumber, 1);
 }
 
-TEST_F(SnapshotTest, KnowsNoStampOfAnotherFile) {
-    store.modelPath = folder.path("other.mdl");
-    EXPECT_EQ(snapshotOf(store).stamp, std::nullopt);
+TEST_F(SnapshotTest, IsOfTheFileThatTheModelCameFromWhereverASaveWouldGo) {
+    const std::string path = store.modelPath;
+    store.modelPath = path + "other";
+    EXPECT_EQ(snapshotOf(store).modelPath, path);
+    EXPECT_EQ(snapshotOf(store).stamp, stampOf(path));
 }
 
 TEST_F(SnapshotTest, TakesTextureCoordinatesAsFarAsBothReach) {

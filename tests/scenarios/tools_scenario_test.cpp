@@ -324,6 +324,8 @@ answer input "1"
 answer input cancel
 menu mnuAddMarker
 answer input "east"
+answer message ok
+answer input cancel
 menu mnuAddMarker
 menu mnuAddMarkerAtSelection
 menu mnuAddMarkerGraphically
