@@ -230,14 +230,14 @@ std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
 }
 
 OpenOutcome openPath(Editor& editor, const std::string& path) {
-    const OpenOutcome outcome =
+    OpenOutcome outcome =
         withoutSelecting(editor, [&] { return readAndMakeCurrent(editor, path); });
     showOpened(editor, outcome);
     return outcome;
 }
 
 OpenOutcome openModel(Editor& editor, bool openMode) {
-    const OpenOutcome outcome = withoutSelecting(editor, [&]() -> OpenOutcome {
+    OpenOutcome outcome = withoutSelecting(editor, [&]() -> OpenOutcome {
         const std::optional<std::string> path =
             editor.dialogs.openFile(kModelFilter, editor.store.modelPath);
         if (!path) return {.cancelled = true, .picked = {}};
