@@ -11,6 +11,14 @@
 
 namespace corvane {
 
+/// Whether the checks can be made at all: under its sanitizers GCC takes no comparison of a
+/// function's address for a constant. Any other build checks the same tables.
+#ifdef __SANITIZE_ADDRESS__
+inline constexpr bool kChecksTables = false;
+#else
+inline constexpr bool kChecksTables = true;
+#endif
+
 /// The letter that a caption underlines, a capital; 0 where it underlines none.
 constexpr char mnemonicOf(std::string_view caption) {
     for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
