@@ -8,6 +8,7 @@
 #include "editor/keep_unsaved.h"
 #include "editor/run_edit.h"
 #include "model/commands/open_model.h"
+#include "model/commands/replaced_text.h"
 #include "model/geoset_reader.h"
 #include "model/geoset_removal.h"
 #include "model/geoset_sections.h"
@@ -78,29 +79,11 @@ void renewWorkingCopy(Editor& editor) {
     }
 }
 
-// What a save replaces, to be kept once it is replaced.
-class Replaced {
-public:
-    explicit Replaced(Editor& editor)
-        : editor_(editor),
-          text_(editor.wayBack == nullptr ? nullptr : editor.store.textThatASaveReplaces()) {}
-
-    void keep() const {
-        const ModelDocument& document = editor_.store;
-        if (text_ == nullptr || text_->text.view() == document.base().text.view()) return;
-        editor_.wayBack->keepReplaced(text_, document.savePath);
-    }
-
-private:
-    Editor& editor_;
-    SharedBase text_;
-};
-
 // Writes a text to the model file and makes it the text that later saves start from. `write` does
 // that.
 bool writeText(Editor& editor, const PiecedText& text,
                void (ModelDocument::*write)(const PiecedText&)) {
-    const Replaced replaced(editor);
+    const ReplacedText replaced(editor);
     try {
         (editor.store.*write)(text);
     } catch (const FileError& error) {
@@ -159,7 +142,7 @@ void removeEmptied(Editor& editor) {
 // Writes the text in memory to the model file as it is, without the geoset in memory.
 bool writeAsItIs(Editor& editor) {
     keepGeoset(editor, KeptBecause::LeftOut);
-    const Replaced replaced(editor);
+    const ReplacedText replaced(editor);
     try {
         editor.store.writeAsItIs();
     } catch (const FileError& error) {
