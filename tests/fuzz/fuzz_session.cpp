@@ -398,6 +398,8 @@ void checkSave(Session& session, const std::string& folder) {
     promiseSameAround(base, first, geosetNumber);
     checkSingleSave(session, folder + "/alone.mdl", expected);
 
+    // Faces that are counted, but not listed, are none for the next save, which removes the geoset.
+    if (expected.listedFaces.empty()) return;
     std::string second = savedAgain(path, geosetNumber, &expected);
     std::string again = first;
     if (expected.listedFaces.size() != expected.countedFaces) {
