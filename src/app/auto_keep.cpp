@@ -1,7 +1,10 @@
 #include "app/auto_keep.h"
 
+#include <array>
 #include <new>
 #include <utility>
+
+#include "uveditor/commands/exchange.h"
 
 namespace corvane {
 
@@ -14,7 +17,7 @@ constexpr int kDelay = 5000;
 }  // namespace
 
 AutoKeep::AutoKeep(QObject* parent, const Editor& editor, Keeper& keeper,
-                   std::function<const UVState*()> texture)
+                   std::function<const UVEditor*()> texture)
     : QObject(parent),
       editor_(editor),
       keeper_(keeper),
@@ -31,68 +34,93 @@ void AutoKeep::noteState() {
     if (!ended_ && editor_.store.modelLoaded && !tmrKeep_->isActive()) tmrKeep_->start();
 }
 
-const UVState* AutoKeep::unsavedTexture() const {
-    const UVState* const uv = texture_();
-    const bool isOurs =
-        uv != nullptr && uv->unsaved && uv->takenFrom == editor_.store.revisions.mesh();
-    return isOurs ? uv : nullptr;
+const UVEditor* AutoKeep::unsavedTexture(bool inMemory) const {
+    const UVEditor* const uv = texture_();
+    if (uv == nullptr || !uv->unsaved || isTakenFrom(*uv, editor_.store) != inMemory) {
+        return nullptr;
+    }
+    return inMemory || uv->leftMesh ? uv : nullptr;
 }
 
 bool AutoKeep::isUnsaved() const {
     const GeosetStore& store = editor_.store;
     return store.modelLoaded && store.sharedBase() &&
-           (store.isModified() || unsavedTexture() != nullptr);
+           (store.isModified() || unsavedTexture(true) != nullptr);
 }
 
 std::optional<Snapshot> AutoKeep::unsaved() const {
     if (!isUnsaved()) return std::nullopt;
-    Snapshot snapshot = snapshotOf(editor_.store);
-    if (const UVState* const uv = unsavedTexture()) {
-        mergeTexture(snapshot, uv->data.u, uv->data.v, uv->same);
-    }
-    return snapshot;
+    return snapshot(true);
 }
 
-AutoKeep::State AutoKeep::state() const {
-    State now{editor_.store.revisions.current(), editor_.store.sharedBase().get(), {}, {}};
-    if (const UVState* const uv = unsavedTexture()) {
+// Of the mesh in memory, or of the one that was there before.
+Snapshot AutoKeep::snapshot(bool inMemory) const {
+    const UVEditor* const uv = unsavedTexture(inMemory);
+    return uv != nullptr ? *corvane::unsavedTexture(*uv, editor_.store) : snapshotOf(editor_.store);
+}
+
+AutoKeep::State AutoKeep::state(bool inMemory) const {
+    State now;
+    now.removals = keeper_.removals();
+    if (inMemory) {
+        now.revision = editor_.store.revisions.current();
+        now.text = editor_.store.sharedBase().get();
+    }
+    if (const UVEditor* const uv = unsavedTexture(inMemory)) {
+        if (!inMemory) now.text = uv->leftMesh->base.get();
         now.u = uv->data.u;
         now.v = uv->data.v;
     }
     return now;
 }
 
-void AutoKeep::keepEdits() {
-    if (!isUnsaved()) {
+// Whether it was really handed over.
+bool AutoKeep::keepGoingOn(KeptBecause because) {
+    const bool inMemory = because == KeptBecause::Editing;
+    if (inMemory ? !isUnsaved() : unsavedTexture(false) == nullptr) {
         // Saved, or undone.
-        if (keeper_.holdsEditing()) keeper_.noteSaved();
-        return;
+        if (keeper_.holds(because)) keeper_.noteSettled(because);
+        return false;
     }
+    State now = state(inMemory);
+    if (keeper_.isWorking() && keeper_.holds(because) && now == editsKept_[because]) return false;
+    keeper_.keep(snapshot(inMemory), because);
+    editsKept_[because] = std::move(now);
+    return true;
+}
+
+void AutoKeep::keepEdits() {
+    const bool isWorking = keeper_.isWorking();
     try {
-        State now = state();
-        const bool isWorking = keeper_.isWorking();
-        if (isWorking && keeper_.holdsEditing() && now == editsKept_) return;
-        keeper_.keep(*unsaved(), KeptBecause::Editing);
-        editsKept_ = std::move(now);
-        if (!isWorking) noteState();  // tries again until it succeeds
+        const bool geoset = keepGoingOn(KeptBecause::Editing);
+        const bool texture = keepGoingOn(KeptBecause::TextureEditing);
+        if ((geoset || texture) && !isWorking) noteState();  // tries again until it succeeds
     } catch (const std::bad_alloc&) {
         noteState();  // there may be memory again
     }
 }
 
-void AutoKeep::keepNow(KeptBecause because) {
-    State now = state();
-    if (!isUnsaved() || (now == ownKept_ && keeper_.isWorking())) {
-        if (keeper_.holdsEditing()) keeper_.noteSaved();
+void AutoKeep::keepOwn(KeptBecause because, bool inMemory) {
+    const KeptBecause goingOn = inMemory ? KeptBecause::Editing : KeptBecause::TextureEditing;
+    const bool has = inMemory ? isUnsaved() : unsavedTexture(false) != nullptr;
+    State now = state(inMemory);
+    if (!has || (now == ownKept_[goingOn] && keeper_.isWorking())) {
+        if (keeper_.holds(goingOn)) keeper_.noteSettled(goingOn);
         return;
     }
-    keeper_.keep(*unsaved(), because);
-    ownKept_ = std::move(now);
+    keeper_.keep(snapshot(inMemory), because);
+    ownKept_[goingOn] = std::move(now);
+}
+
+void AutoKeep::keepNow(KeptBecause because) {
+    keepOwn(because, true);
+    keepOwn(KeptBecause::TextureDropped, false);
 }
 
 void AutoKeep::keepTexture() {
-    if (unsavedTexture() == nullptr) return;
-    keepNow(KeptBecause::TextureDropped);
+    const bool inMemory = unsavedTexture(true) != nullptr;
+    if (!inMemory && unsavedTexture(false) == nullptr) return;
+    keepOwn(KeptBecause::TextureDropped, inMemory);
     noteState();  // the edits go on
 }
 

@@ -4,12 +4,13 @@
 #include <QObject>
 #include <QTimer>
 #include <functional>
+#include <map>
 #include <optional>
 #include <vector>
 
 #include "editor/editor.h"
 #include "kept/keeper.h"
-#include "uveditor/uv_state.h"
+#include "uveditor/commands/uv_editor.h"
 
 namespace corvane {
 
@@ -17,27 +18,22 @@ class AutoKeep : public QObject {
     Q_OBJECT
 
 public:
-    /// `texture` gives the texture editor's state, null while there is none. All of these outlive
-    /// this object. The timer is a child of `parent`.
+    /// `texture` gives the texture editor, null while there is none. All of these outlive this
+    /// object. The timer is a child of `parent`.
     AutoKeep(QObject* parent, const Editor& editor, Keeper& keeper,
-             std::function<const UVState*()> texture);
+             std::function<const UVEditor*()> texture);
 
     /// After anything that may have been an edit: looks at it a few seconds later.
     void noteState();
 
-    /// Whether there is anything that no save has written, here or in the texture editor.
-    bool isUnsaved() const;
-
-    /// The texture editor's state where it has coordinates of the mesh in memory that Save Changes
-    /// has not written; else null.
-    const UVState* unsavedTexture() const;
-
-    /// A snapshot of that, with the texture editor's coordinates; nothing where all is saved.
+    /// A snapshot of the mesh in memory with the texture editor's coordinates of it; nothing where
+    /// all of that is saved.
     std::optional<Snapshot> unsaved() const;
 
-    /// Keeps what is unsaved in an entry of its own, at once, unless that holds it already.
+    /// Keeps what is unsaved in an entry of its own, at once, unless that holds it already; and
+    /// likewise the texture editor's coordinates of a mesh that was in memory before.
     void keepNow(KeptBecause because);
-    /// The same where the texture editor has coordinates that Save Changes has not written.
+    /// Keeps the texture editor's coordinates that Save Changes has not written.
     void keepTexture();
 
     /// Hands edits over without waiting for the timer.
@@ -53,19 +49,28 @@ private:
         const ModelBase* text = nullptr;
         std::vector<double> u;
         std::vector<double> v;
+        std::uint64_t removals = 0;  // of entries
 
         bool operator==(const State&) const = default;
     };
 
-    State state() const;
+    // The texture editor where it has coordinates that Save Changes has not written, of the mesh in
+    // memory or of one that was there before; else null.
+    const UVEditor* unsavedTexture(bool inMemory) const;
+    bool isUnsaved() const;
+    State state(bool inMemory) const;
+    bool keepGoingOn(KeptBecause because);
+    void keepOwn(KeptBecause because, bool inMemory);
+    Snapshot snapshot(bool inMemory) const;
 
     const Editor& editor_;
     Keeper& keeper_;
-    std::function<const UVState*()> texture_;
+    std::function<const UVEditor*()> texture_;
     QTimer* tmrKeep_;
     bool ended_ = false;
-    State editsKept_;  // in the entry of edits that go on
-    State ownKept_;    // in an entry of its own
+    // By the two kinds of edits that go on: in their entries, and in entries of their own.
+    std::map<KeptBecause, State> editsKept_;
+    std::map<KeptBecause, State> ownKept_;
 };
 
 }  // namespace corvane

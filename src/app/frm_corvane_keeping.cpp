@@ -11,7 +11,7 @@ namespace corvane {
 void frmCorvane::startKeeping() {
     if (keeper_ == nullptr) return;
     editor_.wayBack = keeper_;
-    autoKeep_ = std::make_unique<AutoKeep>(this, editor_, *keeper_, [this]() -> const UVState* {
+    autoKeep_ = std::make_unique<AutoKeep>(this, editor_, *keeper_, [this]() -> const UVEditor* {
         return textureEditor_ ? &textureEditor_->uv() : nullptr;
     });
     keeper_->onState([this](const std::string& failure) {
@@ -32,10 +32,7 @@ void frmCorvane::stopKeeping() {
 }
 
 bool frmCorvane::addUnsavedTexture(Snapshot& snapshot) {
-    const UVState* const uv = autoKeep_ ? autoKeep_->unsavedTexture() : nullptr;
-    if (uv == nullptr) return false;
-    mergeTexture(snapshot, uv->data.u, uv->data.v, uv->same);
-    return true;
+    return textureEditor_ && textureEditor_->addUnsavedTexture(snapshot);
 }
 
 void frmCorvane::showKeepingState(const QString& failure) {
@@ -69,13 +66,18 @@ void frmCorvane::showRecover() {
     if (!recoverWindow_) {
         recoverWindow_ = std::make_unique<frmRecover>(
             this, keeper_, editor_.dialogs,
-            [this](const KeptEntry& entry) { return openKeptEntry(entry); });
+            [this](const KeptEntry& entry) { return openKeptEntry(entry); },
+            [this](const std::string& path) { return clashesWithWorkingCopy(editor_, path); });
     }
     recoverWindow_->showEntries();
 }
 
 bool frmCorvane::openKeptEntry(const KeptEntry& entry) {
     const std::optional<Snapshot> before = autoKeep_->unsaved();
+    if (editor_.store.modelLoaded) {
+        Snapshot mesh = snapshotOf(editor_.store);
+        addUnsavedTexture(mesh);
+    }
     KeptModel kept{.text = {},
                    .modelPath = entry.modelPath,
                    .stamp = entry.stamp,

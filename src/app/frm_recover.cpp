@@ -41,11 +41,13 @@ QString timeText(const KeptEntry& entry) {
 }
 
 frmRecover::frmRecover(QWidget* parent, Keeper* keeper, Dialogs& dialogs,
-                       std::function<bool(const KeptEntry&)> open)
+                       std::function<bool(const KeptEntry&)> open,
+                       std::function<bool(const std::string&)> refuses)
     : QDialog(parent),
       keeper_(keeper),
       dialogs_(dialogs),
       open_(std::move(open)),
+      refuses_(std::move(refuses)),
       lstRecover_(new QTreeWidget(this)),
       pbxRecover_(new PictureBox(this)) {
     setObjectName("frmRecover");
@@ -171,7 +173,7 @@ void frmRecover::copySelected() {
         const ModelText text = keeper_->read(*entry);
         const std::optional<std::string> path =
             dialogs_.saveFile({"Save a Copy", kModelFilter, copyPath(entry->modelPath)});
-        if (!path) return;
+        if (!path || refuses_(*path)) return;
         const SharedBase replaced = ModelDocument::textOf(*path);
         replaceFile(*path, std::array{text.view()});
         if (replaced != nullptr) keeper_->keepReplaced(replaced, *path);

@@ -18,10 +18,12 @@ class frmRecover : public QDialog {
     Q_OBJECT
 
 public:
-    /// `open` makes an entry the current model and returns whether it did. `keeper` is null where
-    /// nothing is kept. All of these outlive the window.
+    /// `open` makes an entry the current model and returns whether it did; `refuses` tells, after a
+    /// message, whether no copy may be written to a path. `keeper` is null where nothing is kept.
+    /// All of these outlive the window.
     frmRecover(QWidget* parent, Keeper* keeper, Dialogs& dialogs,
-               std::function<bool(const KeptEntry&)> open);
+               std::function<bool(const KeptEntry&)> open,
+               std::function<bool(const std::string&)> refuses);
 
     /// Shows the window with what there is now.
     void showEntries();
@@ -38,6 +40,7 @@ private:
     Keeper* keeper_;
     Dialogs& dialogs_;
     std::function<bool(const KeptEntry&)> open_;
+    std::function<bool(const std::string&)> refuses_;
     QTreeWidget* lstRecover_;
     PictureBox* pbxRecover_;
     std::vector<QPushButton*> buttons_;  // those that need an entry

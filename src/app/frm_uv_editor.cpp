@@ -66,6 +66,10 @@ void frmUVEditor::showWith(UVData newData) {
     takeHandOver(uv_, main_, std::move(newData));
 }
 
+bool frmUVEditor::addUnsavedTexture(Snapshot& mesh) {
+    return corvane::addUnsavedTexture(uv_, main_.store, mesh);
+}
+
 void frmUVEditor::noteEdits() { corvane::noteEdits(uv_, main_); }
 
 void frmUVEditor::closeEvent(QCloseEvent* event) {

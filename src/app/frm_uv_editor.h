@@ -29,6 +29,9 @@ public:
     /// After an edit in the main window: marks texture coordinates that Undo took back there.
     void noteEdits();
 
+    /// Before another geoset may be read: see addUnsavedTexture().
+    bool addUnsavedTexture(Snapshot& mesh);
+
     /// Called after texture coordinates may have changed, and when the user closes the window.
     std::function<void()> onChange;
     std::function<void()> onClose;

@@ -51,11 +51,13 @@ int main(int argc, char** argv) {
     corvane::Keeper keeper({.folder = corvane::standardKeptFolder()});
     corvane::frmCorvane window(dialogs, corvane::userNumberFormat(), &keeper);
     const corvane::AtExit atExit([&window] { window.endInOrder(); });
-    const corvane::EndSignals endSignals([&window] {
+    const auto end = [&window] {
         window.endInOrder();
         // Not back into what the program was doing: a command that waits in a dialog would go on.
         std::_Exit(EXIT_SUCCESS);
-    });
+    };
+    const corvane::EndSignals endSignals(end);
+    const corvane::QuitInDialog quitInDialog(end);
     window.show();
     window.start();
     const int code = QApplication::exec();

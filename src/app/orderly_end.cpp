@@ -3,6 +3,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <QApplication>
+#include <QEvent>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -61,6 +63,17 @@ EndSignals::~EndSignals() {
     for (std::size_t i = 0; i < kSignals.size(); ++i) ::sigaction(kSignals[i], &before[i], nullptr);
     notifier_.reset();
     for (int& end : ends) ::close(std::exchange(end, -1));
+}
+
+QuitInDialog::QuitInDialog(std::function<void()> end) : end_(std::move(end)) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool QuitInDialog::eventFilter(QObject* watched, QEvent* event) {
+    const bool isQuit = event->type() == QEvent::Quit && watched == QCoreApplication::instance();
+    if (!isQuit || QApplication::activeModalWidget() == nullptr) return false;
+    end_();
+    return true;
 }
 
 AtExit::AtExit(std::function<void()> call) {

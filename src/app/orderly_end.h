@@ -26,6 +26,22 @@ private:
     std::unique_ptr<QSocketNotifier> notifier_;
 };
 
+/// While it lives, a function is called where the program is told to quit while a dialog waits for
+/// an answer, as the desktop's session may. Qt only closes the dialog then, and whoever asked would
+/// go on with that for an answer. The function is not to return into that.
+class QuitInDialog : public QObject {
+    Q_OBJECT
+
+public:
+    /// The application must be there.
+    explicit QuitInDialog(std::function<void()> end);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    std::function<void()> end_;
+};
+
 /// While it lives, exit() calls a function first. That is how Qt ends the process when the display
 /// is lost: its windows are not closed then, and no object in main() is destroyed. At most one
 /// object at a time.

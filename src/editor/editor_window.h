@@ -28,8 +28,9 @@ public:
     /// Shows the texture editor with new data.
     virtual void showTextureEditor(UVData data) = 0;
 
-    /// Writes the texture editor's coordinates that Save Changes has not written into a snapshot of
-    /// the mesh that they were taken from, the one in memory. Whether there are any.
+    /// The mesh in memory may be about to leave it: writes the texture editor's coordinates that
+    /// Save Changes has not written into a snapshot of that mesh, if they were taken from it.
+    /// Whether there are any. What is changed there later can still be kept with that snapshot.
     virtual bool addUnsavedTexture(Snapshot& /*snapshot*/) { return false; }
 
     /// Shows what was kept, to be brought back.

@@ -12,6 +12,7 @@ namespace corvane {
 /// Why something is kept.
 enum class KeptBecause : std::uint8_t {
     Editing,         ///< edits that no save has written yet, while the program runs
+    TextureEditing,  ///< texture coordinates of a geoset that left memory before, likewise
     Closed,          ///< the window was closed with unsaved edits
     Ended,           ///< the program was told to end
     AnotherOpened,   ///< another model was opened
@@ -23,13 +24,25 @@ enum class KeptBecause : std::uint8_t {
     Replaced,        ///< the text that a save replaced
 };
 
+/// Whether what is kept are edits that go on.
+constexpr bool goesOn(KeptBecause because) {
+    return because == KeptBecause::Editing || because == KeptBecause::TextureEditing;
+}
+
+/// The edits that go on of which something kept for a reason holds the same or more.
+constexpr KeptBecause goingOnIn(KeptBecause because) {
+    const bool isTexture =
+        because == KeptBecause::TextureEditing || because == KeptBecause::TextureDropped;
+    return isTexture ? KeptBecause::TextureEditing : KeptBecause::Editing;
+}
+
 class WayBack {
 public:
     virtual ~WayBack() = default;
 
-    /// Keeps a snapshot. With KeptBecause::Editing it takes the place of the last one of those;
-    /// with any other reason it is an entry of its own, and the last one kept while editing goes,
-    /// for it held the same or less. Takes no longer than it takes to hand the snapshot over.
+    /// Keeps a snapshot. That of edits that go on takes the place of the last one with that reason;
+    /// with any other reason it is an entry of its own, and the last one of goingOnIn() goes. Takes
+    /// no longer than it takes to hand the snapshot over.
     virtual void keep(Snapshot snapshot, KeptBecause because) = 0;
 
     /// Keeps the text that a save is about to replace at a path. The text must not change.

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <chrono>
 #include <exception>
-#include <map>
+#include <new>
 #include <utility>
 
 namespace corvane {
@@ -51,31 +51,52 @@ void Keeper::keep(Snapshot snapshot, KeptBecause because) {
     Work work;
     work.snapshot = std::move(snapshot);
     work.because = because;
-    holdsEditing_ = work.isEditing();
+    if (work.isEditing()) {
+        holds_.insert(because);
+    } else {
+        holds_.erase(goingOnIn(because));
+    }
     hand(std::move(work));
 }
 
 void Keeper::keepReplaced(SharedBase text, const std::string& path) {
     if (!text) return;
+    try {
+        Work work;
+        work.text = std::move(text);
+        work.path = path;
+        hand(std::move(work));
+    } catch (const std::bad_alloc& error) {
+        tell(error.what());
+    }
+}
+
+void Keeper::noteSettled(KeptBecause goingOn) {
+    holds_.erase(goingOn);
     Work work;
-    work.text = std::move(text);
-    work.path = path;
+    work.settled = goingOn;
     hand(std::move(work));
 }
 
-void Keeper::noteSaved() {
-    holdsEditing_ = false;
-    Work work;
-    work.saved = true;
-    hand(std::move(work));
+// Where the queue holds nothing but edits that go on from.
+std::deque<Keeper::Work>::iterator Keeper::firstGoingOn() {
+    const auto isOther = [](const Work& work) { return !work.isEditing(); };
+    return std::find_if(queue_.rbegin(), queue_.rend(), isOther).base();
 }
 
 void Keeper::hand(Work work) {
     try {
         const std::scoped_lock lock(mutex_);
         // Edits that were saved, or changed further, before their turn came need not be written.
-        if (work.saved) std::erase_if(queue_, [](const Work& old) { return old.isEditing(); });
-        if (work.isEditing() && !queue_.empty() && queue_.back().isEditing()) queue_.pop_back();
+        const auto first = work.settled ? queue_.begin() : firstGoingOn();
+        const KeptBecause because = work.settled.value_or(work.because);
+        if (work.settled || work.isEditing()) {
+            queue_.erase(std::remove_if(first, queue_.end(),
+                                        [&](const Work& old) {
+                                            return old.isEditing() && old.because == because;
+                                        }),
+                         queue_.end());
+        }
         queue_.push_back(std::move(work));
     } catch (const std::exception& error) {
         tell(error.what());
@@ -103,11 +124,11 @@ void Keeper::run(const std::stop_token& stop) {
     std::unique_lock lock(mutex_);
     while (changed_.wait(lock, stop, [this] { return !queue_.empty(); })) {
         {
-            const Work work = std::move(queue_.front());
+            Work work = std::move(queue_.front());
             queue_.pop_front();
             busy_ = true;
             lock.unlock();
-            perform(work);
+            perform(std::move(work));
         }
         lock.lock();
         busy_ = false;
@@ -116,27 +137,28 @@ void Keeper::run(const std::stop_token& stop) {
 }
 
 // No error ends the program: its user can still save.
-void Keeper::perform(const Work& work) {
+void Keeper::perform(Work work) {
     try {
         if (options_.beforeWork) options_.beforeWork();
+        if (work.settled) {
+            dropGoingOn(*work.settled);
+            return;
+        }
         if (work.snapshot) {
             keepSnapshot(*work.snapshot, work.because);
         } else if (work.text) {
-            PiecedText text;
-            text.addView(work.text->text.view());
-            write({.modelPath = work.path, .because = KeptBecause::Replaced}, text);
-        } else if (work.saved) {
-            dropEditing();
-            return;
+            keepText(work);
         } else {
             prune("");
             return;
         }
+        keepWhatFailed();
         tell("");
     } catch (const std::exception& error) {
         // What could not be kept is in memory no longer: the entry of the edits before it, which
         // holds nearly the same, must not go with the next one's.
-        if (work.snapshot && work.because != KeptBecause::Editing) editing_.reset();
+        if (work.snapshot && !goesOn(work.because)) goingOn_.erase(goingOnIn(work.because));
+        if (work.text) failedText_ = std::move(work);
         tell(error.what());
     }
 }
@@ -147,7 +169,20 @@ void Keeper::keepSnapshot(const Snapshot& snapshot, KeptBecause because) {
            .because = because,
            .stamp = snapshot.stamp},
           composeSnapshot(snapshot));
-    if (because != KeptBecause::Editing) dropEditing();
+    if (!goesOn(because)) dropGoingOn(goingOnIn(because));
+}
+
+void Keeper::keepText(const Work& work) {
+    PiecedText text;
+    text.addView(work.text->text.view());
+    write({.modelPath = work.path, .because = KeptBecause::Replaced}, text);
+}
+
+// Nothing else would try it again: what a save replaced is nobody's edit.
+void Keeper::keepWhatFailed() {
+    if (!failedText_) return;
+    keepText(*failedText_);
+    failedText_.reset();
 }
 
 void Keeper::write(KeptEntry entry, const PiecedText& text) {
@@ -156,14 +191,13 @@ void Keeper::write(KeptEntry entry, const PiecedText& text) {
     makeKeptFolder(options_.folder);
     if (isThereAlready(entry)) return;
     lock_.hold();
-    const bool isEditing = entry.because == KeptBecause::Editing;
     entry.name = run_ + '-' + std::to_string(++written_);
     entry.time = options_.now();
     entry.order = nextOrder();
     writeEntry(options_.folder, entry, text.pieces(), lock_.path());
-    if (isEditing) {
-        dropEditing();
-        editing_ = entry;
+    if (goesOn(entry.because)) {
+        dropGoingOn(entry.because);
+        goingOn_[entry.because] = entry;
     } else {
         prune(entry.name);
     }
@@ -177,10 +211,11 @@ bool Keeper::isThereAlready(const KeptEntry& entry) const {
         return other.digest == entry.digest && other.modelPath == entry.modelPath &&
                other.geosetNumber == entry.geosetNumber && other.stamp == entry.stamp;
     };
-    if (entry.because == KeptBecause::Editing) {
-        return editing_ && isSame(*editing_) &&
-               stampOf(keptJsonPath(options_.folder, editing_->name)) &&
-               stampOf(keptModelPath(options_.folder, editing_->name));
+    if (goesOn(entry.because)) {
+        const auto last = goingOn_.find(entry.because);
+        return last != goingOn_.end() && isSame(last->second) &&
+               stampOf(keptJsonPath(options_.folder, last->second.name)) &&
+               stampOf(keptModelPath(options_.folder, last->second.name));
     }
     const std::vector<KeptEntry> all = readEntries(options_.folder);
     const auto newest = std::ranges::find_if(all, [&](const KeptEntry& other) {
@@ -199,9 +234,11 @@ std::int64_t Keeper::nextOrder() {
     return ++order_;
 }
 
-void Keeper::dropEditing() {
-    if (editing_) removeEntry(options_.folder, editing_->name);
-    editing_.reset();
+void Keeper::dropGoingOn(KeptBecause goingOn) {
+    const auto last = goingOn_.find(goingOn);
+    if (last == goingOn_.end()) return;
+    removeEntry(options_.folder, last->second.name);
+    goingOn_.erase(last);
 }
 
 void Keeper::prune(const std::string& spare) {
@@ -222,7 +259,7 @@ std::vector<KeptEntry> Keeper::offered() {
     std::vector<KeptEntry> all = readEntries(options_.folder);
     std::map<std::string, bool> alive;
     std::erase_if(all, [&](const KeptEntry& entry) {
-        if (entry.run == run_) return entry.because == KeptBecause::Editing;
+        if (entry.run == run_) return goesOn(entry.because);
         const auto [known, isNew] = alive.try_emplace(entry.run, false);
         if (isNew) known->second = isRunAlive(options_.folder, entry.run);
         return known->second;
@@ -233,7 +270,7 @@ std::vector<KeptEntry> Keeper::offered() {
 std::vector<KeptEntry> Keeper::killed() {
     std::vector<KeptEntry> all = offered();
     std::erase_if(all, [](const KeptEntry& entry) {
-        return entry.because != KeptBecause::Editing || entry.asked || entry.opened;
+        return !goesOn(entry.because) || entry.asked || entry.opened;
     });
     return all;
 }
@@ -262,6 +299,9 @@ void Keeper::rewrite(const KeptEntry& entry) const {
     }
 }
 
-void Keeper::remove(const KeptEntry& entry) const { removeEntry(options_.folder, entry.name); }
+void Keeper::remove(const KeptEntry& entry) {
+    removeEntry(options_.folder, entry.name);
+    ++removals_;
+}
 
 }  // namespace corvane

@@ -6,8 +6,10 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -39,14 +41,20 @@ public:
 
     void keep(Snapshot snapshot, KeptBecause because) override;
     void keepReplaced(SharedBase text, const std::string& path) override;
-    void noteSaved() override;
+    void noteSaved() override { noteSettled(KeptBecause::Editing); }
+
+    /// The edits that go on with that reason need not be kept any more: their entry goes.
+    void noteSettled(KeptBecause goingOn);
 
     /// Sets what is called, on any thread, when something could not be kept, with the reason, and
     /// with an empty text when keeping works again. A reason is told once, not for each try.
     void onState(std::function<void(const std::string& failure)> call);
 
-    /// Whether the latest thing handed over is a snapshot of edits that go on.
-    bool holdsEditing() const { return holdsEditing_; }
+    /// Whether edits that go on, with that reason, are kept or handed over.
+    bool holds(KeptBecause goingOn) const { return holds_.contains(goingOn); }
+
+    /// How many entries remove() has deleted.
+    std::uint64_t removals() const { return removals_; }
 
     /// Whether the latest try to keep something succeeded.
     bool isWorking() const;
@@ -71,41 +79,47 @@ public:
     /// at that.
     void noteAsked(KeptEntry entry) const;
     void noteOpened(KeptEntry entry) const;
-    void remove(const KeptEntry& entry) const;
+    void remove(const KeptEntry& entry);
 
 private:
-    // What the thread has to do: keep a snapshot, keep a text, forget the edits, or only prune.
+    // What the thread has to do: keep a snapshot, keep a text, forget edits that went on, or only
+    // prune.
     struct Work {
         std::optional<Snapshot> snapshot{};
         KeptBecause because = KeptBecause::Editing;
         SharedBase text{};
         std::string path{};
-        bool saved = false;
+        std::optional<KeptBecause> settled{};
 
-        bool isEditing() const { return snapshot && because == KeptBecause::Editing; }
+        bool isEditing() const { return snapshot && goesOn(because); }
     };
 
     void rewrite(const KeptEntry& entry) const;
+    std::deque<Work>::iterator firstGoingOn();
     void hand(Work work);
     void run(const std::stop_token& stop);
-    void perform(const Work& work);
+    void perform(Work work);
+    void keepText(const Work& work);
+    void keepWhatFailed();
     void keepSnapshot(const Snapshot& snapshot, KeptBecause because);
     void write(KeptEntry entry, const PiecedText& text);
     bool isThereAlready(const KeptEntry& entry) const;
     std::int64_t nextOrder();
-    void dropEditing();
+    void dropGoingOn(KeptBecause goingOn);
     void prune(const std::string& spare);
     void tell(const std::string& failure);
 
     KeeperOptions options_;
-    bool holdsEditing_ = false;
+    std::set<KeptBecause> holds_;
+    std::uint64_t removals_ = 0;
 
     // The thread's own.
     std::string run_;
     RunLock lock_;
-    std::uint64_t written_ = 0;         // entries by this run
-    std::int64_t order_ = 0;            // of the latest entry
-    std::optional<KeptEntry> editing_;  // the entry of the edits that go on
+    std::uint64_t written_ = 0;  // entries by this run
+    std::int64_t order_ = 0;     // of the latest entry
+    std::map<KeptBecause, KeptEntry> goingOn_;
+    std::optional<Work> failedText_;  // the latest text that a save replaced and that is not kept
 
     mutable std::mutex mutex_;  // for what follows
     std::condition_variable_any changed_;

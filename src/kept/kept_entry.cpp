@@ -16,8 +16,9 @@ struct Reason {
     const char* text;  // for the user
 };
 
-constexpr std::array<Reason, 10> kReasons = {{
+constexpr std::array<Reason, 11> kReasons = {{
     {KeptBecause::Editing, "editing", "ended unexpectedly"},
+    {KeptBecause::TextureEditing, "textureEditing", "ended unexpectedly, texture coordinates"},
     {KeptBecause::Closed, "closed", "closed without saving"},
     {KeptBecause::Ended, "ended", "ended by the system"},
     {KeptBecause::AnotherOpened, "anotherOpened", "another model was opened"},

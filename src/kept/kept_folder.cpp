@@ -37,15 +37,11 @@ bool isEntryName(std::string_view name) {
            name.find_first_not_of("0123456789", kRunDigits + 1) == std::string_view::npos;
 }
 
-// Calls with the path of each file in the folder.
+// Calls with the path of each file in the folder. The names are the system's own, not the standard
+// library's: its folders end the program where memory runs out.
 template <class Call>
 void forEachFile(const std::string& folder, Call call) {
-    std::error_code error;
-    fs::directory_iterator file(folder, error);
-    while (!error && file != fs::directory_iterator()) {
-        call(file->path());
-        file.increment(error);
-    }
+    for (const std::string& name : files::namesIn(folder, "")) call(fs::path(folder + '/' + name));
 }
 
 // Since a file was written, by the system's clock, milliseconds.
@@ -119,14 +115,15 @@ private:
     // Counts what stays against the limits of the others.
     bool isProtected(const KeptEntry& entry) {
         const bool own = entry.run == pruner_.run;
-        bool stays = own ? entry.name == pruner_.spare || entry.because == KeptBecause::Editing
-                         : isAlive(entry.run);
+        bool stays =
+            own ? entry.name == pruner_.spare || goesOn(entry.because) : isAlive(entry.run);
         if (stays && !own) {
             sparedBytes_ += entry.size;
             return true;
         }
-        const bool ofKilled = !own && entry.because == KeptBecause::Editing && !entry.opened;
-        if (ofKilled) stays = killedOf_.insert(entry.modelPath).second;  // the newest of a model
+        const bool ofKilled = !own && goesOn(entry.because) && !entry.opened;
+        // The newest of a model.
+        if (ofKilled) stays = killedOf_.emplace(entry.modelPath, entry.because).second;
         if (!stays) return false;
         sparedBytes_ += entry.size;
         ++sparedOf_[entry.modelPath];
@@ -137,8 +134,8 @@ private:
     const KeptLimits& limits_;
     const Pruner& pruner_;
     std::vector<KeptEntry> entries_;
-    std::map<std::string, bool> alive_;            // by run
-    std::set<std::string> killedOf_;               // models
+    std::map<std::string, bool> alive_;  // by run
+    std::set<std::pair<std::string, KeptBecause>> killedOf_;
     std::map<std::string, std::size_t> sparedOf_;  // entries by model
     std::int64_t sparedBytes_ = 0;
 };

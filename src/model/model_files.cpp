@@ -70,9 +70,8 @@ std::error_code copyInPlace(const std::string& from, const std::string& to,
 }
 
 // The process that a file beside a model has in its name; 0 for a name of another kind.
-long processIn(std::string_view name) {
+long processIn(std::string_view name, std::string_view ending) {
     const std::string_view prefix = kSidePrefix;
-    const std::string_view ending = kSideEnding;
     if (!name.starts_with(prefix) || !name.ends_with(ending)) return 0;
     const char* const end = name.data() + name.size() - ending.size();
     long process = 0;
@@ -89,18 +88,28 @@ bool isOld(const FileStamp& stamp) {
     return std::chrono::nanoseconds(stamp.modified) < now - kLongEnough;
 }
 
-// The names are the system's own, not the standard library's: its folders end the program where
-// memory runs out.
-void deleteLeftoversIn(const std::string& folder) {
+// The files of the user's with that ending that processes which are gone have left in a folder. The
+// names are the system's own, not the standard library's: its folders end the program where memory
+// runs out.
+template <class Call>
+void forEachLeftover(const std::string& folder, const char* ending, Call call) {
     for (const std::string& name : files::namesIn(folder, kSidePrefix)) {
-        const long process = processIn(name);
+        const long process = processIn(name, ending);
         if (process <= 0 || !files::isProcessGone(process)) continue;
         const std::string path = textOf(pathOf(folder) / pathOf(name));
         std::error_code ignored;
         const auto status = files::statusOf(path, ignored, files::Links::Stay);
         if (!status || status->kind != files::Kind::Regular) continue;
-        if (files::isOwnedByUser(*status) && isOld(status->stamp)) files::remove(path);
+        if (files::isOwnedByUser(*status)) call(path, status->stamp);
     }
+}
+
+// The folder that a model is named in, and that of the file that it leads to, if it is another.
+std::vector<std::string> foldersOf(const std::string& modelPath) {
+    std::vector<std::string> folders = {folderOf(modelPath)};
+    std::string target = folderOf(resolvedTarget(modelPath));
+    if (target != folders.front()) folders.push_back(std::move(target));
+    return folders;
 }
 
 }  // namespace
@@ -282,10 +291,20 @@ std::optional<FileStamp> stampOf(const std::string& path) {
 void deleteFile(const std::string& path) { files::remove(path); }
 
 void deleteLeftovers(const std::string& modelPath) {
-    const std::string folder = folderOf(modelPath);
-    deleteLeftoversIn(folder);
-    const std::string targetFolder = folderOf(resolvedTarget(modelPath));
-    if (targetFolder != folder) deleteLeftoversIn(targetFolder);
+    for (const std::string& folder : foldersOf(modelPath)) {
+        forEachLeftover(folder, kSideEnding, [](const std::string& path, const FileStamp& stamp) {
+            if (isOld(stamp)) files::remove(path);
+        });
+    }
+}
+
+std::vector<std::string> formerTextsBeside(const std::string& modelPath) {
+    std::vector<std::string> paths;
+    for (const std::string& folder : foldersOf(modelPath)) {
+        forEachLeftover(folder, kFormerEnding,
+                        [&](const std::string& path, const FileStamp&) { paths.push_back(path); });
+    }
+    return paths;
 }
 
 bool isSameFile(const std::string& a, const std::string& b) {

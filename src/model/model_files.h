@@ -15,6 +15,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "model/file_stamp.h"
 #include "model/files.h"
@@ -119,6 +120,10 @@ void deleteFile(const std::string& path);
 /// which no file was to have unless it was whole, of the user's own, and more than a minute old.
 /// Best effort.
 void deleteLeftovers(const std::string& modelPath);
+
+/// The files beside a model that hold what a file held before a process wrote it in place and was
+/// gone before the end. Throws FileError where the path leads nowhere.
+std::vector<std::string> formerTextsBeside(const std::string& modelPath);
 
 /// True when both paths name the same existing file.
 bool isSameFile(const std::string& a, const std::string& b);

@@ -114,12 +114,60 @@ TEST_F(KeepingTest, UnsavedTextureCoordinatesAreHandedOverToo) {
     EXPECT_EQ(reasons(), Lines{"ended unexpectedly"});
     EXPECT_NE(newest(), modelWithGeosets(1));
     uvWindow().close();
-    EXPECT_EQ(reasons(), Lines{"texture coordinates were dropped"});
+    EXPECT_EQ(reasons(), (Lines{"texture coordinates were dropped", "ended unexpectedly"}));
     letTimePass();
     EXPECT_EQ(reasons().size(), 2U) << "the edits go on";
     closeWindow();
     startProgram();
     EXPECT_EQ(reasons(), Lines{"texture coordinates were dropped"});
+}
+
+TEST_F(KeepingTest, TextureCoordinatesOfAGeosetThatLeftMemoryAreKeptToo) {
+    openTextureEditor();
+    choose("mnuSwitchGeoset");
+    ASSERT_FALSE(window->isWindowModified());
+    window->textureEditor()->findChild<QAction*>("mnuSelectAll")->trigger();
+    dragInView(Qt::RightButton, {100, 100}, {160, 100});
+    letTimePass();
+    ASSERT_EQ(reasons(), Lines{"ended unexpectedly, texture coordinates"});
+    const std::string first = newest();
+    EXPECT_NE(first, modelWithGeosets(1));
+    dragInView(Qt::RightButton, {100, 100}, {160, 100});
+    letTimePass();
+    ASSERT_EQ(reasons(), Lines{"ended unexpectedly, texture coordinates"});
+    EXPECT_NE(newest(), first);
+    edit();
+    letTimePass();
+    EXPECT_EQ(reasons(), (Lines{"ended unexpectedly", "ended unexpectedly, texture coordinates"}));
+    closeWindow();
+    startProgram();
+    EXPECT_EQ(reasons(), (Lines{"texture coordinates were dropped", "closed without saving"}));
+}
+
+TEST_F(KeepingTest, AnotherHandOverKeepsThoseOfAGeosetThatLeftMemory) {
+    openTextureEditor();
+    choose("mnuSwitchGeoset");
+    window->textureEditor()->findChild<QAction*>("mnuSelectAll")->trigger();
+    dragInView(Qt::RightButton, {100, 100}, {160, 100});
+    choose("mnuUVMapping");
+    EXPECT_EQ(reasons(), Lines{"texture coordinates were dropped"});
+    EXPECT_NE(newest(), modelWithGeosets(1));
+    EXPECT_FALSE(uv().leftMesh.has_value());
+}
+
+TEST_F(KeepingTest, ADeletedEntryIsNotTakenForOneThatIsThere) {
+    openModel("hero.mdl");
+    edit();
+    window->keepUnsaved();
+    ASSERT_EQ(reasons(), Lines{"ended by the system"});
+    choose("mnuRecover");
+    dialogs.yesNos = {true};
+    recoverButton("cmdRecoverDelete").click();
+    ASSERT_EQ(reasons(), nothing);
+    recoverWindow().close();
+    closeWindow();
+    startProgram();
+    EXPECT_EQ(reasons(), Lines{"closed without saving"});
 }
 
 TEST_F(KeepingTest, ClosingKeepsWhatItDropsAndAsksNothing) {
@@ -281,6 +329,31 @@ TEST_F(KeepingTest, ACopyTakesNoNameThatExists) {
     EXPECT_EQ(dialogs.last().kind, "message");
 }
 
+TEST_F(KeepingTest, ACopyIsNotWrittenOverTheWorkingCopy) {
+    openModel("hero.mdl");
+    edit();
+    closeWindow();
+    startProgram();
+    openModel("orc.mdl");
+    choose("mnuRecover");
+    dialogs.files = {folder.path("orc_TMP.tdl")};
+    recoverButton("cmdRecoverCopy").click();
+    EXPECT_NE(dialogs.last().text.find("is the working copy of the model that is open"),
+              std::string::npos)
+        << dialogs.last().text;
+    EXPECT_EQ(readFile(folder.path("orc_TMP.tdl")), modelWithGeosets(1));
+}
+
+TEST_F(KeepingTest, AModelWithoutAGeosetThatIsBroughtBackIsSaidToHaveNone) {
+    const std::string path = folder.write("hero.mdl", modelWithGeosets(1));
+    keeper->keepReplaced(std::make_shared<const ModelBase>(ModelText(path, modelWithGeosets(0))),
+                         path);
+    choose("mnuRecover");
+    recoverButton("cmdRecoverOpen").click();
+    EXPECT_NE(dialogs.last().text.find("holds no geoset"), std::string::npos);
+    EXPECT_TRUE(editor().store.modelLoaded);
+}
+
 TEST_F(KeepingTest, WhatCannotBeKeptIsSaidAndStopsNothing) {
     folder.write("kept", "a file");
     openModel("hero.mdl");
@@ -298,7 +371,7 @@ TEST_F(KeepingTest, WhatCannotBeKeptIsSaidAndStopsNothing) {
     letTimePass();  // tried again without a further edit
     QApplication::processEvents();
     EXPECT_EQ(item("mnuRecover").text(), "&Recover...");
-    EXPECT_EQ(reasons(), Lines{"ended unexpectedly"});
+    EXPECT_EQ(reasons(), (Lines{"replaced by a save", "ended unexpectedly"}));
 }
 
 TEST_F(KeepingTest, ASignalEndsTheProgramInOrder) {
@@ -317,6 +390,26 @@ TEST_F(KeepingTest, ASignalEndsTheProgramInOrder) {
     }
     EXPECT_EQ(reasons(), Lines{"ended by the system"});
     EXPECT_FALSE(std::filesystem::exists(folder.path("hero_TMP.tdl")));
+}
+
+TEST(QuitInDialogTest, IsToldOfBeforeTheDialogIsClosed) {
+    int told = 0;
+    const QuitInDialog quitInDialog([&told] { ++told; });
+    const auto quit = [] {
+        QEvent event(QEvent::Quit);
+        QCoreApplication::sendEvent(qApp, &event);
+    };
+    quit();
+    EXPECT_EQ(told, 0) << "no dialog is there";
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    quit();
+    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(dialog.isVisible());
+    dialog.close();
+    quit();
+    EXPECT_EQ(told, 1);
 }
 
 TEST_F(KeepingTest, TheEndOfTheSessionKeepsWhatIsUnsaved) {

@@ -226,5 +226,33 @@ TEST_F(MemoryFaultsTest, AGeosetIsRemovedOrNot) {
         });
 }
 
+// Memory is what the part holds as soon as the part is there.
+TEST_F(MemoryFaultsTest, AGeosetIsSavedAloneOrStaysWithItsModel) {
+    bool wasSaved = false;
+    bool wasNotSaved = false;
+    atEachAllocation(
+        [&] {
+            openAndEdit();
+            std::filesystem::remove(folder.path("part.mdl"));
+            dialogs.files = {folder.path("part.mdl")};
+        },
+        [&] { saveGeoset(editor); },
+        [&](bool hasFailed) {
+            dialogs.files.clear();
+            const bool isSaved = std::filesystem::exists(folder.path("part.mdl"));
+            EXPECT_TRUE(hasFailed || isSaved);
+            EXPECT_EQ(store().geosetNumber, isSaved ? 1 : 2);
+            EXPECT_EQ(store().isModified(), !isSaved);
+            EXPECT_EQ(vertex(1).pos, (Triple{1, 2, 6}));
+            (isSaved ? wasSaved : wasNotSaved) = true;
+            if (!isSaved) return;
+            EXPECT_EQ(store().matrixGroups.size(), 1U);
+            const std::string part = readFile(folder.path("part.mdl"));
+            save();
+            EXPECT_EQ(readFile(folder.path("part.mdl")), part);
+        });
+    EXPECT_TRUE(wasSaved && wasNotSaved);
+}
+
 }  // namespace
 }  // namespace corvane

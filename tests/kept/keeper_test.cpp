@@ -76,7 +76,7 @@ TEST_F(KeeperTest, EditsTakeThePlaceOfEarlierOnes) {
         keeper->finish();
     }
     EXPECT_EQ(models(), Lines{triangleAt(3)});
-    EXPECT_TRUE(keeper->holdsEditing());
+    EXPECT_TRUE(keeper->holds(KeptBecause::Editing));
     EXPECT_TRUE(keeper->offered().empty()) << "they are in memory";
 }
 
@@ -87,7 +87,7 @@ TEST_F(KeeperTest, AnEntryOfItsOwnTakesTheEditsAlong) {
     keeper->finish();
     EXPECT_EQ(all(), Lines{"hero: closed without saving"});
     EXPECT_EQ(models(), Lines{triangleAt(2)});
-    EXPECT_FALSE(keeper->holdsEditing());
+    EXPECT_FALSE(keeper->holds(KeptBecause::Editing));
 }
 
 TEST_F(KeeperTest, SavedEditsAreForgotten) {
@@ -97,7 +97,7 @@ TEST_F(KeeperTest, SavedEditsAreForgotten) {
     keeper->noteSaved();
     keeper->finish();
     EXPECT_EQ(all(), Lines{});
-    EXPECT_FALSE(keeper->holdsEditing());
+    EXPECT_FALSE(keeper->holds(KeptBecause::Editing));
 }
 
 TEST_F(KeeperTest, EditsThatWereSavedBeforeTheirTurnAreNotWritten) {
@@ -221,6 +221,63 @@ TEST_F(KeeperTest, RowsThatCannotFollowDoNotKeepEditsFromBeingKept) {
     snapshot.geoset.Vertices.push_back(snapshot.geoset.Vertices.front());
     EXPECT_THROW(composeModel(base->text, base->geosets, 1, snapshot.geoset), RowsCannotFollow);
     EXPECT_NE(composeSnapshot(snapshot).joined().find("Vertices 4"), std::string::npos);
+}
+
+TEST_F(KeeperTest, TheTwoKindsOfEditsThatGoOnAreKeptSideBySide) {
+    const auto keeper = makeKeeper();
+    for (const int x : {1, 2}) {
+        keeper->keep(editedTo(x), KeptBecause::Editing);
+        keeper->keep(editedTo(x + 10), KeptBecause::TextureEditing);
+        keeper->finish();
+    }
+    EXPECT_EQ(models(), (Lines{triangleAt(12), triangleAt(2)}));
+    EXPECT_TRUE(keeper->offered().empty()) << "they are in memory";
+    keeper->keep(editedTo(13), KeptBecause::TextureDropped);
+    EXPECT_FALSE(keeper->holds(KeptBecause::TextureEditing));
+    EXPECT_TRUE(keeper->holds(KeptBecause::Editing));
+    keeper->finish();
+    EXPECT_EQ(all(), (Lines{"hero: texture coordinates were dropped", "hero: ended unexpectedly"}));
+    keeper->noteSaved();
+    keeper->finish();
+    EXPECT_EQ(all(), Lines{"hero: texture coordinates were dropped"});
+}
+
+TEST_F(KeeperTest, OfEditsInTheQueueOnlyTheLatestOfEachKindIsWritten) {
+    Gate gate;
+    const auto keeper = makeKeeper({}, [&gate] { gate.pass(); });
+    gate.untilSomebodyWaits();
+    for (const int x : {1, 2, 3}) {
+        keeper->keep(editedTo(x), KeptBecause::Editing);
+        keeper->keep(editedTo(x + 10), KeptBecause::TextureEditing);
+    }
+    gate.open();
+    keeper->finish();
+    const std::vector<KeptEntry> entries = readEntries(kept());
+    ASSERT_EQ(entries.size(), 2U);
+    EXPECT_TRUE(entries[0].name.ends_with("-2") && entries[1].name.ends_with("-1"))
+        << entries[0].name << ' ' << entries[1].name;
+    EXPECT_EQ(models(), (Lines{triangleAt(13), triangleAt(3)}));
+}
+
+TEST_F(KeeperTest, BothKindsOfAKilledProgramAreOffered) {
+    auto killed = makeKeeper();
+    killed->keep(editedTo(1), KeptBecause::Editing);
+    killed->keep(editedTo(2), KeptBecause::TextureEditing);
+    killed.reset();
+    EXPECT_EQ(makeKeeper({.entriesOfModel = 0, .age = -1, .bytes = 0})->killed().size(), 2U);
+}
+
+TEST_F(KeeperTest, AReplacedTextThatCouldNotBeKeptIsKeptLater) {
+    folder.write("kept", "a file");
+    const auto keeper = makeKeeper();
+    keeper->keepReplaced(textOf(triangleAt(5)), "/models/hero.mdl");
+    keeper->finish();
+    ASSERT_EQ(told.size(), 1U);
+    std::filesystem::remove(kept());
+    keeper->keep(editedTo(1), KeptBecause::Closed);
+    keeper->finish();
+    EXPECT_EQ(all(), (Lines{"hero: replaced by a save", "hero: closed without saving"}));
+    EXPECT_EQ(models().front(), triangleAt(5));
 }
 
 }  // namespace

@@ -73,6 +73,17 @@ TEST_F(DeleteGeosetTest, ASecondTimeOnlySaysThatItIsRemovedAlready) {
     expectUnchanged(before);
 }
 
+TEST_F(DeleteGeosetTest, ASecondTimeAfterASaveDoesNotPromiseWhatIsDone) {
+    openNew("hero.mdl", modelOf({.geosets = {squareAt("5")}}));
+    deleteGeoset();
+    save();
+    ASSERT_TRUE(store().isGeosetRemoved());
+    dialogs.asked.clear();
+    deleteCurrentGeoset(editor);
+    ASSERT_EQ(askedKinds(), "message");
+    expectLast("message", "Warning", "The geoset in memory is removed from the model already.");
+}
+
 TEST_F(DeleteGeosetTest, AfterwardsSwitchingChoosesFromTheWorkingCopy) {
     openNew("three.mdl", modelOf(threeGeosets()), "2");
     deleteGeoset();

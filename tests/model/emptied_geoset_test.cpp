@@ -119,9 +119,9 @@ TEST_F(EmptiedGeosetTest, WithAModelsOnlyGeosetTheStoreIsLeftEmpty) {
     save();
     ASSERT_EQ(askedKinds(), "message");
     expectLast("message", "Error",
-               "The model was not saved.\n" + store().modelPath +
-                   " holds no geoset 1 to write to.\n\nYour edits are still here. Switch Geoset "
-                   "chooses another geoset of the model, if it has one.");
+               "The model was not saved.\nThe open model holds no geoset 1 to write to.\n\nYour "
+               "edits are still here. Switch Geoset chooses another geoset of the model, if it has "
+               "one.");
     EXPECT_EQ(modelBytes(), bare);
 }
 

@@ -137,5 +137,19 @@ TEST_F(LeftoversTest, BesideTheFileThatALinkLeadsToAreDeleted) {
     EXPECT_FALSE(std::filesystem::exists(folder.path("models/.corvane-" + gone + "-0.tmp")));
 }
 
+TEST_F(LeftoversTest, WhatAnInterruptedSaveHeldBeforeIsToldOfAndStays) {
+    const std::string name = ".corvane-" + gone + "-0.former";
+    folder.write(name, "what it held before");
+    folder.write(".corvane-" + std::to_string(::getpid()) + "-0.former", "of one that runs");
+    folder.write("hero.mdl", "Geoset {\n\tVert");
+    open(folder.path("hero.mdl"));
+    ASSERT_EQ(dialogs.asked.size(), 3U);  // the file dialog, this, and that it cannot be read
+    EXPECT_EQ(dialogs.asked[1].kind, "message");
+    EXPECT_NE(dialogs.asked[1].text.find("is whole in\n" + folder.path(name) + "\n"),
+              std::string::npos)
+        << dialogs.asked[1].text;
+    EXPECT_EQ(readFile(folder.path(name)), "what it held before");
+}
+
 }  // namespace
 }  // namespace corvane

@@ -254,5 +254,19 @@ TEST_F(MixedLayouts, ManyBlocksOnALineAreManyBlocks) {
     EXPECT_TRUE(removeGeoset(ModelText("hero.mdl", text), 1).joined() == expected);
 }
 
+// The same rows are told of once, but those of another merge are others.
+TEST_F(MixedLayouts, RowsMadeUpForAnotherMergeAreToldOfAgain) {
+    openNew("hero.mdl", "Geoset {\n" + kToolVertices + kToolFaces +
+                            "\tTangents 3 {\n\t\t{ 0.1, 0, 0, 1 },\n\t\t{ 0.2, 0, 0, 1 },\n"
+                            "\t\t{ 0.3, 0, 0, 1 },\n\t}\n}\n");
+    for (const char* const rows : {"(3 rows)", "(6 rows)"}) {
+        mergeTriangle();
+        save();
+        EXPECT_NE(dialogs.last().text.find(rows), std::string::npos) << dialogs.last().text;
+        save();
+        EXPECT_EQ(askedKinds(), "");
+    }
+}
+
 }  // namespace
 }  // namespace corvane

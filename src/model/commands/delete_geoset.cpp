@@ -12,9 +12,10 @@ void deleteCurrentGeoset(Editor& editor) {
     GeosetStore& store = editor.store;
     if (!store.modelLoaded) return;
     if (store.isGeosetRemoved()) {
-        editor.dialogs.messageBox(kWarningCaption,
-                                  "The geoset in memory is removed from the model already. The "
-                                  "model file follows with the next save.");
+        editor.dialogs.messageBox(
+            kWarningCaption,
+            std::string("The geoset in memory is removed from the model already.") +
+                (store.hasUnsavedText() ? " The model file follows with the next save." : ""));
         return;
     }
     if (!editor.dialogs.yesNo(kConfirmationCaption,

@@ -59,6 +59,7 @@ void askAndMerge(Editor& editor) {
     editor.store.Vertices.reserve(editor.store.Vertices.size() + growth.vertices);
     editor.store.Faces.reserve(editor.store.Faces.size() + growth.faces);
     runEdit(editor, kMerge, [&](Geoset& geoset) { append(geoset, merged); });
+    editor.store.neutralRowsSaid = false;  // the merged vertices have none
 }
 
 }  // namespace

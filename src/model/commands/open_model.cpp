@@ -100,7 +100,26 @@ std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
     }
 }
 
+// Tells of saves near a model that were cut off while they wrote a file in place: nothing else
+// would.
+void sayInterrupted(Editor& editor, const std::string& path) {
+    try {
+        for (const std::string& former : formerTextsBeside(path)) {
+            editor.dialogs.messageBox(
+                kWarningCaption,
+                "A save in this folder was cut off while it wrote a file that has several names "
+                "(hard links). That file may be damaged; what it held before is whole in\n" +
+                    former +
+                    "\n\nIf it is the model that you open: copy that file over it, and open it "
+                    "anew. Delete that file once you do not need it any more.");
+        }
+    } catch (const FileError&) {
+        // Opening says what is wrong with the path.
+    }
+}
+
 OpenOutcome readAndMakeCurrent(Editor& editor, const std::string& path) {
+    sayInterrupted(editor, path);
     const std::optional<ReadModel> model = readModel(editor, path);
     if (!model) return {};
     return {.picked = makeCurrent(editor, path, *model)};
@@ -150,12 +169,7 @@ OpenOutcome withoutSelecting(Editor& editor, Ask ask) {
 void showOpened(Editor& editor, const OpenOutcome& outcome) {
     if (!outcome.picked) return;
     try {
-        if (outcome.picked->geosetCount == 0) {
-            editor.dialogs.messageBox(
-                kWarningCaption, editor.store.modelPath +
-                                     " holds no geoset (no line \"Geoset {\"). There is nothing "
-                                     "to edit in it; open another model.");
-        }
+        sayNoGeoset(editor);
         show(editor, Show::Views);
         drawPerspective(editor);
     } catch (const std::bad_alloc&) {
@@ -164,6 +178,14 @@ void showOpened(Editor& editor, const OpenOutcome& outcome) {
 }
 
 }  // namespace
+
+void sayNoGeoset(Editor& editor) {
+    if (!editor.store.base().geosets.empty()) return;
+    editor.dialogs.messageBox(
+        kWarningCaption, editor.store.modelPath +
+                             " holds no geoset (no line \"Geoset {\"). There is nothing to edit "
+                             "in it; open another model.");
+}
 
 bool clashesWithWorkingCopy(Editor& editor, const std::string& path) {
     const GeosetStore& store = editor.store;

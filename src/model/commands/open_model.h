@@ -32,6 +32,9 @@ struct ReadAdvice {
     std::string choice;   ///< what can be chosen instead, such as "another geoset"
 };
 
+/// Says so where the open model holds no geoset.
+void sayNoGeoset(Editor& editor);
+
 /// Lets the user pick a geoset of a text. Nothing where it cannot be read, after a message.
 std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
                                        const ReadAdvice& advice);

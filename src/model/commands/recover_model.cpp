@@ -47,6 +47,7 @@ bool openKept(Editor& editor, const KeptModel& kept) {
     editor.modes.selectEnabled = false;
     editor.modes.editButtonsEnabled = true;
     editor.window.startSelectTimer();
+    sayNoGeoset(editor);
     show(editor, Show::ButtonsThenViews);
     drawPerspective(editor);
     return true;

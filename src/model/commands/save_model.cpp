@@ -202,21 +202,32 @@ std::optional<PiecedText> compose(Editor& editor, bool singleGeoset, NeutralRows
 }
 
 // After a geoset was saved alone the part is the current model, and memory becomes what it holds:
-// one matrix group, all vertices in it, and the rows that it keeps for its vertices.
-void becomeThePart(Editor& editor) {
-    GeosetStore& store = editor.store;
-    const ModelBase& part = store.base();
-    store.geosetNumber = 1;
-    store.matrixGroups = {kSoleMatrixGroup};
-    for (VertexRecord& vertex : store.Vertices) vertex.group = 0;
-    try {
-        takeFileData(store, parseGeoset(part.text, part.geosets, 1));
-    } catch (const ModelTextError&) {
-        // Then it has no rows that could follow.
-        takeFileData(store, {});
+// one matrix group, all vertices in it, and the rows that it keeps for its vertices. Made before
+// the part is written, so that memory cannot run out between the two.
+class Part {
+public:
+    explicit Part(const PiecedText& text) {
+        const ModelText part = joinedText("", text.pieces());
+        try {
+            read_ = parseGeoset(part, scanGeosets(part.view()), 1);
+        } catch (const ModelTextError&) {
+            // Then it has no rows that could follow.
+        }
     }
-    editor.undo = {};
-}
+
+    void becomeCurrent(Editor& editor) && {
+        GeosetStore& store = editor.store;
+        store.geosetNumber = 1;
+        store.matrixGroups = std::move(groups_);
+        for (VertexRecord& vertex : store.Vertices) vertex.group = 0;
+        takeFileData(store, std::move(read_));
+        editor.undo = {};
+    }
+
+private:
+    Geoset read_;
+    std::vector<MatrixGroup> groups_ = {kSoleMatrixGroup};
+};
 
 void writeGeoset(Editor& editor, bool singleGeoset) {
     GeosetStore& store = editor.store;
@@ -230,10 +241,12 @@ void writeGeoset(Editor& editor, bool singleGeoset) {
     NeutralRows neutral;
     const std::optional<PiecedText> text = compose(editor, singleGeoset, neutral);
     if (!text) return;
+    std::optional<Part> part;
+    if (singleGeoset) part.emplace(*text);
     const auto write = singleGeoset ? &ModelDocument::write : &ModelDocument::writeGeoset;
     if (!writeText(editor, *text, write)) return;
     store.noteGeosetRead();
-    if (singleGeoset) becomeThePart(editor);
+    if (part) std::move(*part).becomeCurrent(editor);
     store.noteSaved();
     if (editor.wayBack != nullptr) editor.wayBack->noteSaved();
     renewWorkingCopy(editor);
@@ -283,8 +296,8 @@ void writeByKind(Editor& editor, bool singleGeoset) {
             break;
         case SaveKind::Refuse:
             showSaveError(editor,
-                          store.modelPath + " holds no geoset " +
-                              std::to_string(store.geosetNumber) + " to write to.",
+                          "The open model holds no geoset " + std::to_string(store.geosetNumber) +
+                              " to write to.",
                           "Your edits are still here. Switch Geoset chooses another geoset of the "
                           "model, if it has one.");
             break;

@@ -29,11 +29,6 @@ bool agree(const std::vector<double>& a, const std::vector<double>& b) {
     return std::equal(a.begin(), a.begin() + count, b.begin());
 }
 
-// Whether the texture editor's data was taken from the mesh in memory.
-bool isTakenFrom(const UVState& uv, const GeosetStore& store) {
-    return uv.takenFrom == store.revisions.mesh();
-}
-
 // Whether Save Changes wrote to the mesh in memory; an undo may take back what it wrote.
 bool isSavedTo(const UVState& uv, const GeosetStore& store) {
     return uv.savedTo == store.revisions.mesh();
@@ -97,14 +92,31 @@ void setUndone(UVEditor& uv, const Editor& editor, bool undone) {
 }
 
 // Texture coordinates that nothing else holds are about to be replaced.
-void keepTexture(const UVState& uv, Editor& editor) {
-    if (!uv.unsaved || editor.wayBack == nullptr || !isTakenFrom(uv, editor.store)) return;
-    Snapshot snapshot = snapshotOf(editor.store);
-    mergeTexture(snapshot, uv.data.u, uv.data.v, uv.same);
-    editor.wayBack->keep(std::move(snapshot), KeptBecause::TextureDropped);
+void keepTexture(const UVEditor& uv, Editor& editor) {
+    if (editor.wayBack == nullptr) return;
+    std::optional<Snapshot> snapshot = unsavedTexture(uv, editor.store);
+    if (snapshot) editor.wayBack->keep(std::move(*snapshot), KeptBecause::TextureDropped);
 }
 
 }  // namespace
+
+bool isTakenFrom(const UVState& uv, const GeosetStore& store) {
+    return uv.takenFrom == store.revisions.mesh();
+}
+
+std::optional<Snapshot> unsavedTexture(const UVEditor& uv, const GeosetStore& store) {
+    if (!uv.unsaved) return std::nullopt;
+    std::optional<Snapshot> mesh = isTakenFrom(uv, store) ? snapshotOf(store) : uv.leftMesh;
+    if (mesh) mergeTexture(*mesh, uv.data.u, uv.data.v, uv.same);
+    return mesh;
+}
+
+bool addUnsavedTexture(UVEditor& uv, const GeosetStore& store, Snapshot& mesh) {
+    if (!uv.dataReceived || !isTakenFrom(uv, store)) return false;
+    if (uv.unsaved) mergeTexture(mesh, uv.data.u, uv.data.v, uv.same);
+    uv.leftMesh = mesh;
+    return uv.unsaved;
+}
 
 void openTextureEditor(Editor& editor) {
     if (!editor.store.modelLoaded) {
@@ -125,6 +137,7 @@ void takeHandOver(UVEditor& uv, Editor& editor, UVData data) {
         return;
     }
     keepTexture(uv, editor);
+    uv.leftMesh.reset();
     uv.takenFrom = editor.store.revisions.mesh();
     uv.same = data.u.size();
     getArray(uv, std::move(data));
@@ -138,7 +151,7 @@ void takeHandOver(UVEditor& uv, Editor& editor, UVData data) {
 
 void noteEdits(UVEditor& uv, const Editor& editor) {
     const std::vector<VertexRecord>& vertices = editor.store.Vertices;
-    uv.same = std::min(uv.same, vertices.size());
+    if (isTakenFrom(uv, editor.store)) uv.same = std::min(uv.same, vertices.size());
     if (!isSavedTo(uv, editor.store)) {
         setUndone(uv, editor, false);
         return;
@@ -203,6 +216,7 @@ void saveChanges(UVEditor& uv, Editor& editor) {
     uv.unsaved = false;
     setUndone(uv, editor, false);
     if (others) {
+        uv.leftMesh.reset();
         changeTexture(uv, [&](UVEditor& changed) { takeAsItIs(changed, editor.store); });
         return;
     }

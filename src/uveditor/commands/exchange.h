@@ -1,9 +1,11 @@
 // How texture coordinates come to the texture editor and back.
 #pragma once
 
+#include <optional>
 #include <span>
 
 #include "editor/editor.h"
+#include "model/snapshot.h"
 #include "uveditor/commands/uv_editor.h"
 #include "uveditor/remap.h"
 
@@ -21,6 +23,18 @@ void takeHandOver(UVEditor& uv, Editor& editor, UVData data);
 /// wrote, because Undo took them back, the texture editor's count as unsaved again, and a notice in
 /// both windows says so until that is settled.
 void noteEdits(UVEditor& uv, const Editor& editor);
+
+/// A mesh with the texture editor's coordinates that Save Changes has not written: that in memory,
+/// or the one that was there when they were taken. Nothing where there are none.
+std::optional<Snapshot> unsavedTexture(const UVEditor& uv, const GeosetStore& store);
+
+/// Whether the texture editor's data was taken from the mesh in memory.
+bool isTakenFrom(const UVState& uv, const GeosetStore& store);
+
+/// Before another mesh may be read: writes coordinates of the one in memory that Save Changes has
+/// not written into a snapshot of it, and remembers that for what is changed later. Whether there
+/// were any.
+bool addUnsavedTexture(UVEditor& uv, const GeosetStore& store, Snapshot& mesh);
 
 /// Takes new data into the texture editor, in place of what it had, loads the background picture
 /// again if there is one, and redraws. Zoom, pan, picture and modes stay.

@@ -1,9 +1,11 @@
 // All that the texture editor's window owns.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "editor/dialogs.h"
+#include "model/snapshot.h"
 #include "uveditor/uv_state.h"
 
 namespace corvane {
@@ -28,6 +30,8 @@ public:
 struct UVEditor : UVState {
     UVWindow& window;
     Dialogs& dialogs;
+    /// The mesh that the data was taken from, as it was when another one was read.
+    std::optional<Snapshot> leftMesh{};
 };
 
 }  // namespace corvane
