@@ -81,16 +81,15 @@ void renewWorkingCopy(Editor& editor) {
 
 // Writes a text to the model file and makes it the text that later saves start from. `write` does
 // that.
-bool writeText(Editor& editor, const PiecedText& text,
+bool writeText(Editor& editor, const PiecedText& text, ReplacedText& replaced,
                void (ModelDocument::*write)(const PiecedText&)) {
-    const ReplacedText replaced(editor);
     try {
         (editor.store.*write)(text);
     } catch (const FileError& error) {
         showSaveError(editor, error);
         return false;
     }
-    replaced.keep();
+    replaced.noteWritten();
     return true;
 }
 
@@ -131,25 +130,27 @@ void removeEmptied(Editor& editor) {
     keepGeoset(editor, KeptBecause::GeosetRemoved);
     const SharedBase before = store.sharedBase();
     editor.dialogs.messageBox(kWarningCaption, "Removing geoset");
-    if (!writeText(editor, removeGeoset(store.base().text, store.geosetNumber),
+    ReplacedText replaced(editor);
+    if (!writeText(editor, removeGeoset(store.base().text, store.geosetNumber), replaced,
                    &ModelDocument::write))
         return;
     store.noteGeosetRemoved(before);
     renewWorkingCopy(editor);
+    replaced.keep();  // not only after the questions that follow
     chooseAndRead(editor, false);
 }
 
 // Writes the text in memory to the model file as it is, without the geoset in memory.
 bool writeAsItIs(Editor& editor) {
     keepGeoset(editor, KeptBecause::LeftOut);
-    const ReplacedText replaced(editor);
+    ReplacedText replaced(editor);
     try {
         editor.store.writeAsItIs();
     } catch (const FileError& error) {
         showSaveError(editor, error);
         return false;
     }
-    replaced.keep();
+    replaced.noteWritten();
     renewWorkingCopy(editor);
     return true;
 }
@@ -244,12 +245,14 @@ void writeGeoset(Editor& editor, bool singleGeoset) {
     std::optional<Part> part;
     if (singleGeoset) part.emplace(*text);
     const auto write = singleGeoset ? &ModelDocument::write : &ModelDocument::writeGeoset;
-    if (!writeText(editor, *text, write)) return;
+    ReplacedText replaced(editor);
+    if (!writeText(editor, *text, replaced, write)) return;
     store.noteGeosetRead();
     if (part) std::move(*part).becomeCurrent(editor);
     store.noteSaved();
     if (editor.wayBack != nullptr) editor.wayBack->noteSaved();
     renewWorkingCopy(editor);
+    replaced.keep();
     sayNeutralRows(editor, neutral);
 }
 
