@@ -2,7 +2,8 @@
 #
 #     corvane_library(corvane_views FOLDER views USES corvane_base)
 #
-# The library is made of all sources in src/FOLDER, not of those in folders below it. Only its own
+# The library is made of all sources in src/FOLDER, not of those in folders below it; of those for
+# one kind of system, NAME_posix.cpp and NAME_windows.cpp, the one for the system it is built for. Only its own
 # headers and those of what it uses are found, as "FOLDER/header.h": every library has an include
 # folder of its own in the build tree with nothing but links to its headers.
 function(corvane_library name)
@@ -10,6 +11,11 @@ function(corvane_library name)
   set(folder ${PROJECT_SOURCE_DIR}/src/${arg_FOLDER})
   file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.cpp)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")  # a program's
+  if(WIN32)
+    list(FILTER sources EXCLUDE REGEX "_posix\\.cpp$")
+  else()
+    list(FILTER sources EXCLUDE REGEX "_windows\\.cpp$")
+  endif()
   file(GLOB headers CONFIGURE_DEPENDS ${folder}/*.h)
   set(root ${PROJECT_BINARY_DIR}/include/${name})
   file(REMOVE_RECURSE ${root})

@@ -1,31 +1,13 @@
 #include "app/orderly_end.h"
 
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <QApplication>
 #include <QEvent>
-#include <cerrno>
-#include <csignal>
 #include <cstdlib>
 #include <utility>
 
 namespace corvane {
 
 namespace {
-
-constexpr std::array kSignals = {SIGTERM, SIGINT, SIGHUP};
-
-// A signal handler reaches nothing else.
-std::array<int, 2> ends = {-1, -1};  // read from the first, written to the second
-std::array<struct sigaction, kSignals.size()> before;
-
-void noteSignal(int /*signal*/) {
-    const int error = errno;
-    const char byte = 1;
-    [[maybe_unused]] const ssize_t written = ::write(ends[1], &byte, 1);
-    errno = error;
-}
 
 std::function<void()>& exitCall() {
     static std::function<void()> call;
@@ -38,32 +20,6 @@ void callAtExit() {
 }
 
 }  // namespace
-
-EndSignals::EndSignals(std::function<void()> end) : end_(std::move(end)) {
-    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0, ends.data()) != 0) {
-        return;  // then they end the process as they always did
-    }
-    notifier_ = std::make_unique<QSocketNotifier>(ends[0], QSocketNotifier::Read);
-    connect(notifier_.get(), &QSocketNotifier::activated, this, [this] {
-        char bytes[16];
-        [[maybe_unused]] const ssize_t got = ::read(ends[0], bytes, sizeof bytes);
-        end_();
-    });
-    struct sigaction action {};
-    action.sa_handler = noteSignal;
-    action.sa_flags = SA_RESTART;
-    for (std::size_t i = 0; i < kSignals.size(); ++i) {
-        ::sigaction(kSignals[i], nullptr, &before[i]);
-        if (before[i].sa_handler != SIG_IGN) ::sigaction(kSignals[i], &action, nullptr);
-    }
-}
-
-EndSignals::~EndSignals() {
-    if (!notifier_) return;
-    for (std::size_t i = 0; i < kSignals.size(); ++i) ::sigaction(kSignals[i], &before[i], nullptr);
-    notifier_.reset();
-    for (int& end : ends) ::close(std::exchange(end, -1));
-}
 
 QuitInDialog::QuitInDialog(std::function<void()> end) : end_(std::move(end)) {
     QCoreApplication::instance()->installEventFilter(this);

@@ -1,13 +1,9 @@
 #include "kept/kept_folder.h"
 
-#include <sys/stat.h>
-
 #include <QStandardPaths>
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <chrono>
-#include <filesystem>
 #include <map>
 #include <set>
 #include <system_error>
@@ -18,8 +14,6 @@
 namespace corvane {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::size_t kRunDigits = 16;
 constexpr std::int64_t kLeftoverAge = std::int64_t{24} * 60 * 60 * 1000;  // milliseconds
@@ -37,20 +31,22 @@ bool isEntryName(std::string_view name) {
            name.find_first_not_of("0123456789", kRunDigits + 1) == std::string_view::npos;
 }
 
-// Calls with the path of each file in the folder. The names are the system's own, not the standard
-// library's: its folders end the program where memory runs out.
-template <class Call>
-void forEachFile(const std::string& folder, Call call) {
-    for (const std::string& name : files::namesIn(folder, "")) call(fs::path(folder + '/' + name));
-}
+// A file's name, parted before the last period.
+struct FileName {
+    std::string stem;
+    std::string extension;  // with its period
+
+    explicit FileName(const std::string& name)
+        : stem(name.substr(0, name.rfind('.'))), extension(name.substr(stem.size())) {}
+};
 
 // Since a file was written, by the system's clock, milliseconds.
-std::int64_t ageOf(const fs::path& path) {
-    std::error_code error;
-    const fs::file_time_type written = fs::last_write_time(path, error);
-    if (error) return 0;
-    return std::chrono::duration_cast<std::chrono::milliseconds>(fs::file_time_type::clock::now() -
-                                                                 written)
+std::int64_t ageOf(const std::string& path) {
+    const std::optional<FileStamp> stamp = stampOf(path);
+    if (!stamp) return 0;
+    const std::chrono::nanoseconds now = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+               now - std::chrono::nanoseconds(stamp->modified))
         .count();
 }
 
@@ -142,17 +138,14 @@ private:
 
 // Half entries, damaged ones, locks and files that never took their place.
 void removeLeftovers(const std::string& folder, const KeptLimits& limits, const Pruner& pruner) {
-    std::vector<fs::path> old;
-    forEachFile(folder, [&](const fs::path& path) {
-        if (ageOf(path) > kLeftoverAge) old.push_back(path);
-    });
-    for (const fs::path& path : old) {
-        const std::string name = path.stem().string();
-        const std::string extension = path.extension().string();
+    for (const std::string& file : files::namesIn(folder, "")) {
+        const std::string path = folder + '/' + file;
+        if (ageOf(path) <= kLeftoverAge) continue;
+        const auto [name, extension] = FileName(file);
         if (extension == ".tmp" && name.starts_with(".corvane-")) {
-            deleteFile(path.string());
+            deleteFile(path);
         } else if (extension == ".lock" && isRunName(name) && name != pruner.run) {
-            if (!isRunAlive(folder, name)) deleteFile(path.string());
+            if (!isRunAlive(folder, name)) deleteFile(path);
         } else if ((extension == ".mdl" || extension == ".json") && isEntryName(name)) {
             const bool whole =
                 stampOf(keptModelPath(folder, name)) && stampOf(keptJsonPath(folder, name));
@@ -172,16 +165,10 @@ std::string standardKeptFolder() {
 }
 
 void makeKeptFolder(const std::string& folder) {
-    std::error_code error;
-    fs::create_directories(fs::path(folder).parent_path(), error);
-    if (error) throw FileError(folder, error.value());
-    if (::mkdir(folder.c_str(), 0700) == 0) return;
-    if (errno != EEXIST) throw FileError(folder, errno);
-    if (!fs::is_directory(folder, error)) throw FileError(folder, ENOTDIR);
-    // Models are nobody else's business. Where that cannot be had, keeping counts for more.
-    struct stat status {};
-    if (::stat(folder.c_str(), &status) != 0 || (status.st_mode & 077U) == 0) return;
-    [[maybe_unused]] const int changed = ::chmod(folder.c_str(), status.st_mode & 0700U);
+    makeFoldersAbove(folder);
+    // Models are nobody else's business.
+    const std::error_code error = files::makePrivateFolder(folder);
+    if (error) throw FileError(folder, error);
 }
 
 std::string keptModelPath(const std::string& folder, const std::string& name) {
@@ -194,13 +181,13 @@ std::string keptJsonPath(const std::string& folder, const std::string& name) {
 
 std::vector<KeptEntry> readEntries(const std::string& folder) {
     std::vector<KeptEntry> entries;
-    forEachFile(folder, [&](const fs::path& path) {
-        const std::string name = path.stem().string();
-        if (path.extension() != ".json" || !isEntryName(name)) return;
+    for (const std::string& file : files::namesIn(folder, "")) {
+        const auto [name, extension] = FileName(file);
+        if (extension != ".json" || !isEntryName(name)) continue;
         if (std::optional<KeptEntry> entry = readEntry(folder, name)) {
             entries.push_back(std::move(*entry));
         }
-    });
+    }
     std::ranges::sort(entries, isNewer);
     return entries;
 }

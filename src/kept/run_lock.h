@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "model/files.h"
+
 namespace corvane {
 
 /// The lock of this run, held from the first hold() until the end of this object's life.
@@ -25,7 +27,7 @@ private:
     bool isHeld() const;
 
     std::string path_;
-    int fd_ = -1;
+    files::File file_;
 };
 
 /// Whether the run with that name holds its lock.

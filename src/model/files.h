@@ -1,7 +1,7 @@
 // What the program asks of the system about files: the one header before all that is different from
-// system to system. files_posix.cpp answers it for systems of the Unix kind; what is built on it,
-// model_files.h, knows no system. Paths are UTF-8. No function here throws but where it says so;
-// errors are of std::generic_category().
+// system to system. files_posix.cpp answers it for systems of the Unix kind, files_windows.cpp for
+// Windows; what is built on it, model_files.h, knows no system. Paths are UTF-8. No function here
+// throws but where it says so; errors are of std::generic_category().
 #pragma once
 
 #include <cstddef>
@@ -54,6 +54,10 @@ void flushFolder(const std::string& folder) noexcept;
 /// be read. Throws std::bad_alloc.
 std::vector<std::string> namesIn(const std::string& folder, std::string_view beginning);
 
+/// Makes a folder that only its owner can look into, unless it is there; then others lose their
+/// rights in it, where that is to be had. The folders above must be there.
+std::error_code makePrivateFolder(const std::string& path) noexcept;
+
 /// Whether the file belongs to the user who runs the program.
 bool isOwnedByUser(const Status& status) noexcept;
 
@@ -90,7 +94,16 @@ public:
     /// Opens a file to be written in place, from its beginning.
     static File toRewrite(const std::string& path, std::error_code& error) noexcept;
 
+    /// Opens a file to be locked, made for its owner only where it is missing.
+    static File toLock(const std::string& path, std::error_code& error) noexcept;
+
     bool isOpen() const { return handle_ != kNone; }
+
+    /// Locks the file against lock() by any other process, for which it waits, until the file is
+    /// closed, however the process ends. False where the file system knows no locks.
+    bool lock() noexcept;
+    /// Whether another process holds that lock.
+    bool isLocked() noexcept;
 
     std::optional<Status> status(std::error_code& error) const noexcept;
 

@@ -1,6 +1,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <pwd.h>
+#include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/types.h>
@@ -105,6 +106,19 @@ std::vector<std::string> namesIn(const std::string& folder, std::string_view beg
     return names;
 }
 
+std::error_code makePrivateFolder(const std::string& path) noexcept {
+    constexpr mode_t kOthers = S_IRWXG | S_IRWXO;
+    if (::mkdir(path.c_str(), S_IRWXU) == 0) return {};
+    if (errno != EEXIST) return lastError();
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) return lastError();
+    if (!S_ISDIR(status.st_mode)) return std::make_error_code(std::errc::not_a_directory);
+    if ((status.st_mode & kOthers) != 0) {
+        [[maybe_unused]] const int changed = ::chmod(path.c_str(), status.st_mode & S_IRWXU);
+    }
+    return {};
+}
+
 bool isOwnedByUser(const Status& status) noexcept { return status.owner == ::geteuid(); }
 
 long processId() noexcept { return ::getpid(); }
@@ -153,6 +167,24 @@ File File::toRewrite(const std::string& path, std::error_code& error) noexcept {
     const int fd = ::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
     error = errorUnless(fd >= 0);
     return File(fd);
+}
+
+File File::toLock(const std::string& path, std::error_code& error) noexcept {
+    const int fd = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    error = errorUnless(fd >= 0);
+    return File(fd);
+}
+
+// Not a lock of POSIX's: that would be let go of as soon as any descriptor of the file is closed.
+bool File::lock() noexcept {
+    while (::flock(descriptor(handle_), LOCK_EX) != 0) {
+        if (errno != EINTR) return false;
+    }
+    return true;
+}
+
+bool File::isLocked() noexcept {
+    return ::flock(descriptor(handle_), LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
 }
 
 std::optional<Status> File::status(std::error_code& error) const noexcept {

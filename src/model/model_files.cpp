@@ -325,7 +325,16 @@ std::string freePath(const std::string& folder, const std::string& stem,
     }
 }
 
+void makeFoldersAbove(const std::string& path) {
+    const std::string folder = folderOf(path);
+    std::error_code error;
+    fs::create_directories(pathOf(folder), error);
+    check(folder, error);
+}
+
 std::string folderOf(const std::string& path) { return textOf(pathOf(path).parent_path()); }
+
+std::string nameOf(const std::string& path) { return textOf(pathOf(path).filename()); }
 
 std::string stemOf(const std::string& path) { return textOf(pathOf(path).stem()); }
 

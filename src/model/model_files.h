@@ -133,9 +133,13 @@ bool isSameFile(const std::string& a, const std::string& b);
 std::string freePath(const std::string& folder, const std::string& stem,
                      const std::string& extension);
 
-/// The folder that a path names a file in, empty for a bare name; and the name without its
-/// extension.
+/// Makes the folders that a path leads through, where they are missing. Throws FileError.
+void makeFoldersAbove(const std::string& path);
+
+/// The folder that a path names a file in, empty for a bare name; the name; and the name without
+/// its extension.
 std::string folderOf(const std::string& path);
+std::string nameOf(const std::string& path);
 std::string stemOf(const std::string& path);
 
 /// The path of the working copy of a model: the model's path less its last 4 characters, with

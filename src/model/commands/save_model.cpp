@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <new>
 
 #include "editor/keep_unsaved.h"
@@ -102,10 +101,6 @@ enum class SaveKind {
     RemoveEmptied,  // nothing of the geoset is left, so it is removed
     Refuse,         // there is no geoset that could be written
 };
-
-std::string nameOf(const std::string& path) {
-    return std::filesystem::path(path).filename().string();
-}
 
 // Whether no vertex or no face is left.
 bool isEmptied(const Geoset& geoset) {
