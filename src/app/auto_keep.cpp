@@ -61,7 +61,7 @@ Snapshot AutoKeep::snapshot(bool inMemory) const {
 
 AutoKeep::State AutoKeep::state(bool inMemory) const {
     State now;
-    now.removals = keeper_.removals();
+    now.losses = keeper_.losses();
     if (inMemory) {
         now.revision = editor_.store.revisions.current();
         now.text = editor_.store.sharedBase().get();
@@ -95,6 +95,10 @@ void AutoKeep::keepEdits() {
         const bool geoset = keepGoingOn(KeptBecause::Editing);
         const bool texture = keepGoingOn(KeptBecause::TextureEditing);
         if ((geoset || texture) && !isWorking) noteState();  // tries again until it succeeds
+        if (keeper_.hasToRetry()) {
+            keeper_.retry();
+            noteState();
+        }
     } catch (const std::bad_alloc&) {
         noteState();  // there may be memory again
     }
@@ -109,6 +113,11 @@ void AutoKeep::keepOwn(KeptBecause because, bool inMemory) {
         return;
     }
     keeper_.keep(snapshot(inMemory), because);
+    if (inMemory) {
+        if (std::optional<Snapshot> removal = unsavedRemoval(editor_.store)) {
+            keeper_.keep(*std::move(removal), because);
+        }
+    }
     ownKept_[goingOn] = std::move(now);
 }
 
@@ -128,6 +137,7 @@ void AutoKeep::end(KeptBecause because) {
     tmrKeep_->stop();
     try {
         if (!ended_) keepNow(because);
+        keeper_.retry();
     } catch (const std::bad_alloc&) {
         // Then what was kept a moment ago has to do: the program ends all the same.
     }

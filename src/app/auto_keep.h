@@ -26,6 +26,9 @@ public:
     /// After anything that may have been an edit: looks at it a few seconds later.
     void noteState();
 
+    /// Whether there is anything that no save has written, here or in the texture editor.
+    bool hasUnsaved() const { return isUnsaved() || unsavedTexture(false) != nullptr; }
+
     /// A snapshot of the mesh in memory with the texture editor's coordinates of it; nothing where
     /// all of that is saved.
     std::optional<Snapshot> unsaved() const;
@@ -49,7 +52,7 @@ private:
         const ModelBase* text = nullptr;
         std::vector<double> u;
         std::vector<double> v;
-        std::uint64_t removals = 0;  // of entries
+        std::uint64_t losses = 0;  // the keeper's
 
         bool operator==(const State&) const = default;
     };

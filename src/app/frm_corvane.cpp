@@ -348,6 +348,10 @@ void frmCorvane::copyText(const std::string& text) {
 }
 
 void frmCorvane::closeEvent(QCloseEvent* event) {
+    if (!mayClose()) {
+        event->ignore();
+        return;
+    }
     if (autoKeep_) autoKeep_->end(KeptBecause::Closed);
     if (textureEditor_) textureEditor_->close();
     closeModel(editor_);

@@ -67,6 +67,7 @@ private:
     void copyText(const std::string& text) override;
 
     void startKeeping();
+    bool mayClose();
     void stopKeeping();
     void showKeepingState(const QString& failure);
     bool openKeptEntry(const KeptEntry& entry);

@@ -1,6 +1,7 @@
 // The main window's part in keeping what is not saved, and in bringing it back.
 
 #include <QGuiApplication>
+#include <new>
 
 #include "app/frm_corvane.h"
 #include "model/commands/open_model.h"
@@ -56,6 +57,24 @@ void frmCorvane::keepUnsaved() {
     keeper_->finish();
 }
 
+bool frmCorvane::mayClose() {
+    if (!autoKeep_) return true;
+    std::string reason;
+    try {
+        autoKeep_->keepNow(KeptBecause::Closed);
+        keeper_->retry();
+        keeper_->finish();
+        reason = keeper_->failure();
+    } catch (const std::bad_alloc&) {
+        reason = "There is not enough memory";
+    }
+    return reason.empty() || !autoKeep_->hasUnsaved() ||
+           editor_.dialogs.yesNo(kWarningCaption,
+                                 "There are edits that no save has written, and they could not be "
+                                 "kept for File, Recover:\n" +
+                                     reason + "\n\nClose all the same, and lose them?");
+}
+
 void frmCorvane::endInOrder() {
     if (autoKeep_) autoKeep_->end(KeptBecause::Ended);
     closeModel(editor_);
@@ -89,8 +108,9 @@ bool frmCorvane::openKeptEntry(const KeptEntry& entry) {
                                    std::string("What was kept cannot be read.\n") + error.what());
         return false;
     }
-    if (!openKept(editor_, kept)) return false;
+    // First: what opening drops would not survive an end of the program while it asks something.
     if (before) keeper_->keep(*before, KeptBecause::AnotherOpened);
+    if (!openKept(editor_, kept)) return false;
     // The entry may go when the limits are reached once another one holds the same.
     autoKeep_->keepEdits();
     keeper_->finish();

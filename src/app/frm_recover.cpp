@@ -114,7 +114,8 @@ void frmRecover::fillList() {
         auto* const row = new QTreeWidgetItem(
             {timeText(entry), QFileInfo(qt(entry.modelPath)).fileName(),
              entry.geosetNumber > 0 ? QString::number(entry.geosetNumber) : QString(),
-             tr(reasonText(entry.because)), QLocale().formattedDataSize(entry.size)});
+             entry.damaged ? tr("damaged: only the model is left") : tr(reasonText(entry.because)),
+             QLocale().formattedDataSize(entry.size)});
         row->setToolTip(1, qt(entry.modelPath));
         row->setTextAlignment(4, Qt::AlignRight | Qt::AlignVCenter);
         rows << row;
@@ -136,6 +137,7 @@ const KeptEntry* frmRecover::selected() const {
 void frmRecover::showSelected() {
     const KeptEntry* const entry = selected();
     for (QPushButton* const button : buttons_) button->setEnabled(entry != nullptr);
+    if (entry != nullptr && entry->damaged) buttons_[0]->setEnabled(false);  // its place is unknown
     geoset_.reset();
     QString hint = entry == nullptr ? tr("Nothing is kept.") : tr("There is no picture of it.");
     if (entry != nullptr) {
@@ -163,7 +165,8 @@ void frmRecover::drawPicture() {
 
 void frmRecover::openSelected() {
     const KeptEntry* const entry = selected();
-    if (entry != nullptr && open_(KeptEntry(*entry))) accept();
+    if (entry == nullptr || entry->damaged) return;
+    if (open_(KeptEntry(*entry))) accept();
 }
 
 void frmRecover::copySelected() {

@@ -12,6 +12,11 @@ void keep(Editor& editor, KeptBecause because, bool always) {
     const bool hasTexture = editor.window.addUnsavedTexture(snapshot);
     if (!always && !hasTexture && !editor.store.isModified()) return;
     editor.wayBack->keep(std::move(snapshot), because);
+    // Switching reads another geoset of the same text.
+    if (always || because == KeptBecause::Switched) return;
+    if (std::optional<Snapshot> removal = unsavedRemoval(editor.store)) {
+        editor.wayBack->keep(*std::move(removal), because);
+    }
 }
 
 }  // namespace

@@ -67,8 +67,17 @@ void Keeper::keepReplaced(SharedBase text, const std::string& path) {
         work.path = path;
         hand(std::move(work));
     } catch (const std::bad_alloc& error) {
-        tell(error.what());
+        noteLost(error.what());
     }
+}
+
+// What was handed over did not even come into the queue.
+void Keeper::noteLost(const char* reason) {
+    {
+        const std::scoped_lock lock(mutex_);
+        ++failures_;
+    }
+    tell(reason);
 }
 
 void Keeper::noteSettled(KeptBecause goingOn) {
@@ -99,7 +108,7 @@ void Keeper::hand(Work work) {
         }
         queue_.push_back(std::move(work));
     } catch (const std::exception& error) {
-        tell(error.what());
+        noteLost(error.what());
     }
     changed_.notify_all();
 }
@@ -113,6 +122,28 @@ void Keeper::onState(std::function<void(const std::string&)> call) {
 bool Keeper::isWorking() const {
     const std::scoped_lock lock(mutex_);
     return failure_.empty();
+}
+
+std::string Keeper::failure() const {
+    const std::scoped_lock lock(mutex_);
+    return failure_;
+}
+
+std::uint64_t Keeper::losses() const {
+    const std::scoped_lock lock(mutex_);
+    return removals_ + failures_;
+}
+
+bool Keeper::hasToRetry() const {
+    const std::scoped_lock lock(mutex_);
+    return hasToRetry_;
+}
+
+void Keeper::retry() {
+    if (!hasToRetry()) return;
+    Work work;
+    work.retries = true;
+    hand(std::move(work));
 }
 
 void Keeper::finish() {
@@ -140,62 +171,96 @@ void Keeper::run(const std::stop_token& stop) {
 void Keeper::perform(Work work) {
     try {
         if (options_.beforeWork) options_.beforeWork();
-        if (work.settled) {
-            dropGoingOn(*work.settled);
-            return;
-        }
-        if (work.snapshot) {
-            keepSnapshot(*work.snapshot, work.because);
-        } else if (work.text) {
-            keepText(work);
-        } else {
-            prune("");
-            return;
-        }
-        keepWhatFailed();
-        tell("");
+        carryOut(work);
+        if (work.snapshot && !work.isEditing()) dropGoingOn(goingOnIn(work.because));
     } catch (const std::exception& error) {
-        // What could not be kept is in memory no longer: the entry of the edits before it, which
-        // holds nearly the same, must not go with the next one's.
-        if (work.snapshot && !goesOn(work.because)) goingOn_.erase(goingOnIn(work.because));
-        if (work.text) failedText_ = std::move(work);
-        tell(error.what());
+        noteFailed(std::move(work), error.what());
+        return;
+    }
+    if (work.isEditing()) failingEdits_.erase(work.because);
+    if (work.settled) failingEdits_.erase(*work.settled);
+    const bool hadToRetry = !failed_.empty();
+    const bool isAllKept = keepWhatFailed() && failingEdits_.empty();
+    if (isAllKept && (hadToRetry || work.isToBeKept())) tell("");
+}
+
+void Keeper::carryOut(const Work& work) {
+    if (work.snapshot) {
+        const Snapshot& snapshot = *work.snapshot;
+        write({.modelPath = snapshot.modelPath,
+               .geosetNumber = snapshot.geosetNumber,
+               .because = work.because,
+               .stamp = snapshot.stamp},
+              composeSnapshot(snapshot));
+    } else if (work.text) {
+        PiecedText text;
+        text.addView(work.text->text.view());
+        write({.modelPath = work.path, .because = KeptBecause::Replaced}, text);
+    } else if (work.settled) {
+        dropGoingOn(*work.settled);
+    } else if (!work.retries) {
+        prune("");
     }
 }
 
-void Keeper::keepSnapshot(const Snapshot& snapshot, KeptBecause because) {
-    write({.modelPath = snapshot.modelPath,
-           .geosetNumber = snapshot.geosetNumber,
-           .because = because,
-           .stamp = snapshot.stamp},
-          composeSnapshot(snapshot));
-    if (!goesOn(because)) dropGoingOn(goingOnIn(because));
+void Keeper::noteFailed(Work work, const char* reason) {
+    // What could not be kept is in memory no longer: the entry of the edits before it, which holds
+    // nearly the same, must not go with the next one's.
+    if (work.snapshot && !work.isEditing()) goingOn_.erase(goingOnIn(work.because));
+    try {
+        if (work.isEditing()) {
+            failingEdits_.insert(work.because);
+        } else if (work.isToBeKept()) {
+            // Each may hold a whole model. The first is what was there before all the others.
+            constexpr std::size_t kMost = 8;
+            if (failed_.size() == kMost) failed_.erase(failed_.begin() + 1);
+            failed_.push_back(std::move(work));
+        }
+    } catch (const std::bad_alloc&) {
+        // Then it is lost; the reason is told.
+    }
+    {
+        const std::scoped_lock lock(mutex_);
+        ++failures_;
+        hasToRetry_ = !failed_.empty();
+    }
+    tell(reason);
 }
 
-void Keeper::keepText(const Work& work) {
-    PiecedText text;
-    text.addView(work.text->text.view());
-    write({.modelPath = work.path, .because = KeptBecause::Replaced}, text);
-}
-
-// Nothing else would try it again: what a save replaced is nobody's edit.
-void Keeper::keepWhatFailed() {
-    if (!failedText_) return;
-    keepText(*failedText_);
-    failedText_.reset();
+// Whether nothing is left of it.
+bool Keeper::keepWhatFailed() {
+    try {
+        for (; !failed_.empty(); failed_.pop_front()) carryOut(failed_.front());
+    } catch (const std::exception& error) {
+        tell(error.what());
+    }
+    const std::scoped_lock lock(mutex_);
+    hasToRetry_ = !failed_.empty();
+    return failed_.empty();
 }
 
 void Keeper::write(KeptEntry entry, const PiecedText& text) {
     entry.run = run_;
     entry.digest = digestOf(text);
     makeKeptFolder(options_.folder);
-    if (isThereAlready(entry)) return;
+    const bool isGoingOn = goesOn(entry.because);
+    if (isGoingOn && isGoingOnThere(entry)) return;
+    std::vector<KeptEntry> all;
+    if (!isGoingOn || order_ == 0) all = readEntries(options_.folder);
+    for (const KeptEntry& other : all) order_ = std::max(order_, other.order);
     lock_.hold();
-    entry.name = run_ + '-' + std::to_string(++written_);
     entry.time = options_.now();
-    entry.order = nextOrder();
+    entry.order = ++order_;
+    if (!isGoingOn) {
+        if (const KeptEntry* const same = sameIn(all, entry)) {
+            entry.name = same->name;  // kept once more, and so from now on
+            writeEntryJson(options_.folder, entry, lock_.path());
+            return;
+        }
+    }
+    entry.name = run_ + '-' + std::to_string(++written_);
     writeEntry(options_.folder, entry, text.pieces(), lock_.path());
-    if (goesOn(entry.because)) {
+    if (isGoingOn) {
         dropGoingOn(entry.because);
         goingOn_[entry.because] = entry;
     } else {
@@ -203,35 +268,31 @@ void Keeper::write(KeptEntry entry, const PiecedText& text) {
     }
 }
 
-// Whether the newest entry for the same model and reason holds the same. One of another program
-// that runs does not count, for it is not offered here; nor do edits of another run, which end with
-// a save there.
-bool Keeper::isThereAlready(const KeptEntry& entry) const {
-    const auto isSame = [&](const KeptEntry& other) {
-        return other.digest == entry.digest && other.modelPath == entry.modelPath &&
-               other.geosetNumber == entry.geosetNumber && other.stamp == entry.stamp;
-    };
-    if (goesOn(entry.because)) {
-        const auto last = goingOn_.find(entry.because);
-        return last != goingOn_.end() && isSame(last->second) &&
-               stampOf(keptJsonPath(options_.folder, last->second.name)) &&
-               stampOf(keptModelPath(options_.folder, last->second.name));
-    }
-    const std::vector<KeptEntry> all = readEntries(options_.folder);
-    const auto newest = std::ranges::find_if(all, [&](const KeptEntry& other) {
-        return other.because == entry.because && other.modelPath == entry.modelPath &&
-               (other.run == run_ || !isRunAlive(options_.folder, other.run));
-    });
-    return newest != all.end() && isSame(*newest);
+namespace {
+
+bool isSame(const KeptEntry& a, const KeptEntry& b) {
+    return a.digest == b.digest && a.modelPath == b.modelPath && a.geosetNumber == b.geosetNumber &&
+           a.stamp == b.stamp;
 }
 
-std::int64_t Keeper::nextOrder() {
-    if (order_ == 0) {
-        for (const KeptEntry& entry : readEntries(options_.folder)) {
-            order_ = std::max(order_, entry.order);
-        }
-    }
-    return ++order_;
+}  // namespace
+
+// Whether the entry of those edits that go on holds the same.
+bool Keeper::isGoingOnThere(const KeptEntry& entry) const {
+    const auto last = goingOn_.find(entry.because);
+    return last != goingOn_.end() && isSame(last->second, entry) &&
+           stampOf(keptJsonPath(options_.folder, last->second.name)) &&
+           stampOf(keptModelPath(options_.folder, last->second.name));
+}
+
+// The newest entry for the same model and reason, if it holds the same; else null. One of another
+// program that runs does not count, for it is not offered here.
+const KeptEntry* Keeper::sameIn(const std::vector<KeptEntry>& all, const KeptEntry& entry) const {
+    const auto newest = std::ranges::find_if(all, [&](const KeptEntry& other) {
+        return other.because == entry.because && other.modelPath == entry.modelPath &&
+               !other.damaged && (other.run == run_ || !isRunAlive(options_.folder, other.run));
+    });
+    return newest != all.end() && isSame(*newest, entry) ? &*newest : nullptr;
 }
 
 void Keeper::dropGoingOn(KeptBecause goingOn) {
@@ -250,8 +311,12 @@ void Keeper::tell(const std::string& failure) {
     const std::scoped_lock lock(mutex_);
     // The first reason stands until something could be kept again.
     if (failure.empty() == failure_.empty()) return;
-    failure_ = failure;
-    if (onState_) onState_(failure_);
+    try {
+        failure_ = failure;
+        if (onState_) onState_(failure_);
+    } catch (const std::bad_alloc&) {
+        // Telling is not worth the thread.
+    }
 }
 
 std::vector<KeptEntry> Keeper::offered() {
@@ -301,6 +366,7 @@ void Keeper::rewrite(const KeptEntry& entry) const {
 
 void Keeper::remove(const KeptEntry& entry) {
     removeEntry(options_.folder, entry.name);
+    const std::scoped_lock lock(mutex_);
     ++removals_;
 }
 

@@ -53,11 +53,20 @@ public:
     /// Whether edits that go on, with that reason, are kept or handed over.
     bool holds(KeptBecause goingOn) const { return holds_.contains(goingOn); }
 
-    /// How many entries remove() has deleted.
-    std::uint64_t removals() const { return removals_; }
+    /// Counts whatever may have left less in the folder than was handed over: entries that remove()
+    /// has deleted, and failures.
+    std::uint64_t losses() const;
 
-    /// Whether the latest try to keep something succeeded.
+    /// Whether all that was to be kept is kept.
     bool isWorking() const;
+    /// Why the first thing that is not kept is not; empty where all is.
+    std::string failure() const;
+
+    /// Tries again what could not be kept, if there is any, apart from edits that go on: their
+    /// owner has later ones.
+    void retry();
+    /// Whether there is any.
+    bool hasToRetry() const;
 
     /// Waits until all that was handed over is on the disk, or could not be kept.
     void finish();
@@ -82,36 +91,38 @@ public:
     void remove(const KeptEntry& entry);
 
 private:
-    // What the thread has to do: keep a snapshot, keep a text, forget edits that went on, or only
-    // prune.
+    // What the thread has to do: keep a snapshot, keep a text, forget edits that went on, try again
+    // what failed, or only prune.
     struct Work {
         std::optional<Snapshot> snapshot{};
         KeptBecause because = KeptBecause::Editing;
         SharedBase text{};
         std::string path{};
         std::optional<KeptBecause> settled{};
+        bool retries = false;
 
+        bool isToBeKept() const { return snapshot || text; }
         bool isEditing() const { return snapshot && goesOn(because); }
     };
 
     void rewrite(const KeptEntry& entry) const;
     std::deque<Work>::iterator firstGoingOn();
     void hand(Work work);
+    void noteLost(const char* reason);
     void run(const std::stop_token& stop);
     void perform(Work work);
-    void keepText(const Work& work);
-    void keepWhatFailed();
-    void keepSnapshot(const Snapshot& snapshot, KeptBecause because);
+    void carryOut(const Work& work);
+    void noteFailed(Work work, const char* reason);
+    bool keepWhatFailed();
     void write(KeptEntry entry, const PiecedText& text);
-    bool isThereAlready(const KeptEntry& entry) const;
-    std::int64_t nextOrder();
+    bool isGoingOnThere(const KeptEntry& entry) const;
+    const KeptEntry* sameIn(const std::vector<KeptEntry>& all, const KeptEntry& entry) const;
     void dropGoingOn(KeptBecause goingOn);
     void prune(const std::string& spare);
     void tell(const std::string& failure);
 
     KeeperOptions options_;
     std::set<KeptBecause> holds_;
-    std::uint64_t removals_ = 0;
 
     // The thread's own.
     std::string run_;
@@ -119,13 +130,17 @@ private:
     std::uint64_t written_ = 0;  // entries by this run
     std::int64_t order_ = 0;     // of the latest entry
     std::map<KeptBecause, KeptEntry> goingOn_;
-    std::optional<Work> failedText_;  // the latest text that a save replaced and that is not kept
+    std::deque<Work> failed_;             // what is still to be kept, without edits that go on
+    std::set<KeptBecause> failingEdits_;  // of those, whose latest could not be kept
 
     mutable std::mutex mutex_;  // for what follows
     std::condition_variable_any changed_;
     std::deque<Work> queue_;
     bool busy_ = false;
     std::string failure_;
+    std::uint64_t failures_ = 0;
+    std::uint64_t removals_ = 0;
+    bool hasToRetry_ = false;
     std::function<void(const std::string&)> onState_;
 
     std::jthread thread_;  // last: it uses the others

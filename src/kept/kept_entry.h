@@ -25,6 +25,8 @@ struct KeptEntry {
     bool asked = false;                ///< the user was asked once whether to open it
     bool opened = false;               ///< it was opened again
     std::int64_t size = 0;             ///< bytes of the model; not in the JSON
+    /// The JSON is damaged: modelPath is that of the entry's own model.
+    bool damaged = false;
 };
 
 /// The contents of "NAME.json".

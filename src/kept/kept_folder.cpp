@@ -50,13 +50,27 @@ std::int64_t ageOf(const std::string& path) {
         .count();
 }
 
+// What is left of an entry whose JSON cannot be read.
+KeptEntry damagedEntry(const std::string& folder, const std::string& name, const FileStamp& model) {
+    constexpr std::int64_t kNanoseconds = 1'000'000;  // a millisecond
+    KeptEntry entry;
+    entry.name = name;
+    entry.modelPath = keptModelPath(folder, name);
+    entry.time = model.modified / kNanoseconds;
+    entry.because = KeptBecause::Replaced;
+    entry.run = name.substr(0, kRunDigits);
+    entry.damaged = true;
+    return entry;
+}
+
 std::optional<KeptEntry> readEntry(const std::string& folder, const std::string& name) {
     const std::optional<FileStamp> model = stampOf(keptModelPath(folder, name));
     if (!model) return std::nullopt;
     try {
         const ModelText json = readModelFile(keptJsonPath(folder, name));
         std::optional<KeptEntry> entry = entryFromJson(name, json.view());
-        if (entry) entry->size = model->size;
+        if (!entry) entry = damagedEntry(folder, name, *model);
+        entry->size = model->size;
         return entry;
     } catch (const FileError&) {
         return std::nullopt;
@@ -74,9 +88,11 @@ public:
         : folder_(folder), limits_(limits), pruner_(pruner), entries_(readEntries(folder)) {}
 
     void run() {
+        // Where even the newest is too old the clock may be wrong, and nothing has come in between.
+        const bool agesCount = std::ranges::any_of(
+            entries_, [this](const KeptEntry& entry) { return !isTooOld(entry); });
         std::erase_if(entries_, [this](const KeptEntry& entry) { return isProtected(entry); });
-        removeWhere(
-            [this](const KeptEntry& entry) { return pruner_.now - entry.time > limits_.age; });
+        if (agesCount) removeWhere([this](const KeptEntry& entry) { return isTooOld(entry); });
         std::map<std::string, std::size_t> counts;
         for (const auto& [model, count] : sparedOf_) counts[model] = count;
         removeWhere([&](const KeptEntry& entry) {
@@ -108,6 +124,8 @@ private:
         return known->second;
     }
 
+    bool isTooOld(const KeptEntry& entry) const { return pruner_.now - entry.time > limits_.age; }
+
     // Counts what stays against the limits of the others.
     bool isProtected(const KeptEntry& entry) {
         const bool own = entry.run == pruner_.run;
@@ -136,8 +154,8 @@ private:
     std::int64_t sparedBytes_ = 0;
 };
 
-// Half entries, damaged ones, locks and files that never took their place.
-void removeLeftovers(const std::string& folder, const KeptLimits& limits, const Pruner& pruner) {
+// Half entries, locks and files that never took their place.
+void removeLeftovers(const std::string& folder, const Pruner& pruner) {
     for (const std::string& file : files::namesIn(folder, "")) {
         const std::string path = folder + '/' + file;
         if (ageOf(path) <= kLeftoverAge) continue;
@@ -149,8 +167,7 @@ void removeLeftovers(const std::string& folder, const KeptLimits& limits, const 
         } else if ((extension == ".mdl" || extension == ".json") && isEntryName(name)) {
             const bool whole =
                 stampOf(keptModelPath(folder, name)) && stampOf(keptJsonPath(folder, name));
-            const bool damaged = whole && ageOf(path) > limits.age && !readEntry(folder, name);
-            if ((!whole || damaged) && !isRunAlive(folder, name.substr(0, kRunDigits))) {
+            if (!whole && !isRunAlive(folder, name.substr(0, kRunDigits))) {
                 removeEntry(folder, name);
             }
         }
@@ -217,7 +234,7 @@ void removeEntry(const std::string& folder, const std::string& name) {
 
 void pruneFolder(const std::string& folder, const KeptLimits& limits, const Pruner& pruner) {
     Pruning(folder, limits, pruner).run();
-    removeLeftovers(folder, limits, pruner);
+    removeLeftovers(folder, pruner);
 }
 
 }  // namespace corvane

@@ -88,19 +88,21 @@ bool isOld(const FileStamp& stamp) {
     return std::chrono::nanoseconds(stamp.modified) < now - kLongEnough;
 }
 
-// The files of the user's with that ending that processes which are gone have left in a folder. The
-// names are the system's own, not the standard library's: its folders end the program where memory
-// runs out.
+// Calls with the user's files in a folder that processes have made beside a model, with that
+// ending: the path, whether the process is gone, and whether the file is more than a minute old.
+// The names are the system's own, not the standard library's: its folders end the program where
+// memory runs out.
 template <class Call>
 void forEachLeftover(const std::string& folder, const char* ending, Call call) {
     for (const std::string& name : files::namesIn(folder, kSidePrefix)) {
         const long process = processIn(name, ending);
-        if (process <= 0 || !files::isProcessGone(process)) continue;
+        if (process <= 0) continue;
         const std::string path = textOf(pathOf(folder) / pathOf(name));
         std::error_code ignored;
         const auto status = files::statusOf(path, ignored, files::Links::Stay);
         if (!status || status->kind != files::Kind::Regular) continue;
-        if (files::isOwnedByUser(*status)) call(path, status->stamp);
+        if (!files::isOwnedByUser(*status)) continue;
+        call(path, files::isProcessGone(process), isOld(status->stamp));
     }
 }
 
@@ -292,8 +294,8 @@ void deleteFile(const std::string& path) { files::remove(path); }
 
 void deleteLeftovers(const std::string& modelPath) {
     for (const std::string& folder : foldersOf(modelPath)) {
-        forEachLeftover(folder, kSideEnding, [](const std::string& path, const FileStamp& stamp) {
-            if (isOld(stamp)) files::remove(path);
+        forEachLeftover(folder, kSideEnding, [](const std::string& path, bool gone, bool old) {
+            if (gone && old) files::remove(path);
         });
     }
 }
@@ -301,8 +303,10 @@ void deleteLeftovers(const std::string& modelPath) {
 std::vector<std::string> formerTextsBeside(const std::string& modelPath) {
     std::vector<std::string> paths;
     for (const std::string& folder : foldersOf(modelPath)) {
-        forEachLeftover(folder, kFormerEnding,
-                        [&](const std::string& path, const FileStamp&) { paths.push_back(path); });
+        // No save takes a minute: the number of an old file's process may be another one's by now.
+        forEachLeftover(folder, kFormerEnding, [&](const std::string& path, bool gone, bool old) {
+            if (gone || old) paths.push_back(path);
+        });
     }
     return paths;
 }

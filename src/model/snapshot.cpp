@@ -31,6 +31,15 @@ Snapshot snapshotOf(const GeosetStore& store) {
             .stamp = store.knownStamp()};
 }
 
+std::optional<Snapshot> unsavedRemoval(const GeosetStore& store) {
+    if (!store.isGeosetRemoved() || !store.hasUnsavedText()) return std::nullopt;
+    return Snapshot{.base = store.sharedBase(),
+                    .geosetNumber = 0,
+                    .modelPath = store.filePath().empty() ? store.modelPath : store.filePath(),
+                    .geoset = {},
+                    .stamp = store.knownStamp()};
+}
+
 void mergeTexture(Snapshot& snapshot, std::span<const double> u, std::span<const double> v,
                   std::size_t most) {
     std::vector<VertexRecord>& vertices = snapshot.geoset.Vertices;

@@ -26,6 +26,9 @@ struct Snapshot {
 /// A snapshot of what is in memory. The model must be open.
 Snapshot snapshotOf(const GeosetStore& store);
 
+/// The text in memory alone, where the geoset in memory was removed from it and no file holds that.
+std::optional<Snapshot> unsavedRemoval(const GeosetStore& store);
+
 /// Writes texture coordinates into a snapshot, entry i to vertex i, as far as both lists reach, and
 /// to the first `most` vertices at the most.
 void mergeTexture(Snapshot& snapshot, std::span<const double> u, std::span<const double> v,

@@ -374,6 +374,63 @@ TEST_F(KeepingTest, WhatCannotBeKeptIsSaidAndStopsNothing) {
     EXPECT_EQ(reasons(), (Lines{"replaced by a save", "ended unexpectedly"}));
 }
 
+TEST_F(KeepingTest, ClosingAsksWhereItsEditsCannotBeKept) {
+    folder.write("kept", "a file");
+    openModel("hero.mdl");
+    edit();
+    dialogs.yesNos = {false};
+    window->close();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(editor().store.modelLoaded);
+    EXPECT_NE(dialogs.last().text.find("Not a directory"), std::string::npos)
+        << dialogs.last().text;
+    dialogs.yesNos = {true};
+    window->close();
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_TRUE(dialogs.yesNos.empty());
+}
+
+TEST_F(KeepingTest, EditsThatWereOnlyHandedOverAreKeptWhenTheWindowCloses) {
+    openModel("hero.mdl");
+    edit();
+    folder.write("kept", "a file");
+    window->keepUnsaved();  // cannot be written
+    std::filesystem::remove(kept());
+    letTimePass();
+    closeWindow();
+    startProgram();
+    ASSERT_FALSE(reasons().empty());
+    EXPECT_NE(newest(), modelWithGeosets(1));
+}
+
+TEST_F(KeepingTest, ASaveLeavesTheTextureCoordinatesThatItDoesNotWrite) {
+    openTextureEditor();
+    window->textureEditor()->findChild<QAction*>("mnuSelectAll")->trigger();
+    dragInView(Qt::RightButton, {100, 100}, {160, 100});
+    letTimePass();
+    const std::string kept = newest();
+    choose("mnuSave");
+    EXPECT_EQ(reasons(), Lines{"ended unexpectedly"});
+    EXPECT_EQ(newest(), kept);
+}
+
+TEST_F(KeepingTest, AnEntryWhoseJsonIsDamagedCanBeCopiedOnly) {
+    openModel("hero.mdl");
+    edit();
+    window->close();
+    const std::string model = newest();
+    endUnexpectedly();
+    folder.write("kept/" + readEntries(kept()).at(0).name + ".json", "{");
+    startProgram();
+    choose("mnuRecover");
+    ASSERT_EQ(list().topLevelItemCount(), 1);
+    EXPECT_EQ(list().topLevelItem(0)->text(3), "damaged: only the model is left");
+    EXPECT_FALSE(recoverButton("cmdRecoverOpen").isEnabled());
+    dialogs.files = {folder.path("copy.mdl")};
+    recoverButton("cmdRecoverCopy").click();
+    EXPECT_EQ(readFile(folder.path("copy.mdl")), model);
+}
+
 TEST_F(KeepingTest, ASignalEndsTheProgramInOrder) {
     openModel("hero.mdl");
     edit();

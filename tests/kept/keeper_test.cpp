@@ -280,5 +280,81 @@ TEST_F(KeeperTest, AReplacedTextThatCouldNotBeKeptIsKeptLater) {
     EXPECT_EQ(models().front(), triangleAt(5));
 }
 
+TEST_F(KeeperTest, WhatCouldNotBeKeptIsTriedAgain) {
+    folder.write("kept", "a file");
+    const auto keeper = makeKeeper();
+    keeper->keepReplaced(textOf(triangleAt(5)), "/models/hero.mdl");
+    keeper->keepReplaced(textOf(triangleAt(6)), "/models/hero.mdl");
+    keeper->keep(editedTo(1), KeptBecause::Closed);
+    keeper->finish();
+    EXPECT_TRUE(keeper->hasToRetry());
+    EXPECT_EQ(keeper->losses(), 3U);
+    keeper->retry();
+    keeper->finish();
+    EXPECT_EQ(told, Lines{keeper->failure()}) << "told once";
+    std::filesystem::remove(kept());
+    keeper->retry();
+    keeper->finish();
+    EXPECT_EQ(models(), (Lines{triangleAt(1), triangleAt(6), triangleAt(5)}));
+    EXPECT_FALSE(keeper->hasToRetry());
+    EXPECT_EQ(told.back(), "");
+}
+
+// The latest edits are what the entry is for, not those of the model before.
+TEST_F(KeeperTest, WhatIsTriedAgainTakesNoLaterEditsAlong) {
+    folder.write("kept", "a file");
+    const auto keeper = makeKeeper();
+    keeper->keep(editedTo(1), KeptBecause::AnotherOpened);
+    keeper->finish();
+    std::filesystem::remove(kept());
+    keeper->keep(editedTo(2, "/models/orc.mdl"), KeptBecause::Editing);
+    keeper->finish();
+    EXPECT_EQ(all(), (Lines{"hero: another model was opened", "orc: ended unexpectedly"}));
+}
+
+TEST_F(KeeperTest, EditsThatCouldNotBeKeptAreNotForgottenForOthersThatWere) {
+    const auto keeper = makeKeeper();
+    keeper->keep(editedTo(1), KeptBecause::TextureEditing);
+    keeper->finish();
+    std::filesystem::remove_all(kept());
+    folder.write("kept", "a file");
+    keeper->keep(editedTo(1), KeptBecause::Editing);
+    keeper->finish();
+    std::filesystem::remove(kept());
+    keeper->keep(editedTo(2), KeptBecause::TextureEditing);
+    keeper->finish();
+    EXPECT_FALSE(keeper->isWorking()) << "the others are still missing";
+    keeper->keep(editedTo(1), KeptBecause::Editing);
+    keeper->finish();
+    EXPECT_TRUE(keeper->isWorking());
+}
+
+TEST_F(KeeperTest, TheSameKeptAgainIsTheNewest) {
+    makeKeeper()->keep(editedTo(1), KeptBecause::Closed);
+    makeKeeper()->keep(editedTo(2, "/models/orc.mdl"), KeptBecause::Closed);
+    const auto keeper = makeKeeper();
+    keeper->noteOpened(keeper->offered().at(1));
+    now += 5000;
+    keeper->keep(editedTo(1), KeptBecause::Closed);
+    const std::vector<KeptEntry> entries = keeper->offered();
+    ASSERT_EQ(entries.size(), 2U);
+    EXPECT_EQ(entries[0].modelPath, "/models/hero.mdl");
+    EXPECT_EQ(entries[0].time, now);
+    EXPECT_FALSE(entries[0].opened);
+    EXPECT_EQ(keeper->read(entries[0]).view(), triangleAt(1));
+}
+
+TEST_F(KeeperTest, TheLatestIsTheNewestWhicheverProgramKeptIt) {
+    const auto first = makeKeeper();
+    first->keep(editedTo(1), KeptBecause::Switched);
+    first->finish();
+    const auto second = makeKeeper();
+    for (const int x : {2, 3, 4}) second->keep(editedTo(x), KeptBecause::Switched);
+    second->finish();
+    first->keep(editedTo(5), KeptBecause::Switched);
+    first->finish();
+    EXPECT_EQ(models().front(), triangleAt(5));
+}
+
 }  // namespace
 }  // namespace corvane

@@ -36,6 +36,13 @@ TEST_F(KeptLimitsTest, WhatIsTooOldGoes) {
     EXPECT_EQ(models(), Lines{triangleAt(2)});
 }
 
+TEST_F(KeptLimitsTest, AClockSetForwardTakesNothingByItself) {
+    for (const int x : {1, 2}) makeKeeper()->keep(editedTo(x), KeptBecause::Closed);
+    now += 400 * kDay;
+    makeKeeper()->finish();
+    EXPECT_EQ(all().size(), 2U);
+}
+
 TEST_F(KeptLimitsTest, TheOldestOfAllGoWhereTheyAreTooLarge) {
     const auto size = static_cast<std::int64_t>(triangleAt(1).size());
     const auto keeper = makeKeeper({.bytes = 2 * size});
@@ -118,7 +125,7 @@ TEST_F(KeptFolderTest, WhatKilledProgramsLeftBehindGoesOnceItIsOld) {
     EXPECT_EQ(models(), Lines{triangleAt(1)});
 }
 
-TEST_F(KeptFolderTest, DamagedEntriesAreNotOfferedAndHarmNoOther) {
+TEST_F(KeptFolderTest, OfDamagedEntriesTheModelIsStillOffered) {
     makeKeeper()->keep(editedTo(1), KeptBecause::Closed);
     makeKeeper()->keep(editedTo(2, "/models/orc.mdl"), KeptBecause::Closed);
     const std::string damaged = readEntries(kept()).at(0).name;
@@ -126,9 +133,14 @@ TEST_F(KeptFolderTest, DamagedEntriesAreNotOfferedAndHarmNoOther) {
         folder.write("kept/" + damaged + ".json", json);
         const auto keeper = makeKeeper();
         keeper->keep(editedTo(1), KeptBecause::Closed);
-        EXPECT_EQ(keeper->offered().size(), 1U) << json;
+        const std::vector<KeptEntry> entries = keeper->offered();
+        ASSERT_EQ(entries.size(), 2U) << json;
+        EXPECT_FALSE(entries[0].damaged);
+        EXPECT_TRUE(entries[1].damaged);
+        EXPECT_EQ(entries[1].modelPath, keptModelPath(kept(), damaged));
+        EXPECT_EQ(keeper->read(entries[1]).view(), triangleAt(2));
+        EXPECT_TRUE(keeper->killed().empty());
     }
-    EXPECT_TRUE(fs::exists(keptModelPath(kept(), damaged))) << "its model is still there";
     EXPECT_EQ(told, Lines{});
 }
 
@@ -141,7 +153,7 @@ TEST_F(KeptFolderTest, AFileInItsPlaceIsToldOnce) {
     EXPECT_EQ(readFile(kept()), "somebody's file");
     fs::remove(kept());
     keeper->keep(editedTo(3), KeptBecause::Closed);
-    EXPECT_EQ(keeper->offered().size(), 1U);
+    EXPECT_EQ(keeper->offered().size(), 3U) << "with those that could not be kept before";
     EXPECT_EQ(told.size(), 2U);
     EXPECT_EQ(told.back(), "");
 }

@@ -151,5 +151,14 @@ TEST_F(LeftoversTest, WhatAnInterruptedSaveHeldBeforeIsToldOfAndStays) {
     EXPECT_EQ(readFile(folder.path(name)), "what it held before");
 }
 
+// The number of its process may be another one's by now.
+TEST_F(LeftoversTest, WhatAnOldInterruptedSaveHeldBeforeIsToldOf) {
+    leave(".corvane-" + std::to_string(::getpid()) + "-0.former");
+    folder.write("hero.mdl", modelOf({.geosets = {squareAt("1")}}));
+    open(folder.path("hero.mdl"));
+    ASSERT_EQ(dialogs.asked.size(), 2U);
+    EXPECT_NE(dialogs.asked[1].text.find("-0.former"), std::string::npos) << dialogs.asked[1].text;
+}
+
 }  // namespace
 }  // namespace corvane

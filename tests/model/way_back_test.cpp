@@ -205,5 +205,28 @@ TEST_F(WayBackTest, ASaveAfterAFailedOneOntoAnotherFileAsks) {
     EXPECT_EQ(readFile(other), "// of the other\n");
 }
 
+TEST_F(WayBackTest, TheTextWithoutARemovedGeosetIsKeptBesideIt) {
+    const std::string path = openAndEdit();
+    dialogs.yesNos = {true};
+    deleteCurrentGeoset(editor);
+    const std::string without(store().base().text.view());
+    wayBack.kept.clear();
+    open(folder.write("other.mdl", modelOf({.geosets = {squareAt("5")}})));
+    expectKept({{KeptBecause::AnotherOpened, path, edited()},
+                {KeptBecause::AnotherOpened, path, without}});
+}
+
+TEST_F(WayBackTest, AFileInTheWorkingCopysPlaceIsKept) {
+    const std::string path = folder.write("hero.mdl", modelOf({.geosets = {squareAt("5")}}));
+    const std::string foreign = folder.write("hero_TMP.tdl", "somebody's notes");
+    open(path);
+    expectKept({{KeptBecause::Replaced, foreign, "somebody's notes"}});
+    wayBack.kept.clear();
+    closeModel(editor);
+    folder.write("hero_TMP.tdl", readFile(path));  // left over from a program that was killed
+    open(path);
+    expectKept({});
+}
+
 }  // namespace
 }  // namespace corvane

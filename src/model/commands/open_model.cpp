@@ -78,6 +78,15 @@ std::optional<ReadModel> readModel(Editor& editor, const std::string& path) {
     }
 }
 
+// A file with the name of the working copy may be somebody's: it is kept before it is replaced.
+void keepForeignWorkingCopy(Editor& editor, const std::string& modelPath, const ReadModel& model) {
+    const std::string path = workPathFor(modelPath);
+    if (editor.wayBack == nullptr || path == editor.store.workPath || !stampOf(path)) return;
+    const SharedBase there = ModelDocument::textOf(path);
+    if (there == nullptr || there->text.view() == model.base->text.view()) return;
+    editor.wayBack->keepReplaced(there, path);
+}
+
 // Makes a model and one of its geosets current, with a working copy of its own.
 std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
                                         const ReadModel& model) {
@@ -88,6 +97,7 @@ std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
             editor, *model.base, {"The file was not opened and is unchanged.", kGeosetOrModel});
         if (!picked) return std::nullopt;
         keepUnsaved(editor, KeptBecause::AnotherOpened);
+        keepForeignWorkingCopy(editor, path, model);
         editor.store.open(path, model.base, model.stamp, workingCopy);
         takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
         return picked;

@@ -65,16 +65,33 @@ void sayingOutOfMemory(Editor& editor, Command command) {
 }
 
 // Makes the working copy hold what was saved. Where that fails the save stands, and so does the
-// text in memory, which is what the next save starts from.
-void renewWorkingCopy(Editor& editor) {
+// text in memory, which is what the next save starts from. What the save replaced is kept before
+// anything waits for the user.
+void renewWorkingCopy(Editor& editor, ReplacedText& replaced) {
+    std::string failure;
     try {
         editor.store.renewWorkingCopy();
     } catch (const FileError& error) {
-        editor.dialogs.messageBox(
-            kWarningCaption,
-            "The model was saved, but its working copy could not be renewed.\n" +
-                std::string(error.what()) +
-                "\n\nYou can go on: nothing is lost. Free some space, then save again.");
+        failure = error.what();
+    }
+    replaced.keep();
+    if (failure.empty()) return;
+    editor.dialogs.messageBox(kWarningCaption,
+                              "The model was saved, but its working copy could not be renewed.\n" +
+                                  failure +
+                                  "\n\nYou can go on: nothing is lost. Free some space, then save "
+                                  "again.");
+}
+
+// After a save: what is kept of the edits goes, but for the texture editor's, which it did not
+// write.
+void settleKept(Editor& editor) {
+    if (editor.wayBack == nullptr) return;
+    Snapshot snapshot = snapshotOf(editor.store);
+    if (editor.window.addUnsavedTexture(snapshot)) {
+        editor.wayBack->keep(std::move(snapshot), KeptBecause::Editing);
+    } else {
+        editor.wayBack->noteSaved();
     }
 }
 
@@ -130,8 +147,7 @@ void removeEmptied(Editor& editor) {
                    &ModelDocument::write))
         return;
     store.noteGeosetRemoved(before);
-    renewWorkingCopy(editor);
-    replaced.keep();  // not only after the questions that follow
+    renewWorkingCopy(editor, replaced);
     chooseAndRead(editor, false);
 }
 
@@ -146,7 +162,7 @@ bool writeAsItIs(Editor& editor) {
         return false;
     }
     replaced.noteWritten();
-    renewWorkingCopy(editor);
+    renewWorkingCopy(editor, replaced);
     return true;
 }
 
@@ -245,9 +261,8 @@ void writeGeoset(Editor& editor, bool singleGeoset) {
     store.noteGeosetRead();
     if (part) std::move(*part).becomeCurrent(editor);
     store.noteSaved();
-    if (editor.wayBack != nullptr) editor.wayBack->noteSaved();
-    renewWorkingCopy(editor);
-    replaced.keep();
+    settleKept(editor);
+    renewWorkingCopy(editor, replaced);
     sayNeutralRows(editor, neutral);
 }
 

@@ -205,7 +205,10 @@ void saveChanges(UVEditor& uv, Editor& editor) {
     const std::size_t vertices = editor.store.Vertices.size();
     const std::size_t taken = uv.data.u.size();
     const bool others = isOfOthers(uv, editor.store);
-    if (others && !askWriteToOthers(uv, editor.store)) return;
+    if (others) {
+        if (!askWriteToOthers(uv, editor.store)) return;
+        keepTexture(uv, editor);  // those beyond the end, and the mesh that they belong to
+    }
     // First, for the main window looks for edits of what was saved.
     uv.savedU = uv.data.u;
     uv.savedV = uv.data.v;
