@@ -31,7 +31,7 @@ protected:
         EXPECT_EQ(dialogs.last().kind, "message") << path;
         EXPECT_EQ(dialogs.last().title, "Error");
         const std::string start = "The picture cannot be read.\n" + path + ": ";
-        const std::string end = "\n\nChoose a JPEG, GIF or BMP file.";
+        const std::string end = "\n\nChoose a JPEG, GIF, BMP, PNG, TGA, BLP or DDS file.";
         const std::string& text = dialogs.last().text;
         ASSERT_TRUE(text.starts_with(start)) << text;
         ASSERT_TRUE(text.ends_with(end)) << text;

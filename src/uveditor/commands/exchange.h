@@ -22,9 +22,10 @@ void takeHandOver(UVEditor& uv, Editor& editor, UVData data);
 /// both windows says so until that is settled.
 void noteEdits(UVEditor& uv, const Editor& editor);
 
-/// Takes new data into the texture editor, in place of what it had, loads the background picture
-/// again if there is one, and redraws. Zoom, pan, picture and modes stay.
-void getArray(UVEditor& uv, UVData data);
+/// Takes new data into the texture editor, in place of what it had, brings the background picture
+/// up to date (refreshPicture()), and redraws. Zoom, pan and modes stay, and so does a picture that
+/// the user has chosen.
+void getArray(UVEditor& uv, const Editor& editor, UVData data);
 
 /// Writes texture coordinates back to the geoset, entry i to vertex i. Where the lists differ in
 /// length only the common range is written. Returns the number of vertices written. No undo step.
