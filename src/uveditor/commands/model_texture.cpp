@@ -73,7 +73,7 @@ void refreshPicture(UVEditor& uv, const Editor& editor) {
     if (!uv.imageChosen && showModelTexture(uv, editor.store)) return;
     if (!uv.imageLoaded) return;
     const std::string reason = uv.window.loadPicture(uv.imagePath);
-    if (!reason.empty()) showPictureError(uv, uv.imagePath, reason);
+    if (!reason.empty() && uv.imageChosen) showPictureError(uv, uv.imagePath, reason);
 }
 
 }  // namespace corvane

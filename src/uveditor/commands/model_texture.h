@@ -13,7 +13,7 @@ void loadModelTexture(UVEditor& uv, const Editor& editor);
 
 /// Brings the picture up to date when data are handed over: the model's texture where the user has
 /// chosen no picture; otherwise, and where the model's is not found or cannot be read, the one that
-/// is there, from its file. Says only why that cannot be read. Does not draw.
+/// is there, from its file. Says only why a picture of the user's cannot be read. Does not draw.
 void refreshPicture(UVEditor& uv, const Editor& editor);
 
 }  // namespace corvane
