@@ -131,7 +131,7 @@ PictureFile refusedForMemory() { return refused(QFile::tr("needs more memory tha
 QImage imageOf(Texture texture) {
     std::uint32_t* const pixels = texture.pixels.get();
     for (std::size_t i = 0; i < texture.size(); ++i) pixels[i] |= kOpaqueAlpha;
-    const auto bytesPerLine = static_cast<qsizetype>(sizeof(std::uint32_t) * texture.width);
+    const auto bytesPerLine = qsizetype{sizeof(std::uint32_t)} * texture.width;
     const auto release = [](void* owned) { delete[] static_cast<std::uint32_t*>(owned); };
     QImage image(reinterpret_cast<uchar*>(pixels), static_cast<int>(texture.width),
                  static_cast<int>(texture.height), bytesPerLine, QImage::Format_RGB32, release,

@@ -9,24 +9,25 @@ namespace corvane {
 
 namespace {
 
-constexpr std::uint32_t kSide = 4;        // of a block, pixels
+constexpr std::uint32_t kSide = 4;  // of a block, pixels
+constexpr std::size_t kBlockPixels = 16;
 constexpr std::size_t kHalf = 8;          // bytes: colours, or one channel of the other kinds
 constexpr std::size_t kChannels = 4;      // red, green, blue, alpha
 constexpr std::size_t kAlphaChannel = 3;  // in what is unpacked
 
-using Pixels = std::array<squish::u8, kChannels * kSide * kSide>;
+using Pixels = std::array<squish::u8, kChannels * kBlockPixels>;
 
 constexpr std::size_t bytesOf(BlockKind kind) {
     return kind == BlockKind::Dxt1 || kind == BlockKind::Bc4 ? kHalf : 2 * kHalf;
 }
 
 // One channel in 8 bytes. It is packed as the transparency of DXT5 is, and so it is unpacked.
-std::array<std::uint8_t, kSide * kSide> channelOf(std::string_view half) {
+std::array<std::uint8_t, kBlockPixels> channelOf(std::string_view half) {
     std::array<char, 2 * kHalf> block{};
     std::ranges::copy(half.substr(0, kHalf), block.begin());
     Pixels unpacked{};
     squish::Decompress(unpacked.data(), block.data(), squish::kDxt5);
-    std::array<std::uint8_t, kSide * kSide> channel{};
+    std::array<std::uint8_t, kBlockPixels> channel{};
     for (std::size_t i = 0; i < channel.size(); ++i) {
         channel[i] = unpacked[kChannels * i + kAlphaChannel];
     }
@@ -64,7 +65,7 @@ void place(const Pixels& block, Alpha alpha, std::uint32_t x, std::uint32_t y, T
     for (std::uint32_t row = 0; row < rows; ++row) {
         std::uint32_t* const to = &texture.pixels[std::size_t{y + row} * texture.width + x];
         for (std::uint32_t column = 0; column < columns; ++column) {
-            const squish::u8* const from = &block[kChannels * (row * kSide + column)];
+            const squish::u8* const from = &block[kChannels * (std::size_t{row} * kSide + column)];
             to[column] = pixelOf(from[0], from[1], from[2],
                                  alpha == Alpha::Own ? from[kAlphaChannel] : kOpaque);
         }

@@ -3,7 +3,6 @@
 #include <QColor>
 #include <QImage>
 #include <cmath>
-#include <filesystem>
 
 #include "scenario.h"
 #include "scenario_models.h"
@@ -50,13 +49,6 @@ private:
     std::string px(double share) const { return std::to_string(static_cast<int>(share * side_)); }
     int side_;
 };
-
-// Four bytes, the lowest first.
-std::string littleEndian(int number) {
-    std::string text;
-    for (int shift = 0; shift < 32; shift += 8) text += static_cast<char>(number >> shift & 255);
-    return text;
-}
 
 int sideOf(const QJsonObject& dump) { return at(dump, "uv.width").toInt(); }
 
@@ -334,47 +326,6 @@ dump
     EXPECT_EQ(drawn[0].size(), 1 + 6 + 4);
     EXPECT_EQ(drawn[1], drawn[0]) << "picture, zoom and pan stay";
     EXPECT_TRUE(at(played.dump(), "uv.imageLoaded").toBool());
-}
-
-// Red on the left, green on the right, in a file of the game's own kind two folders up.
-TEST_F(TextureScenario, TheModelsTextureComesByItselfAndByItsCommand) {
-    std::string text = squareModel();
-    text.insert(
-        0,
-        "Textures 1 {\n\tBitmap {\n\t\tImage \"Textures\\Wall.blp\",\n\t}\n}\n"
-        "Materials 1 {\n\tMaterial {\n\t\tLayer {\n\t\t\tstatic TextureID 0,\n\t\t}\n\t}\n}\n");
-    std::filesystem::create_directories(folder.path("textures"));
-    std::filesystem::create_directories(folder.path("units/orc"));
-    folder.write("units/orc/hero.mdl", text);
-    const std::string open =
-        "answer file \"$DIR/units/orc/hero.mdl\"\nmenu mnuOpen\nwait 150\nmenu mnuUVMapping\n"
-        "window uv\n";
-    const Played without =
-        playAll(open + "dump\nanswer message ok\nmenu mnuLoadModelTexture\ndump\n");
-    EXPECT_FALSE(at(without.dump(0), "uv.imageLoaded").toBool());
-    EXPECT_NE(without.dialogs().back().find("Looked for:\nTextures/Wall.blp\nTextures/Wall.dds\n"),
-              std::string::npos)
-        << without.dialogs().back();
-    EXPECT_FALSE(at(without.dump(1), "uv.imageLoaded").toBool());
-
-    std::string wall = "BLP1";
-    for (const int number : {1, 0, 2, 1, 4, 0, 1180}) wall += littleEndian(number);
-    wall.resize(156);
-    wall += std::string("\0\0\xFF\0\0\xFF\0\0", 8);  // blue, green, red, nothing
-    wall.resize(1180);
-    folder.write("textures/wall.BLP", wall + std::string("\0\1", 2));
-    const Played played = playAll(open + R"(
-screenshot pbxUVView "$DIR/plain.png"
-answer file cancel
-press cmdLoadImg
-menu mnuLoadModelTexture
-dump
-)");
-    EXPECT_TRUE(at(played.dump(), "uv.imageLoaded").toBool());
-    const QImage plain(QString::fromStdString(folder.path("plain.png")));
-    const int middle = sideOf(played.dump()) / 2;
-    EXPECT_EQ(plain.pixelColor(middle - 9, 20), QColor(Qt::red));
-    EXPECT_EQ(plain.pixelColor(middle + 9, 20), QColor(Qt::green));
 }
 
 TEST_F(TextureScenario, APictureThatCannotBeReadLeavesTheOldOne) {
