@@ -43,8 +43,9 @@ std::string jpegData(const JpegPicture& picture) {
     if (picture.inPasses) jpeg_simple_progression(&info);
     jpeg_start_compress(&info, TRUE);
     std::vector<std::uint8_t> samples = picture.samples;
+    const std::size_t bytesOfRow = samples.size() / static_cast<std::size_t>(picture.height);
     for (int y = 0; y < picture.height; ++y) {
-        JSAMPROW row = &samples[static_cast<std::size_t>(y * picture.width * picture.components)];
+        JSAMPROW row = &samples[static_cast<std::size_t>(y) * bytesOfRow];
         jpeg_write_scanlines(&info, &row, 1);
     }
     jpeg_finish_compress(&info);
