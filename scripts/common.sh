@@ -4,9 +4,11 @@
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
 
-# What building needs, and what testing needs, by the names of Debian 12.
+# What building and running need, and what testing needs, by the names of Debian 12. The last one
+# of the first is loaded when a picture is: it lets Qt read further formats.
 # shellcheck disable=SC2034
-BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev libgtest-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev libjpeg62-turbo-dev libsquish-dev libgtest-dev
+    qt6-image-formats-plugins)
 # shellcheck disable=SC2034
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" xvfb)
 # What fuzzing needs: clang, and the part of it that holds libFuzzer.
@@ -42,8 +44,8 @@ need_packages() {
     local package missing=()
     if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
         say "This system has no apt, so nothing is installed. Needed are a C++20 compiler, CMake" \
-            "3.25, Ninja, Qt 6.4 with Widgets, and GoogleTest: \"Building by hand\" in README.md" \
-            "names the packages of other systems."
+            "3.25, Ninja, Qt 6.4 with Widgets, libjpeg, libsquish and GoogleTest: \"Building by" \
+            "hand\" in README.md names the packages of other systems."
         require_tools
         return
     fi

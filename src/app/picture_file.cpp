@@ -6,7 +6,11 @@
 #include <QLocale>
 #include <algorithm>
 #include <new>
+#include <string_view>
 #include <utility>
+
+#include "textures/jpeg_marks.h"
+#include "textures/texture.h"
 
 namespace corvane {
 
@@ -15,6 +19,8 @@ namespace {
 // Of a picture: 8192 by 8192 pixels, which take up to 8 bytes each before they are converted.
 constexpr int kMemoryLimit = 512;  // MiB
 constexpr qint64 kBytesPerMiB = qint64{1024} * 1024;
+
+constexpr std::uint32_t kOpaqueAlpha = 0xFF000000;
 
 // A file's bytes for a decoder. Qt's decoders of BMP, GIF and JPEG say nothing where the file ends
 // before its picture does; what is missing is black, or noise. But they have tried to read it. No
@@ -81,9 +87,8 @@ bool isCutOff(const QByteArray& format, const QByteArray& bytes, const Source& s
     if (format != "jpeg" || !source.wasTooShortForBlocks()) return false;
     // It may lack the mark of its end and nothing else. Where the colours come in several passes
     // that cannot be told: without the later ones the picture is only blurred.
-    const bool isProgressive = bytes.contains("\xFF\xC2");
-    const bool hasPasses = isProgressive || bytes.count("\xFF\xDA") > 1;
-    return hasPasses || complaints.any();
+    return comesInPasses({bytes.constData(), static_cast<std::size_t>(bytes.size())}) ||
+           complaints.any();
 }
 
 QString sizeText(QSize size) {
@@ -122,6 +127,30 @@ PictureFile refused(const QString& reason) { return {.image = {}, .error = reaso
 
 PictureFile refusedForMemory() { return refused(QFile::tr("needs more memory than there is")); }
 
+// A texture's pixels as an image, which owns them from here on. Without transparency.
+QImage imageOf(Texture texture) {
+    std::uint32_t* const pixels = texture.pixels.get();
+    for (std::size_t i = 0; i < texture.size(); ++i) pixels[i] |= kOpaqueAlpha;
+    const auto bytesPerLine = qsizetype{sizeof(std::uint32_t)} * texture.width;
+    const auto release = [](void* owned) { delete[] static_cast<std::uint32_t*>(owned); };
+    QImage image(reinterpret_cast<uchar*>(pixels), static_cast<int>(texture.width),
+                 static_cast<int>(texture.height), bytesPerLine, QImage::Format_RGB32, release,
+                 pixels);
+    if (!image.isNull()) static_cast<void>(texture.pixels.release());
+    return image;
+}
+
+// What Qt does not read, or not all of.
+PictureFile textureIn(std::string_view bytes) {
+    try {
+        const QImage image =
+            imageOf(decodeTexture(bytes, kMemoryLimit * kBytesPerMiB / sizeof(std::uint32_t)));
+        return image.isNull() ? refusedForMemory() : PictureFile{image, {}};
+    } catch (const TextureError& error) {
+        return refused(QString::fromStdString(error.what()));
+    }
+}
+
 PictureFile pictureIn(QFile& file) {
     if (!file.open(QIODevice::ReadOnly)) return refused(file.errorString());
     if (file.size() > kLargestPictureFile) {
@@ -131,6 +160,8 @@ PictureFile pictureIn(QFile& file) {
     const QByteArray bytes = file.read(file.size());  // no further if it grows meanwhile
     if (file.error() != QFile::NoError) return refused(file.errorString());
 
+    const std::string_view content(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    if (isTexture(content)) return textureIn(content);
     Decoded picture = decoded(bytes);
     if (!picture.error.isEmpty()) return refused(picture.error);
     // This keeps the colours of transparent pixels.

@@ -1,4 +1,4 @@
-// Pictures in files: JPEG, GIF, BMP and whatever else Qt's plugins read.
+// Pictures in files: JPEG, GIF, BMP, PNG and whatever else Qt's plugins read; BLP, DDS and TGA.
 #pragma once
 
 #include <QImage>

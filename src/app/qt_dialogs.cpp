@@ -1,6 +1,7 @@
 #include "app/qt_dialogs.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
@@ -19,14 +20,29 @@ constexpr int kWidestField = 600;  // pixels
 
 QWidget* parentWindow() { return QApplication::activeWindow(); }
 
-// Shows a file dialog that stands where the current file is.
+// The filter entry that lists a file; the last one, which lists all, where no other does.
+QString entryOf(const QStringList& filters, const QString& name) {
+    for (const QString& filter : filters) {
+        const QString patterns = filter.section('(', -1).section(')', 0, 0);
+        if (QDir::match(patterns.split(' ', Qt::SkipEmptyParts), name)) return filter;
+    }
+    return filters.last();
+}
+
+// Shows a file dialog that stands where the current file is; one that opens files lists those of
+// its kind. A path that ends with a slash is a folder.
 std::optional<std::string> pick(QFileDialog& dialog, const std::string& filter,
                                 const std::string& current) {
     dialog.setNameFilters(qtFilters(filter) << QFileDialog::tr("All files (*)"));
     if (!current.empty()) {
         const QFileInfo file(QString::fromStdString(current));
         dialog.setDirectory(file.absolutePath());
-        dialog.selectFile(file.fileName());
+        if (!file.fileName().isEmpty()) {
+            dialog.selectFile(file.fileName());
+            if (dialog.acceptMode() == QFileDialog::AcceptOpen) {
+                dialog.selectNameFilter(entryOf(dialog.nameFilters(), file.fileName()));
+            }
+        }
     }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;

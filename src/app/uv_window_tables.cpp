@@ -3,6 +3,7 @@
 #include <array>
 
 #include "app/table_checks.h"
+#include "uveditor/commands/model_texture.h"
 #include "uveditor/commands/texture_commands.h"
 #include "uveditor/uv_view.h"
 
@@ -17,6 +18,10 @@ constexpr std::array kFileMenu = {
                 .caption = "&Load Image...",
                 .shortcut = "Ctrl+O",
                 .press = "cmdLoadImg"},
+    UVMenuEntry{.name = "mnuLoadModelTexture",
+                .caption = "Load Model's &Texture",
+                .shortcut = "Ctrl+T",
+                .run = [](UVCommands& window) { loadModelTexture(window.uv, window.main); }},
     UVMenuEntry{.name = "mnuSaveUVChanges",
                 .caption = "&Save Changes",
                 .shortcut = "Ctrl+S",
@@ -105,7 +110,7 @@ constexpr std::array<UVViewButton, 6> kViewButtons = {{
 
 constexpr std::array kPictureButtons = {
     UVButton{"cmdLoadImg", "&Load Image...", "Load Image...", 0, 0,
-             [](UVCommands& window) { loadImage(window.uv); }, nullptr},
+             [](UVCommands& window) { loadImage(window.uv, window.main); }, nullptr},
 };
 
 constexpr std::array kProjectionButtons = {

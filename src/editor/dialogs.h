@@ -41,7 +41,8 @@ public:
     virtual ~Dialogs() = default;
 
     /// Asks for a file to open. `filter` is "description|pattern", once or more with bars between,
-    /// `current` the path to start from (may be empty). Nothing when the user cancels.
+    /// `current` the path to start from: a file, a folder with a slash at its end, or empty.
+    /// Nothing when the user cancels.
     virtual std::optional<std::string> openFile(const std::string& filter,
                                                 const std::string& current) = 0;
 

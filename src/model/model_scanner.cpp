@@ -247,6 +247,31 @@ ModelBlock scanBlockAt(std::string_view text, std::size_t begin) {
     return opening ? blockAt(text, *opening, begin) : ModelBlock();
 }
 
+std::vector<ModelBlock> scanInside(std::string_view text, const ModelBlock& block) {
+    const std::string_view within = text.substr(0, block.bodyEnd);
+    std::vector<ModelBlock> blocks;
+    Lexer lexer(within, block.bodyBegin, block.bodyEnd);
+    std::size_t least = block.bodyBegin;
+    while (const std::optional<Opening> opening =
+               nextOpening(lexer, within, kIgnoreBare, kIgnoreWord, kIgnoreStray)) {
+        const std::size_t afterBrace = opening->brace + 1;
+        ModelBlock inner;
+        inner.keyword = opening->keyword;
+        inner.begin = withIndentation(within, opening->keywordAt, least);
+        inner.bodyBegin = contentBegin(within, afterBrace);
+        if (const auto brace = findBlockEnd(within, afterBrace, block.bodyEnd)) {
+            endAfterBrace(inner, within, *brace);
+        } else {
+            inner.bodyEnd = inner.end = block.bodyEnd;
+            inner.closed = false;
+        }
+        blocks.push_back(inner);
+        least = inner.end;
+        lexer.moveTo(text.data() + inner.end);
+    }
+    return blocks;
+}
+
 std::vector<GeosetBlock> scanGeosets(std::string_view text) {
     std::vector<GeosetBlock> blocks = scanBlocks(text);
     std::erase_if(blocks, [](const ModelBlock& block) { return !isGeoset(block); });

@@ -45,6 +45,10 @@ std::vector<ModelBlock> scanBlocks(std::string_view text);
 /// else it goes on to the next block; a default one where none follows.
 ModelBlock scanBlockAt(std::string_view text, std::size_t begin);
 
+/// The blocks directly in one of those, or in such a block, in file order; without `strayAt`. One
+/// that is not closed ends with the block around it.
+std::vector<ModelBlock> scanInside(std::string_view text, const ModelBlock& block);
+
 /// The geosets of a model in file order; geoset n of the file is entry n - 1.
 std::vector<GeosetBlock> scanGeosets(std::string_view text);
 

@@ -46,7 +46,10 @@ struct UVState {
     std::vector<double> savedV{};
 
     bool imageLoaded = false;
-    std::string imagePath{};
+    bool imageChosen = false;   ///< by the user; otherwise it is the model's own texture
+    std::string imagePath{};    ///< of the picture under the view
+    std::string lastPicture{};  ///< chosen last in the file dialog or taken from the model; whether
+                                ///< or not it could be read
 
     double zoom = 1.0;      ///< about the view's centre
     std::int32_t panX = 0;  ///< pixels, added after zooming

@@ -128,6 +128,33 @@ TEST_F(FileDialogsTest, TheOpenDialogStartsWithTheCurrentModel) {
     EXPECT_EQ(open(path), path);
 }
 
+TEST_F(FileDialogsTest, TheOpenDialogListsFilesOfTheKindOfTheCurrentOne) {
+    const auto kindFor = [&](const std::string& current) {
+        QString kind;
+        answers.add<QFileDialog>([&](QFileDialog& dialog) {
+            kind = dialog.selectedNameFilter();
+            clickIn(dialog, QDialogButtonBox::Cancel);
+        });
+        dialogs.openFile("BMP Images|*.bmp|Other Images|*.png;*.tga", current);
+        return kind;
+    };
+    EXPECT_EQ(kindFor(""), "BMP Images (*.bmp *.BMP)");
+    EXPECT_EQ(kindFor(folder.path("")), "BMP Images (*.bmp *.BMP)");
+    EXPECT_EQ(kindFor(folder.path("wall.bmp")), "BMP Images (*.bmp *.BMP)");
+    EXPECT_EQ(kindFor(folder.path("wall (2).Tga")), "Other Images (*.png *.PNG *.tga *.TGA)");
+    EXPECT_EQ(kindFor(folder.path("wall.jpg")), "All files (*)");
+}
+
+TEST_F(FileDialogsTest, TheOpenDialogStartsInAFolder) {
+    folder.write("wall.bmp", "");
+    answers.add<QFileDialog>([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory(), QDir(qt(folder.path(""))));
+        EXPECT_EQ(nameField(dialog).text(), "");
+        clickIn(dialog, QDialogButtonBox::Cancel);
+    });
+    dialogs.openFile("BMP Images|*.bmp", folder.path(""));
+}
+
 TEST_F(FileDialogsTest, TheOpenDialogCanBeCancelled) {
     const std::string path = folder.write("hero.mdl", "");
     answers.add<QFileDialog>(

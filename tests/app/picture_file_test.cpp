@@ -12,9 +12,21 @@
 #include "forked_child.h"
 #include "qt_printers.h"
 #include "test_pictures.h"
+#include "texture_files.h"
 
 namespace corvane {
 namespace {
+
+// Leaves this process no more than so many MiB on top of what it has.
+void limitMemory(rlim_t room) {
+    std::ifstream status("/proc/self/statm");
+    rlim_t pages = 0;
+    status >> pages;
+    const rlim_t used = pages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE));
+    rlimit limit = {};
+    limit.rlim_cur = limit.rlim_max = used + (room << 20U);
+    if (::setrlimit(RLIMIT_AS, &limit) != 0) throw std::runtime_error("no limit");
+}
 
 class PictureFileTest : public testing::Test {
 protected:
@@ -84,6 +96,91 @@ TEST_F(PictureFileTest, APictureIsNotTurnedByWhatItsFileSaysOfTheCamera) {
     EXPECT_NEAR(picture.image.pixelColor(0, 31).blue(), 255, 8);
 }
 
+// What a camera says of a picture may hold a smaller one, in passes of its own.
+TEST_F(PictureFileTest, AJpegWithASmallPictureInItMayLackItsEndMarkToo) {
+    std::string jpeg = bytesOf(noise(), "JPG");
+    const std::string small = bytesOf(plain(Qt::red, {8, 8}), "JPG", true);
+    const std::size_t size = 2 + 6 + small.size();
+    jpeg.insert(2, "\xFF\xE1" +
+                       bytes({static_cast<int>(size >> 8U), static_cast<int>(size & 255U)}) +
+                       std::string("Exif\0\0", 6) + small);
+    expectCutsAreSeen(jpeg, 2);
+}
+
+// Colours as they are, whatever their transparency.
+TEST_F(PictureFileTest, TexturesAreReadWithoutTheirTransparency) {
+    const JpegPicture squares = jpegSquares({{50, 100, 200, 0}, {30, 20, 10, 128}});
+    const PictureFile blp = readPicture(folder.write("a", blp1Jpeg(squares, 8, 100)));
+    ASSERT_EQ(blp.error, "");
+    EXPECT_EQ(blp.image.size(), QSize(16, 8));
+    EXPECT_FALSE(blp.image.hasAlphaChannel());
+    EXPECT_EQ(blp.image.pixel(0, 0), qRgb(200, 100, 50));
+    EXPECT_EQ(blp.image.pixel(15, 7), qRgb(10, 20, 30));
+    const std::string block = le16(0xF800) + le16(0x001F) + bytes({0xE4, 0, 0, 0});
+    const PictureFile ddsFile = readPicture(
+        folder.write("b", dds({.fourCc = "DXT3", .content = std::string(8, '\0') + block})));
+    EXPECT_EQ(ddsFile.image.pixel(2, 0), qRgb(170, 0, 85)) << ddsFile.error;
+    const PictureFile tgaFile =
+        readPicture(folder.write("c", tga({.kind = 10,
+                                           .width = 2,
+                                           .height = 1,
+                                           .bits = 32,
+                                           .content = bytes({0x81, 1, 2, 3, 0})})));
+    EXPECT_EQ(tgaFile.image.pixel(1, 0), qRgb(3, 2, 1)) << tgaFile.error;
+}
+
+TEST_F(PictureFileTest, ABrokenTextureIsRefusedWithWhatIsWrong) {
+    const std::string path = folder.write("a.blp", blp1({.content = "palette"}));
+    EXPECT_EQ(readPicture(path).error, "ends before its picture does");
+    folder.write("a.blp", dds({.width = 40000, .fourCc = "DXT1"}));
+    EXPECT_EQ(readPicture(path).error, "has 40000 by 4 pixels, too many");
+    EXPECT_TRUE(readPicture(path).image.isNull());
+}
+
+// The picture that it says it has would take 256 MiB.
+TEST_F(PictureFileTest, ATextureThatIsTooShortForItsPictureTakesNoMemoryForIt) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer takes memory of its own";
+#endif
+    std::string jpeg = blp1Jpeg(jpegSquares({{1, 2, 3, 4}}), 8, 0);
+    jpeg.replace(jpeg.find("\xFF\xC0") + 5, 4, bytes({0x20, 0x00, 0x20, 0x00}));
+    const std::vector<std::string> files = {
+        jpeg,
+        blp1({.width = 8192, .height = 8192, .content = std::string(2000, '\1')}),
+        blp2({.width = 8192, .height = 8192, .mipmap = std::string(2000, '\1')}),
+        dds({.width = 8192, .height = 8192, .fourCc = "DXT1", .content = std::string(2000, '\1')}),
+        tga({.width = 8192, .height = 8192, .content = std::string(2000, '\1')}),
+        tga({.kind = 10, .width = 8192, .height = 8192, .content = std::string(2000, '\1')})};
+    for (const std::string& file : files) {
+        const std::string path = folder.write("large", file);
+        const ChildResult child = inForkedChild([&]() -> std::string {
+            limitMemory(32);
+            return readPicture(path).error;
+        });
+        EXPECT_EQ(child.signal, 0);
+        EXPECT_EQ(child.said, "ends before its picture does");
+    }
+}
+
+TEST_F(PictureFileTest, ATextureForWhichThereIsNoMemoryIsRefused) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer ends a program that has no memory left";
+#endif
+    // 4 KiB of packets for each row of 8192 pixels of 4 bytes.
+    std::string packets;
+    for (int i = 0; i < 8192 * 64; ++i) packets += "\xFF\1\2\3\4";
+    const std::string path = folder.write(
+        "large.tga",
+        tga({.kind = 10, .width = 8192, .height = 8192, .bits = 32, .content = packets}));
+    const ChildResult child = inForkedChild([&]() -> std::string {
+        limitMemory(200);
+        return readPicture(path).error;
+    });
+    EXPECT_EQ(child.signal, 0);
+    EXPECT_EQ(child.said, "needs more memory than there is");
+    EXPECT_EQ(readPicture(path).error, "");
+}
+
 TEST_F(PictureFileTest, APictureForWhichThereIsNoMemoryIsRefused) {
 #ifdef __SANITIZE_ADDRESS__
     GTEST_SKIP() << "the sanitizer ends a program that has no memory left";
@@ -97,13 +194,7 @@ TEST_F(PictureFileTest, APictureForWhichThereIsNoMemoryIsRefused) {
     // The file and what it holds take 64 MiB each, its pixels with 4 bytes each 256 MiB.
     for (const rlim_t room : {rlim_t{32}, rlim_t{200}}) {
         const ChildResult child = inForkedChild([&]() -> std::string {
-            std::ifstream status("/proc/self/statm");
-            rlim_t pages = 0;
-            status >> pages;
-            const rlim_t used = pages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE));
-            rlimit limit = {};
-            limit.rlim_cur = limit.rlim_max = used + (room << 20U);
-            if (::setrlimit(RLIMIT_AS, &limit) != 0) return "no limit";
+            limitMemory(room);
             const PictureFile picture = readPicture(path);
             return picture.error + (picture.image.isNull() ? "" : ", but a picture");
         });

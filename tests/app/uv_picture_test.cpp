@@ -31,7 +31,7 @@ protected:
         EXPECT_EQ(dialogs.last().kind, "message") << path;
         EXPECT_EQ(dialogs.last().title, "Error");
         const std::string start = "The picture cannot be read.\n" + path + ": ";
-        const std::string end = "\n\nChoose a JPEG, GIF or BMP file.";
+        const std::string end = "\n\nChoose a JPEG, GIF, BMP, PNG, TGA, BLP or DDS file.";
         const std::string& text = dialogs.last().text;
         ASSERT_TRUE(text.starts_with(start)) << text;
         ASSERT_TRUE(text.ends_with(end)) << text;
@@ -222,14 +222,18 @@ TEST_F(UVPictureTest, WhatFollowsTheEndOfAJpegDoesNotMatter) {
     EXPECT_EQ(dialogs.asked.size(), 1U);
 }
 
-// In its head there may be a small picture with an end of its own.
-TEST_F(UVPictureTest, AJpegThatIsCutOffBehindASmallPictureInItIsRefused) {
+// In its head there may be a small picture with an end of its own. It may lack the mark of its own
+// end and nothing else.
+TEST_F(UVPictureTest, OfAJpegWithASmallPictureInItItsOwnEndCounts) {
     const std::string jpeg = bytesOf(quarters(), "JPEG");
     const std::string small("\xFF\xE1\x00\x08\xFF\xD8\xFF\xDA\xFF\xD9", 10);
     const std::string whole = jpeg.substr(0, 2) + small + jpeg.substr(2);
     load(folder.write("whole.jpg", whole));
     EXPECT_TRUE(uv().imageLoaded);
-    load(folder.write("cut.jpg", whole.substr(0, whole.size() - 2)));
+    const std::string unmarked = folder.write("unmarked.jpg", whole.substr(0, whole.size() - 2));
+    load(unmarked);
+    EXPECT_EQ(uv().imagePath, unmarked) << dialogs.last().text;
+    load(folder.write("cut.jpg", whole.substr(0, whole.size() - 3)));
     EXPECT_NE(dialogs.last().text.find("cut.jpg: ends before its picture does"), std::string::npos)
         << dialogs.last().text;
 }

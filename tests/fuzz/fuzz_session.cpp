@@ -26,6 +26,8 @@
 #include "model/commands/save_model.h"
 #include "model/model_files.h"
 #include "model/model_scanner.h"
+#include "model/texture_name.h"
+#include "model/texture_path.h"
 #include "test_commands.h"
 #include "uveditor/commands/exchange.h"
 #include "views/commands/view_commands.h"
@@ -137,6 +139,8 @@ void rotate(Session& session, Edits& edits) {
 
 void exchangeTexture(Session& session, Edits& edits) {
     openTextureEditor(session.editor);
+    const GeosetStore& store = session.editor.store;
+    textureFileNames(textureOf(*store.geosetBase(), store.geosetNumber).image);
     UVData& data = session.window.textureData;
     const double by = edits.takeDistance();
     for (double& u : data.u) u += by;

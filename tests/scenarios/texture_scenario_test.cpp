@@ -302,7 +302,8 @@ drawn pbxUVView
 dump
 )");
     EXPECT_EQ(played.dialogs().back(),
-              "file|open|JPEG Images|*.JPG|GIF Images|*.gif|BMP Images|*.bmp|" +
+              "file|open|JPEG Images|*.JPG|GIF Images|*.gif|BMP Images|*.bmp|"
+              "Other Images|*.blp;*.dds;*.png;*.tga|" +
                   folder.path("texture.bmp"));
     const double side = sideOf(played.dump());
     const QImage plain(QString::fromStdString(folder.path("plain.png")));

@@ -114,7 +114,7 @@ TEST_F(HandOverTest, ThePictureIsLoadedAgainFromItsPath) {
     edit({{0, 0}}, {});
     EXPECT_TRUE(uvWindow.loaded.empty());
     dialogs.files.emplace_back("/pictures/wall.bmp");
-    loadImage(uv);
+    loadImage(uv, editor);
     handOver();
     EXPECT_EQ(uvWindow.loaded,
               (std::vector<std::string>{"/pictures/wall.bmp", "/pictures/wall.bmp"}));
@@ -124,14 +124,14 @@ TEST_F(HandOverTest, ThePictureIsLoadedAgainFromItsPath) {
 TEST_F(HandOverTest, APictureThatIsGoneIsSaidAndTheDataAreTakenAllTheSame) {
     edit({{0, 0}}, {});
     dialogs.files.emplace_back("/pictures/wall.bmp");
-    loadImage(uv);
+    loadImage(uv, editor);
     vertex(1).tu = 0.5;
     uvWindow.refusal = "File not found";
     handOver();
     EXPECT_EQ(dialogs.last().title, "Error");
     EXPECT_EQ(dialogs.last().text,
               "The picture cannot be read.\n/pictures/wall.bmp: File not found\n\nChoose a JPEG, "
-              "GIF or BMP file.");
+              "GIF, BMP, PNG, TGA, BLP or DDS file.");
     EXPECT_EQ(uv.data.u, Values{0.5});
     // The picture that was there is still in the window.
     EXPECT_TRUE(uv.imageLoaded);

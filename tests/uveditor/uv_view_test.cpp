@@ -76,7 +76,7 @@ TEST_F(UVViewTest, PansAtTheirLimitsGiveNumbersAllTheSame) {
 
 TEST_F(UVViewTest, NothingIsDrawnBeforeTheFirstHandOverEvenWithAPicture) {
     dialogs.files.emplace_back("/pictures/wall.bmp");
-    loadImage(uv);
+    loadImage(uv, editor);
     EXPECT_TRUE(uv.imageLoaded);
     redraw(uv);
     uvZoomIn(uv);
@@ -142,7 +142,7 @@ TEST_F(UVViewTest, TheMiddleOfTheTextureIsTheViewsCentreAtAnyZoom) {
 TEST_F(UVViewTest, WhatLiesOutsideTheUnitSquareIsDrawnOutsideThePicture) {
     edit({{-0.25, 1.5}}, {});
     dialogs.files.emplace_back("/pictures/wall.bmp");
-    loadImage(uv);
+    loadImage(uv, editor);
     EXPECT_EQ(drawnText(view), (Texts{"image 0 0 400 200 black", "box -102 298 -98 302 black"}));
 }
 
@@ -151,7 +151,7 @@ TEST_F(UVViewTest, ThePictureLiesUnderEverythingOnTheUnitSquare) {
     addFace(0, 1, 2);
     handOver();
     dialogs.files.emplace_back("/pictures/wall.bmp");
-    loadImage(uv);
+    loadImage(uv, editor);
     uv.zoom = 1.25;
     uv.panX = 10;
     uv.panY = -20;
@@ -257,34 +257,36 @@ TEST_F(UVViewTest, TheReadoutHasSixDecimalsAndTheUsersSeparator) {
 TEST_F(UVViewTest, CancellingThePictureDialogChangesNothing) {
     edit({{0.5, 0.5}}, {});
     dialogs.files.emplace_back(std::nullopt);
-    EXPECT_FALSE(redraws([&] { loadImage(uv); }));
+    EXPECT_FALSE(redraws([&] { loadImage(uv, editor); }));
     EXPECT_FALSE(uv.imageLoaded);
     EXPECT_EQ(uv.imagePath, "");
-    EXPECT_EQ(dialogs.last().text, "JPEG Images|*.JPG|GIF Images|*.gif|BMP Images|*.bmp");
+    EXPECT_EQ(dialogs.last().text,
+              "JPEG Images|*.JPG|GIF Images|*.gif|BMP Images|*.bmp|"
+              "Other Images|*.blp;*.dds;*.png;*.tga");
 }
 
 TEST_F(UVViewTest, AChosenPictureIsRememberedAndDrawn) {
     edit({{0.5, 0.5}}, {});
     dialogs.files.emplace_back("/pictures/wall.bmp");
-    EXPECT_TRUE(redraws([&] { loadImage(uv); }));
+    EXPECT_TRUE(redraws([&] { loadImage(uv, editor); }));
     EXPECT_EQ(uv.imagePath, "/pictures/wall.bmp");
     EXPECT_EQ(drawnText(view).front(), "image 0 0 400 200 black");
     dialogs.files.emplace_back(std::nullopt);
-    loadImage(uv);
+    loadImage(uv, editor);
     EXPECT_EQ(dialogs.last().defaultText, "/pictures/wall.bmp") << "where the dialog starts";
 }
 
 TEST_F(UVViewTest, APictureThatCannotBeReadIsSaidAndTheOldOneStays) {
     edit({{0.5, 0.5}}, {});
     dialogs.files.emplace_back("/pictures/wall.bmp");
-    loadImage(uv);
+    loadImage(uv, editor);
     uvWindow.refusal = "Unsupported image format";
     dialogs.files.emplace_back("/pictures/notes.gif");
-    loadImage(uv);
+    loadImage(uv, editor);
     EXPECT_EQ(dialogs.last().title, "Error");
     EXPECT_EQ(dialogs.last().text,
               "The picture cannot be read.\n/pictures/notes.gif: Unsupported image "
-              "format\n\nChoose a JPEG, GIF or BMP file.");
+              "format\n\nChoose a JPEG, GIF, BMP, PNG, TGA, BLP or DDS file.");
     EXPECT_TRUE(uv.imageLoaded);
     EXPECT_EQ(uv.imagePath, "/pictures/wall.bmp");
 }

@@ -5,6 +5,7 @@
 
 #include "editor/run_edit.h"
 #include "model/snapshot.h"
+#include "uveditor/commands/model_texture.h"
 #include "uveditor/commands/texture_commands.h"
 #include "uveditor/uv_tools.h"
 
@@ -140,7 +141,7 @@ void takeHandOver(UVEditor& uv, Editor& editor, UVData data) {
     uv.leftMesh.reset();
     uv.takenFrom = editor.store.revisions.mesh();
     uv.same = data.u.size();
-    getArray(uv, std::move(data));
+    getArray(uv, editor, std::move(data));
     setUndone(uv, editor, false);
     // Undo still holds older ones, however often they were handed over since.
     if (mayBeUndone) {
@@ -166,17 +167,14 @@ void noteEdits(UVEditor& uv, const Editor& editor) {
     uv.window.updateButtons();
 }
 
-void getArray(UVEditor& uv, UVData data) {
+void getArray(UVEditor& uv, const Editor& editor, UVData data) {
     uv.data = std::move(data);
     uv.dataReceived = true;
     uv.unsaved = false;
     uv.savedU.clear();
     uv.savedV.clear();
     uv.window.updateButtons();
-    if (uv.imageLoaded) {
-        const std::string reason = uv.window.loadPicture(uv.imagePath);
-        if (!reason.empty()) showPictureError(uv, uv.imagePath, reason);
-    }
+    refreshPicture(uv, editor);
     redraw(uv);
 }
 

@@ -36,9 +36,10 @@ bool isTakenFrom(const UVState& uv, const GeosetStore& store);
 /// were any.
 bool addUnsavedTexture(UVEditor& uv, const GeosetStore& store, Snapshot& mesh);
 
-/// Takes new data into the texture editor, in place of what it had, loads the background picture
-/// again if there is one, and redraws. Zoom, pan, picture and modes stay.
-void getArray(UVEditor& uv, UVData data);
+/// Takes new data into the texture editor, in place of what it had, brings the background picture
+/// up to date (refreshPicture()), and redraws. Zoom, pan and modes stay, and so does a picture that
+/// the user has chosen.
+void getArray(UVEditor& uv, const Editor& editor, UVData data);
 
 /// Writes texture coordinates back to the geoset, entry i to vertex i. Where the lists differ in
 /// length only the common range is written. Returns the number of vertices written. No undo step.

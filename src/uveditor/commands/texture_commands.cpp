@@ -1,9 +1,20 @@
 #include "uveditor/commands/texture_commands.h"
 
+#include "model/model_files.h"
 #include "uveditor/uv_tools.h"
 #include "uveditor/uv_view.h"
 
 namespace corvane {
+
+namespace {
+
+// Where the file dialog starts: with the last picture, before that in the model's folder.
+std::string placeToStart(const UVState& uv, const GeosetStore& store) {
+    if (!uv.lastPicture.empty() || store.modelPath.empty()) return uv.lastPicture;
+    return folderOf(store.modelPath) + '/';
+}
+
+}  // namespace
 
 void redraw(UVEditor& uv) { drawTextureView(uv); }
 
@@ -61,22 +72,26 @@ void uvMouseUp(UVEditor& uv, MouseButton button, double x, double y) {
     });
 }
 
-void loadImage(UVEditor& uv) {
-    const std::optional<std::string> path = uv.dialogs.openFile(kPictureFilter, uv.imagePath);
+void loadImage(UVEditor& uv, const Editor& editor) {
+    const std::optional<std::string> path =
+        uv.dialogs.openFile(kPictureFilter, placeToStart(uv, editor.store));
     if (!path) return;
+    uv.lastPicture = *path;
     const std::string reason = uv.window.loadPicture(*path);
     if (!reason.empty()) {
         showPictureError(uv, *path, reason);
         return;
     }
     uv.imageLoaded = true;
+    uv.imageChosen = true;
     uv.imagePath = *path;
     redraw(uv);
 }
 
 void showPictureError(UVEditor& uv, const std::string& path, const std::string& reason) {
-    uv.dialogs.messageBox(kErrorCaption, "The picture cannot be read.\n" + path + ": " + reason +
-                                             "\n\nChoose a JPEG, GIF or BMP file.");
+    uv.dialogs.messageBox(kErrorCaption,
+                          "The picture cannot be read.\n" + path + ": " + reason +
+                              "\n\nChoose a JPEG, GIF, BMP, PNG, TGA, BLP or DDS file.");
 }
 
 }  // namespace corvane

@@ -3,13 +3,15 @@
 
 #include <string>
 
+#include "editor/editor.h"
 #include "uveditor/commands/uv_editor.h"
 #include "views/mouse_button.h"
 
 namespace corvane {
 
 /// The filter of the dialog that picks a background picture: descriptions and patterns in turn.
-inline constexpr const char* kPictureFilter = "JPEG Images|*.JPG|GIF Images|*.gif|BMP Images|*.bmp";
+inline constexpr const char* kPictureFilter =
+    "JPEG Images|*.JPG|GIF Images|*.gif|BMP Images|*.bmp|Other Images|*.blp;*.dds;*.png;*.tga";
 
 /// Draws the view anew.
 void redraw(UVEditor& uv);
@@ -42,9 +44,9 @@ void uvInvertSelection(UVEditor& uv);
 void uvMouseDown(UVEditor& uv, double x, double y);
 void uvMouseUp(UVEditor& uv, MouseButton button, double x, double y);
 
-/// Asks for a picture and puts it under the view. A message where it cannot be read; the picture
-/// that was there stays.
-void loadImage(UVEditor& uv);
+/// Asks for a picture, from where the last one was and at first from the model's folder, and puts
+/// it under the view. A message where it cannot be read; the picture that was there stays.
+void loadImage(UVEditor& uv, const Editor& editor);
 
 /// Says why a picture could not be read.
 void showPictureError(UVEditor& uv, const std::string& path, const std::string& reason);

@@ -1,0 +1,10 @@
+# libsquish, which unpacks S3TC blocks. It says nothing of itself that find_package() would find.
+find_path(SQUISH_INCLUDE_DIR squish.h)
+find_library(SQUISH_LIBRARY squish)
+mark_as_advanced(SQUISH_INCLUDE_DIR SQUISH_LIBRARY)
+if(NOT SQUISH_INCLUDE_DIR OR NOT SQUISH_LIBRARY)
+  message(FATAL_ERROR "libsquish is missing (libsquish-dev in Debian)")
+endif()
+add_library(corvane_squish INTERFACE)
+target_include_directories(corvane_squish SYSTEM INTERFACE ${SQUISH_INCLUDE_DIR})
+target_link_libraries(corvane_squish INTERFACE ${SQUISH_LIBRARY})

@@ -1,0 +1,112 @@
+// Where the file of a texture is looked for.
+#include "model/texture_path.h"
+
+#include <filesystem>
+
+#include "editor_fixture.h"
+
+namespace corvane {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class TexturePathTest : public testing::Test {
+protected:
+    TempFolder folder;
+
+    /// Makes a file with the folders before it, and returns its path.
+    std::string make(const std::string& name) {
+        const std::filesystem::path path = folder.path(name);
+        std::filesystem::create_directories(path.parent_path());
+        return folder.write(name, "picture");
+    }
+
+    /// Where the texture of the model "mods/orc/hero.mdl" is, without the folder of the test.
+    std::string found(const std::string& image) {
+        std::filesystem::create_directories(folder.path("mods/orc"));
+        const std::string path = findTexture(folder.path("mods/orc/hero.mdl"), image);
+        const std::string root = folder.path("");
+        return path.starts_with(root) ? path.substr(root.size()) : path;
+    }
+};
+
+TEST_F(TexturePathTest, NamesHaveTheModelsExtensionFirstThenTheOthers) {
+    EXPECT_EQ(textureFileNames("Textures\\Wall.blp"),
+              (Texts{"Textures/Wall.blp", "Textures/Wall.dds", "Textures/Wall.tga",
+                     "Textures/Wall.png"}));
+    EXPECT_EQ(textureFileNames("Wall.TGA"),
+              (Texts{"Wall.TGA", "Wall.blp", "Wall.dds", "Wall.png"}));
+    EXPECT_EQ(textureFileNames("a/b.c/Wall"),
+              (Texts{"a/b.c/Wall", "a/b.c/Wall.blp", "a/b.c/Wall.dds", "a/b.c/Wall.tga",
+                     "a/b.c/Wall.png"}));
+}
+
+TEST_F(TexturePathTest, WhatLeadsElsewhereThanDownIsLeftOut) {
+    EXPECT_EQ(textureFileNames("C:\\war\\..\\.\\\\Wall.png").front(), "war/Wall.png");
+    EXPECT_EQ(textureFileNames("/etc/Wall.png").front(), "etc/Wall.png");
+    EXPECT_TRUE(textureFileNames("").empty());
+    EXPECT_TRUE(textureFileNames("..\\").empty());
+    EXPECT_TRUE(textureFileNames(std::string(261, 'a')).empty());
+    make("mods/secret.png");
+    std::filesystem::create_directories(folder.path("mods/orc/up"));
+    EXPECT_EQ(found("up\\..\\..\\other.png"), "");
+}
+
+TEST_F(TexturePathTest, ItIsBesideTheModel) {
+    make("mods/orc/Wall.blp");
+    EXPECT_EQ(found("Wall.blp"), "mods/orc/Wall.blp");
+    EXPECT_EQ(found("Textures\\Castle\\Wall.blp"), "mods/orc/Wall.blp");
+    EXPECT_EQ(found("Roof.blp"), "");
+}
+
+TEST_F(TexturePathTest, ItIsInTheFoldersOfItsNameFromTheModelsFolderUpward) {
+    make("Textures/Castle/Wall.blp");
+    EXPECT_EQ(found("Textures\\Castle\\Wall.blp"), "Textures/Castle/Wall.blp");
+    make("mods/Textures/Castle/Wall.blp");
+    EXPECT_EQ(found("Textures\\Castle\\Wall.blp"), "mods/Textures/Castle/Wall.blp");
+    make("mods/orc/Castle/Wall.blp");
+    EXPECT_EQ(found("Textures\\Castle\\Wall.blp"), "mods/orc/Castle/Wall.blp");
+    make("mods/orc/Textures/Castle/Wall.blp");
+    EXPECT_EQ(found("Textures\\Castle\\Wall.blp"), "mods/orc/Textures/Castle/Wall.blp");
+}
+
+TEST_F(TexturePathTest, TheNearerFolderComesBeforeTheLikelierExtension) {
+    make("mods/Wall.blp");
+    make("mods/orc/Wall.png");
+    EXPECT_EQ(found("Wall.blp"), "mods/orc/Wall.png");
+    make("mods/orc/Wall.tga");
+    EXPECT_EQ(found("Wall.blp"), "mods/orc/Wall.tga");
+    make("mods/orc/Wall.dds");
+    EXPECT_EQ(found("Wall.blp"), "mods/orc/Wall.dds");
+    EXPECT_EQ(found("Wall.png"), "mods/orc/Wall.png") << "the model's own first";
+}
+
+TEST_F(TexturePathTest, UpperAndLowerCaseNeedNotAgree) {
+    make("mods/TEXTURES/castle/wall.BLP");
+    EXPECT_EQ(found("Textures\\Castle\\Wall.blp"), "mods/TEXTURES/castle/wall.BLP");
+    make("mods/Textures/castle/wall.blp");
+    EXPECT_EQ(found("Textures\\Castle\\Wall.blp"), "mods/Textures/castle/wall.blp")
+        << "the folder that is spelled so comes first";
+    make("mods/Textures/castle/Wall.blp");
+    EXPECT_EQ(found("Textures\\Castle\\Wall.blp"), "mods/Textures/castle/Wall.blp");
+}
+
+TEST_F(TexturePathTest, AFolderWithoutTheFileDoesNotHideAnotherOne) {
+    std::filesystem::create_directories(folder.path("mods/Textures"));
+    make("mods/textures/Wall.blp");
+    EXPECT_EQ(found("Textures\\Wall.blp"), "mods/textures/Wall.blp");
+}
+
+TEST_F(TexturePathTest, AFolderWithItsNameIsNone) {
+    std::filesystem::create_directories(folder.path("mods/orc/Wall.blp"));
+    make("mods/Wall.png");
+    EXPECT_EQ(found("Wall.blp"), "mods/Wall.png");
+}
+
+TEST_F(TexturePathTest, AModelWithoutAPathHasNone) {
+    EXPECT_EQ(findTexture("", "there is no such texture.blp"), "");
+    EXPECT_EQ(findTexture("hero.mdl", "there is no such texture.blp"), "");
+}
+
+}  // namespace
+}  // namespace corvane
