@@ -8,7 +8,7 @@
 #include "editor/run_edit.h"
 #include "model/commands/open_model.h"
 #include "model/commands/replaced_text.h"
-#include "model/geoset_reader.h"
+#include "model/commands/saved_part.h"
 #include "model/geoset_removal.h"
 #include "model/geoset_sections.h"
 #include "model/model_writer.h"
@@ -213,34 +213,6 @@ std::optional<PiecedText> compose(Editor& editor, bool singleGeoset, NeutralRows
     return std::nullopt;
 }
 
-// After a geoset was saved alone the part is the current model, and memory becomes what it holds:
-// one matrix group, all vertices in it, and the rows that it keeps for its vertices. Made before
-// the part is written, so that memory cannot run out between the two.
-class Part {
-public:
-    explicit Part(const PiecedText& text) {
-        const ModelText part = joinedText("", text.pieces());
-        try {
-            read_ = parseGeoset(part, scanGeosets(part.view()), 1);
-        } catch (const ModelTextError&) {
-            // Then it has no rows that could follow.
-        }
-    }
-
-    void becomeCurrent(Editor& editor) && {
-        GeosetStore& store = editor.store;
-        store.geosetNumber = 1;
-        store.matrixGroups = std::move(groups_);
-        for (VertexRecord& vertex : store.Vertices) vertex.group = 0;
-        takeFileData(store, std::move(read_));
-        editor.undo = {};
-    }
-
-private:
-    Geoset read_;
-    std::vector<MatrixGroup> groups_ = {kSoleMatrixGroup};
-};
-
 void writeGeoset(Editor& editor, bool singleGeoset) {
     GeosetStore& store = editor.store;
     if (const std::size_t number = firstUnwritable(store); number > 0) {
@@ -253,7 +225,7 @@ void writeGeoset(Editor& editor, bool singleGeoset) {
     NeutralRows neutral;
     const std::optional<PiecedText> text = compose(editor, singleGeoset, neutral);
     if (!text) return;
-    std::optional<Part> part;
+    std::optional<SavedPart> part;
     if (singleGeoset) part.emplace(*text);
     const auto write = singleGeoset ? &ModelDocument::write : &ModelDocument::writeGeoset;
     ReplacedText replaced(editor);
