@@ -199,21 +199,19 @@ TEST_F(KeepingTest, ASignalEndsTheProgramInOrder) {
 
 TEST(QuitInDialogTest, IsToldOfBeforeTheDialogIsClosed) {
     int told = 0;
-    const QuitInDialog quitInDialog([&told] { ++told; });
-    const auto quit = [] {
-        QEvent event(QEvent::Quit);
-        QCoreApplication::sendEvent(qApp, &event);
-    };
-    quit();
-    EXPECT_EQ(told, 0) << "no dialog is there";
+    QuitInDialog quitInDialog([&told] { ++told; });
+    QEvent quit(QEvent::Quit);
+    // Where it goes on the application would end.
+    EXPECT_FALSE(quitInDialog.eventFilter(qApp, &quit)) << "no dialog is there";
+    EXPECT_EQ(told, 0);
     QDialog dialog;
     dialog.setModal(true);
     dialog.show();
-    quit();
+    EXPECT_TRUE(QCoreApplication::sendEvent(qApp, &quit));
     EXPECT_EQ(told, 1);
     EXPECT_TRUE(dialog.isVisible());
     dialog.close();
-    quit();
+    EXPECT_FALSE(quitInDialog.eventFilter(qApp, &quit));
     EXPECT_EQ(told, 1);
 }
 
