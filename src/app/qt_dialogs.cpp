@@ -1,12 +1,14 @@
 #include "app/qt_dialogs.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QUrl>
 #include <algorithm>
 
 #include "app/save_name.h"
@@ -112,6 +114,10 @@ void QtDialogs::messageBox(const Caption& caption, const std::string& text) {
 
 void QtDialogs::rightToLeftMessageBox(const Caption& caption, const std::string& text) {
     showMessage(caption, text, Qt::RightToLeft);
+}
+
+bool QtDialogs::showDocument(const std::string& path) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
 }
 
 bool QtDialogs::yesNo(const Caption& caption, const std::string& text) {

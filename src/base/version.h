@@ -1,8 +1,0 @@
-#pragma once
-
-namespace corvane {
-
-/// The version that the program shows.
-inline constexpr const char* kVersionText = "1.14";
-
-}  // namespace corvane
