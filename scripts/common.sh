@@ -6,12 +6,16 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
 
 # What building needs, and what testing needs, by the names of Debian 12.
 # shellcheck disable=SC2034
-BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev libgtest-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev libgtest-dev python3-markdown)
 # shellcheck disable=SC2034
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" xvfb)
 # What fuzzing needs: clang, and the part of it that holds libFuzzer.
 # shellcheck disable=SC2034
 FUZZ_PACKAGES=("${BUILD_PACKAGES[@]}" clang libclang-rt-14-dev)
+
+# What making and checking the Debian package needs.
+# shellcheck disable=SC2034
+PACKAGE_PACKAGES=(dpkg-dev lintian desktop-file-utils appstream shared-mime-info libglib2.0-bin man-db)
 
 section() { printf '\n== %s\n' "$*"; }
 
