@@ -15,7 +15,8 @@ FUZZ_PACKAGES=("${BUILD_PACKAGES[@]}" clang libclang-rt-14-dev)
 
 # What making and checking the Debian package needs.
 # shellcheck disable=SC2034
-PACKAGE_PACKAGES=(dpkg-dev file lintian desktop-file-utils appstream shared-mime-info libglib2.0-bin man-db)
+PACKAGE_PACKAGES=(dpkg-dev file lintian desktop-file-utils appstream shared-mime-info
+    libglib2.0-bin man-db)
 
 section() { printf '\n== %s\n' "$*"; }
 
