@@ -22,12 +22,7 @@ install(FILES ${made}/org.corvane.corvane.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 
 find_program(CORVANE_GZIP gzip REQUIRED)
-function(install_man_page)
-  # Where the package puts it, the guide is elsewhere than where `cmake --install` does.
-  set(CMAKE_INSTALL_FULL_DATADIR /usr/share)
-  configure_file(${packaging}/corvane.1.in ${made}/corvane.1 @ONLY)
-endfunction()
-install_man_page()
+configure_file(${packaging}/corvane.1.in ${made}/corvane.1 @ONLY)
 add_custom_command(OUTPUT ${made}/corvane.1.gz
     COMMAND ${CORVANE_GZIP} -9nc ${made}/corvane.1 > ${made}/corvane.1.gz
     DEPENDS ${made}/corvane.1 VERBATIM)
