@@ -5,6 +5,10 @@
 #     tests/start_installed.sh PROGRAM
 set -euo pipefail
 program=$1
+[[ -r /proc/self/status ]] || {
+    printf '%s\n' "There is no /proc here, where it stands how far a program is." >&2
+    exit 1
+}
 folder=$(mktemp -d "${TMPDIR:-/tmp}/corvane-start.XXXXXX")
 pid=
 cleanup() {
