@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes the example models in this folder: crystal.mdl, watchtower.mdl, airship.mdl, checker.bmp.
+"""Makes the examples in this folder: the models and the pictures.
 
     python3 examples/generate.py [FOLDER]
 
@@ -18,10 +18,12 @@ import sys
 
 sys.dont_write_bytecode = True  # leave no cache folder in the examples
 
+from chest import chest, texture
 from mdl import (
     Mesh, add, bitmap, bone, cross, geoset_animation, keys, lathe, material, model, node,
     number, on_circle, prism, rotation, scaled, sub, triple, tube, unit,
 )
+from pixels import blp, bmp
 
 WHITE = bitmap("Textures\\white.blp")  # comes with the game
 TEAM_COLOUR = bitmap("", 1)
@@ -351,9 +353,11 @@ def checker():
 def main():
     folder = sys.argv[1] if len(sys.argv) > 1 else os.path.dirname(os.path.abspath(__file__))
     models = [("crystal.mdl", crystal(), "\n"), ("watchtower.mdl", watchtower(), "\n"),
-              ("airship.mdl", airship(), "\r\n")]
+              ("airship.mdl", airship(), "\r\n"), ("chest.mdl", chest(), "\n")]
     files = [(name, "".join(line + end for line in lines).encode()) for name, lines, end in models]
-    for name, data in [*files, ("checker.bmp", checker())]:
+    picture = texture()
+    files += [("checker.bmp", checker()), ("chest.bmp", bmp(picture)), ("chest.blp", blp(picture))]
+    for name, data in files:
         path = os.path.join(folder, name)
         with open(path, "wb") as file:
             file.write(data)

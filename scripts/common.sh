@@ -8,12 +8,17 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
 # of the first is loaded when a picture is: it lets Qt read further formats.
 # shellcheck disable=SC2034
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev libjpeg62-turbo-dev libsquish-dev libgtest-dev
-    qt6-image-formats-plugins)
+    python3-markdown qt6-image-formats-plugins)
 # shellcheck disable=SC2034
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" xvfb)
 # What fuzzing needs: clang, and the part of it that holds libFuzzer.
 # shellcheck disable=SC2034
 FUZZ_PACKAGES=("${BUILD_PACKAGES[@]}" clang libclang-rt-14-dev)
+
+# What making and checking the Debian package needs.
+# shellcheck disable=SC2034
+PACKAGE_PACKAGES=(dpkg-dev file lintian desktop-file-utils appstream shared-mime-info
+    libglib2.0-bin man-db)
 
 section() { printf '\n== %s\n' "$*"; }
 

@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
+#include "app/guide.h"
 #include "editor/run_edit.h"
 #include "model/commands/open_model.h"
 #include "views/commands/mouse.h"
@@ -119,6 +120,9 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers, Ke
 frmCorvane::~frmCorvane() { stopKeeping(); }
 
 void frmCorvane::start() {
+    const QString page =
+        guidePage(QCoreApplication::applicationDirPath(), QStringLiteral("decimal-separator.html"));
+    if (!page.isEmpty()) editor_.decimalSeparatorPage = page.toStdString();
     startUp(editor_);
     offerKilled();
 }
@@ -341,6 +345,10 @@ void frmCorvane::showTextureEditor(UVData newData) {
         }
     }
     textureEditor_->showWith(std::move(newData));
+}
+
+void frmCorvane::showGuide() {
+    showGuideOf(QCoreApplication::applicationDirPath(), editor_.dialogs);
 }
 
 void frmCorvane::copyText(const std::string& text) {

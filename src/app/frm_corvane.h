@@ -64,6 +64,7 @@ private:
     void startSelectTimer() override;
     void showTextureEditor(UVData data) override;
     void showRecover() override;
+    void showGuide() override;
     void copyText(const std::string& text) override;
 
     void startKeeping();

@@ -198,6 +198,8 @@ constexpr std::array kViewMenu = {
 };
 
 constexpr std::array kHelpMenu = {
+    item("mnuUserGuide", "&User Guide", showUserGuide, "F1"),
+    kSeparator,
     helpItem("mnuSummary", "&Summary"),
     helpItem("mnuNavigation", "&Navigation"),
     helpItem("mnuSelection", "S&election"),

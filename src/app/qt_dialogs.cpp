@@ -1,6 +1,7 @@
 #include "app/qt_dialogs.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -8,6 +9,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QUrl>
 #include <algorithm>
 
 #include "app/save_name.h"
@@ -128,6 +130,10 @@ void QtDialogs::messageBox(const Caption& caption, const std::string& text) {
 
 void QtDialogs::rightToLeftMessageBox(const Caption& caption, const std::string& text) {
     showMessage(caption, text, Qt::RightToLeft);
+}
+
+bool QtDialogs::showDocument(const std::string& path) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
 }
 
 bool QtDialogs::yesNo(const Caption& caption, const std::string& text) {

@@ -16,6 +16,7 @@ public:
                                         const std::string& defaultAnswer) override;
     void messageBox(const Caption& caption, const std::string& text) override;
     void rightToLeftMessageBox(const Caption& caption, const std::string& text) override;
+    bool showDocument(const std::string& path) override;
     bool yesNo(const Caption& caption, const std::string& text) override;
 };
 

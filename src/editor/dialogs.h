@@ -60,6 +60,9 @@ public:
     /// The same in a box that reads from right to left.
     virtual void rightToLeftMessageBox(const Caption& caption, const std::string& text) = 0;
 
+    /// Has the desktop show a document, a file. Whether the desktop knows a program for it.
+    virtual bool showDocument(const std::string& /*path*/) { return false; }
+
     /// Asks a question with the buttons Yes and No; true for Yes.
     virtual bool yesNo(const Caption& caption, const std::string& text) = 0;
 };

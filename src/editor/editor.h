@@ -2,6 +2,8 @@
 // commands take it by reference; nothing else is global.
 #pragma once
 
+#include <string>
+
 #include "base/numbers.h"
 #include "edit/undo_history.h"
 #include "editor/dialogs.h"
@@ -29,6 +31,9 @@ struct Editor {
     EditorWindow& window;
     Dialogs& dialogs;
     UserNumberFormat userNumbers{};
+
+    /// Where the page about decimal separators is, as the warning about commas names it.
+    std::string decimalSeparatorPage = "docs/decimal-separator.md";
 
     GeosetStore store{};
     UndoHistory undo{};

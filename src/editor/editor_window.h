@@ -36,6 +36,9 @@ public:
     /// Shows what was kept, to be brought back.
     virtual void showRecover() {}
 
+    /// Shows the user guide, or says why not.
+    virtual void showGuide() {}
+
     /// Puts a text (UTF-8) on the clipboard.
     virtual void copyText(const std::string& text) = 0;
 };

@@ -222,5 +222,13 @@ TEST_F(WindowMenusTest, HelpItemsShowTheirBoxes) {
     EXPECT_TRUE(dialogs.last().text.starts_with("MDL Corvane 1.14\r\n\r\n")) << dialogs.last().text;
 }
 
+// The tests' own folder is none that a guide belongs to.
+TEST_F(WindowMenusTest, F1AsksForTheUserGuide) {
+    pressKeys(Qt::Key_F1);
+    ASSERT_EQ(dialogs.asked.size(), 1U);
+    EXPECT_TRUE(dialogs.last().text.starts_with("The user guide is not installed"))
+        << dialogs.last().text;
+}
+
 }  // namespace
 }  // namespace corvane

@@ -1,5 +1,10 @@
 #include "answering_dialogs.h"
 
+#include <QApplication>
+#include <QTimer>
+#include <utility>
+
+#include "app/qt_dialogs.h"
 #include "output.h"
 #include "script.h"
 
@@ -66,9 +71,21 @@ std::optional<std::string> AnsweringDialogs::saveFile(const SaveQuestion& questi
     return pickFile("save", question.filter, question.title);
 }
 
+void AnsweringDialogs::picture(const std::function<void()>& showBox) {
+    const QString path = std::exchange(picture_, {});
+    if (path.isEmpty()) return;
+    QTimer::singleShot(0, qApp, [&] {
+        QWidget* const box = QApplication::activeModalWidget();
+        if (box == nullptr || !box->grab().save(path)) stop_("cannot write the picture " + path);
+        box->close();
+    });
+    showBox();
+}
+
 std::optional<std::string> AnsweringDialogs::inputBox(const std::string& prompt,
                                                       const std::string& title,
                                                       const std::string& defaultAnswer) {
+    picture([&] { QtDialogs().inputBox(prompt, title, defaultAnswer); });
     QJsonObject event = dialogEvent("input");
     event["prompt"] = qt(prompt);
     event["title"] = qt(title);
@@ -89,6 +106,7 @@ QString AnsweringDialogs::pressed(const Caption& caption, const std::string& tex
 }
 
 void AnsweringDialogs::messageBox(const Caption& caption, const std::string& text) {
+    picture([&] { QtDialogs().messageBox(caption, text); });
     pressed(caption, text, "ok", {"ok"});
 }
 
@@ -96,7 +114,13 @@ void AnsweringDialogs::rightToLeftMessageBox(const Caption& caption, const std::
     messageBox(caption, text);
 }
 
+bool AnsweringDialogs::showDocument(const std::string& path) {
+    print({{"event", "document"}, {"path", qt(path)}});
+    return true;
+}
+
 bool AnsweringDialogs::yesNo(const Caption& caption, const std::string& text) {
+    picture([&] { QtDialogs().yesNo(caption, text); });
     return pressed(caption, text, "yesno", {"yes", "no"}) == "yes";
 }
 

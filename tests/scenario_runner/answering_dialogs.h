@@ -21,6 +21,10 @@ public:
     /// to answer. Throws ScenarioError for what is no answer.
     void queue(const QString& kind, const QString& answer, bool quoted);
 
+    /// Leaves a picture of the next message or input box in a file. For it the box is shown, and
+    /// closed again.
+    void pictureNext(const QString& path) { picture_ = path; }
+
     /// The answers that no dialog has used.
     std::size_t left() const { return answers_.size(); }
 
@@ -31,6 +35,8 @@ public:
                                         const std::string& defaultAnswer) override;
     void messageBox(const Caption& caption, const std::string& text) override;
     void rightToLeftMessageBox(const Caption& caption, const std::string& text) override;
+    /// Needs no answer: the document is named, and not shown.
+    bool showDocument(const std::string& path) override;
     bool yesNo(const Caption& caption, const std::string& text) override;
 
 private:
@@ -49,7 +55,11 @@ private:
     QString pressed(const Caption& caption, const std::string& text, const char* buttons,
                     const QStringList& allowed);
 
+    /// Calls what shows a box and waits for it, if a picture of it is wanted.
+    void picture(const std::function<void()>& showBox);
+
     std::function<void(const QString&)> stop_;
+    QString picture_;  // where the next box's picture goes; empty for none
     std::deque<Answer> answers_;
 };
 

@@ -13,6 +13,8 @@
 
 #include "dump.h"
 #include "output.h"
+#include "uveditor/uv_view.h"
+#include "views/ortho_view.h"
 #include "widgets.h"
 
 namespace corvane::scenario {
@@ -99,6 +101,44 @@ PictureBox& Player::pictureNamed(const QString& name) {
     return *picture;
 }
 
+void Player::mark(const QStringList& words, QPoint from, QPoint to) {
+    marks_.push_back({&pictureNamed(words[1]), buttonNamed(words[2]), from, to});
+}
+
+// The pixel of a picture where a position of the model is drawn, or one of the texture: across, up
+// (down in the texture).
+QPoint Player::modelPoint(const QStringList& words, qsizetype at) {
+    PictureBox& picture = pictureNamed(words[1]);
+    const double across = toDouble(words[at]);
+    const double other = toDouble(words[at + 1]);
+    ScreenPoint place;
+    if (picture.objectName() == "pbxUVView") {
+        const UVState& uv = window_->textureEditor()->uv();
+        place = {viewX(uv, across), viewY(uv, other)};
+    } else {
+        const QStringList views = {"pbxFront", "pbxTop", "pbxLeft"};
+        const qsizetype view = views.indexOf(picture.objectName());
+        if (view < 0) throw ScenarioError(words[1].toStdString() + " shows no positions");
+        const ViewState& state = window_->editor().views[kViews[static_cast<std::size_t>(view)]];
+        place =
+            project(across, other, picture.surface().width(), picture.surface().height(), state);
+    }
+    return {qRound(place.x * picture.width() / picture.surface().width()),
+            qRound(place.y * picture.height() / picture.surface().height())};
+}
+
+// Of a control, the current window, or the next dialog. Shows the drags that were marked, which
+// later ones do not show any more.
+void Player::saveScreenshot(const QString& name, const QString& path) {
+    if (name == "dialog") return dialogs_.pictureNext(path);
+    QWidget& widget = name == "window" ? currentWindow() : widgetNamed(currentWindow(), name);
+    QPixmap screenshot = widget.grab();
+    drawMarks(screenshot, widget, std::exchange(marks_, {}));
+    if (!screenshot.save(path)) {
+        throw ScenarioError("cannot write the picture " + path.toStdString());
+    }
+}
+
 void Player::perform(const Command& command) {
     struct Entry {
         qsizetype arguments;
@@ -116,6 +156,14 @@ void Player::perform(const Command& command) {
           [&](const QStringList& w) {
               drag(pictureNamed(w[1]), buttonNamed(w[2]), pointOf(w, 3), pointOf(w, 5));
           }}},
+        {"mark", {6, [&](const QStringList& w) { mark(w, pointOf(w, 3), pointOf(w, 5)); }}},
+        {"drag-model",
+         {6,
+          [&](const QStringList& w) {
+              drag(pictureNamed(w[1]), buttonNamed(w[2]), modelPoint(w, 3), modelPoint(w, 5));
+          }}},
+        {"mark-model",
+         {6, [&](const QStringList& w) { mark(w, modelPoint(w, 3), modelPoint(w, 5)); }}},
         {"hover",
          {3,
           [&](const QStringList& w) { hover(widgetNamed(currentWindow(), w[1]), pointOf(w, 2)); }}},
@@ -142,15 +190,7 @@ void Player::perform(const Command& command) {
               print(dumpState(*window_));
           }}},
         {"drawn", {1, [&](const QStringList& w) { print(drawnItems(pictureNamed(w[1]))); }}},
-        {"screenshot",
-         {2,
-          [&](const QStringList& w) {
-              QWidget& widget =
-                  w[1] == "window" ? currentWindow() : widgetNamed(currentWindow(), w[1]);
-              if (!widget.grab().save(w[2])) {
-                  throw ScenarioError("cannot write the picture " + w[2].toStdString());
-              }
-          }}},
+        {"screenshot", {2, [&](const QStringList& w) { saveScreenshot(w[1], w[2]); }}},
     };
     const auto found = commands.find(command.words[0]);
     if (found == commands.end()) {

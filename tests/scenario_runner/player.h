@@ -10,6 +10,7 @@
 #include "answering_dialogs.h"
 #include "app/frm_corvane.h"
 #include "app/orderly_end.h"
+#include "marks.h"
 #include "script.h"
 
 namespace corvane::scenario {
@@ -31,6 +32,9 @@ private:
     void chooseWindow(const QString& name);
     QWidget& currentWindow();
     PictureBox& pictureNamed(const QString& name);
+    void mark(const QStringList& words, QPoint from, QPoint to);
+    QPoint modelPoint(const QStringList& words, qsizetype at);
+    void saveScreenshot(const QString& name, const QString& path);
     [[noreturn]] void stop(const QString& why);
 
     UserNumberFormat userNumbers_;
@@ -39,7 +43,8 @@ private:
     Keeper keeper_;
     std::unique_ptr<frmCorvane> window_;
     std::unique_ptr<AtExit> atExit_;
-    QString meant_ = "main";  // which window the commands mean
+    QString meant_ = "main";   // which window the commands mean
+    std::vector<Mark> marks_;  // for the next screenshot
     int line_ = 0;
 };
 

@@ -53,4 +53,11 @@ int toInt(const QString& word) {
     return value;
 }
 
+double toDouble(const QString& word) {
+    bool isNumber = false;
+    const double value = word.toDouble(&isNumber);
+    if (!isNumber) throw ScenarioError("\"" + word.toStdString() + "\" is not a number");
+    return value;
+}
+
 }  // namespace corvane::scenario

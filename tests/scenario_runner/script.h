@@ -27,4 +27,7 @@ Command splitWords(const QString& line);
 /// A number of a command. Throws ScenarioError where the word is none.
 int toInt(const QString& word);
 
+/// The same with decimals, after a period.
+double toDouble(const QString& word);
+
 }  // namespace corvane::scenario

@@ -1,5 +1,8 @@
 // The runner itself: it must notice what goes wrong.
 
+#include <QColor>
+#include <QImage>
+
 #include "scenario.h"
 #include "scenario_models.h"
 
@@ -16,6 +19,8 @@ struct BadScript {
 
 TEST_F(RunnerScenario, ErrorsEndTheScriptAndSayWhereAndWhy) {
     const std::vector<BadScript> scripts = {
+        {"drag-model pbxPersp left 0 0 1 1\n", "pbxPersp shows no positions", 1},
+        {"mark-model pbxFront left a 0 1 1\n", "\"a\" is not a number", 1},
         {"menu mnuNothing\n", "mnuNothing is no menu item", 1},
         {"\n# a comment\nmenu mnuSave\n", "mnuSave is disabled", 3},
         {"menu mnuSnap\n", "mnuSnap is disabled", 1},
@@ -92,6 +97,81 @@ hover cmdMove 3 3
 )");
     EXPECT_EQ(readFile(folder.path("window \"1\".png")).substr(1, 3), "PNG");
     EXPECT_EQ(readFile(folder.path("front.png")).substr(1, 3), "PNG");
+}
+
+// The number of pixels of a colour in a picture.
+int countPixels(const std::string& path, const QColor& colour) {
+    const QImage image(QString::fromStdString(path));
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) count += image.pixelColor(x, y) == colour ? 1 : 0;
+    }
+    return count;
+}
+
+TEST_F(RunnerScenario, MarkedDragsShowInTheNextScreenshotOnly) {
+    folder.write("hero.mdl", squareModel());
+    playAll(R"(
+answer file "$DIR/hero.mdl"
+menu mnuOpen
+mark pbxFront left 20 20 60 60
+mark pbxFront right 100 40 160 40
+mark-model pbxTop right -20 0 20 0
+screenshot pbxFront "$DIR/marked.png"
+screenshot pbxFront "$DIR/after.png"
+)");
+    const QColor colour(214, 92, 0);
+    // The arrow alone is 60 pixels long and 2 wide.
+    EXPECT_GT(countPixels(folder.path("marked.png"), colour), 120);
+    EXPECT_EQ(countPixels(folder.path("after.png"), colour), 0);
+}
+
+TEST_F(RunnerScenario, DragsBetweenPositionsOfTheModelFollowZoomAndPan) {
+    folder.write("hero.mdl", squareModel());
+    const Played played = playAll(R"(
+answer file "$DIR/hero.mdl"
+menu mnuOpen
+wait 150
+press cmdZoomInFront
+press cmdPanUF
+menu mnuSelectAll
+drag-model pbxFront right 0 0 8 4
+menu mnuUVMapping
+window uv
+drag-model pbxUVView left -0.1 -0.1 1.1 1.1
+drag-model pbxUVView right 0.25 0.5 0.5 0.25
+dump
+)");
+    const QJsonObject move = played.dump()["undo"].toArray()[0].toObject();
+    EXPECT_EQ(move["name"].toString(), "Move");
+    // Whole pixels, of which there are 5 to 3 model units.
+    EXPECT_NEAR(move["a"].toDouble(), 8, 0.6);
+    EXPECT_NEAR(move["b"].toDouble(), 4, 0.6);
+    const QJsonObject uv = played.dump()["uv"].toObject();
+    EXPECT_NEAR(uv["u"].toArray()[0].toDouble(), 0.25, 0.01);
+    EXPECT_NEAR(uv["v"].toArray()[0].toDouble(), 0.75, 0.01);
+}
+
+TEST_F(RunnerScenario, APictureOfADialogIsThatOfTheRealBox) {
+    folder.write("hero.mdl", squareModel());
+    const Played played = playAll(R"(
+answer file "$DIR/hero.mdl"
+menu mnuOpen
+answer message ok
+screenshot dialog "$DIR/count.png"
+menu mnuSelVertCount
+answer input "1"
+screenshot dialog "$DIR/group.png"
+menu mnuAssignVertexGroup
+dump
+)");
+    EXPECT_EQ(played.dialogs().size(), 3U);
+    EXPECT_EQ(undoNames(played.dump()), "Assign Vertex Group");
+    for (const char* const name : {"count.png", "group.png"}) {
+        const QImage picture(QString::fromStdString(folder.path(name)));
+        EXPECT_GT(picture.width(), 80) << name;
+        EXPECT_GT(picture.height(), 60) << name;
+    }
 }
 
 TEST_F(RunnerScenario, TheDumpNamesEveryMenuItemAndButton) {

@@ -402,6 +402,7 @@ TEST_F(ToolsScenario, ThePerspectiveViewTurnsOnItsButtonsOnly) {
 
 TEST_F(ToolsScenario, HelpBoxesTellWhatTheyAreAbout) {
     const std::vector<std::pair<std::string, std::string>> boxes = {
+        {"mnuUserGuide", "message|Error|The user guide is not installed: there is no page in "},
         {"mnuSummary", "message|Summary|This program edits MDLs at the vertex level. "},
         {"mnuNavigation", "message|Navigation|The three viewports here are front, top, and left. "},
         {"mnuSelection", "message|Selection|To activate any of the three selection options, "},

@@ -18,7 +18,7 @@ class ScriptedDialogs : public Dialogs {
 public:
     /// One question as it was put. Unused texts are empty.
     struct Asked {
-        std::string kind;  ///< "open", "save", "input", "message", "yesno"
+        std::string kind;  ///< "open", "save", "input", "message", "document", "yesno"
         std::string title;
         std::string text;
         std::string defaultText;  ///< an input box's answer, a file dialog's current path
@@ -27,6 +27,7 @@ public:
     std::deque<std::optional<std::string>> files;   ///< answers to come; nullopt cancels
     std::deque<std::optional<std::string>> inputs;  ///< answers to come; nullopt cancels
     std::deque<bool> yesNos;                        ///< answers to come
+    bool documentsShow = true;  ///< whether the desktop knows a program for documents
     std::vector<Asked> asked;
     std::function<void()> onInput;    ///< called while an input box is shown
     std::function<void()> onMessage;  ///< called while a message box is shown
@@ -52,6 +53,10 @@ public:
     }
     void rightToLeftMessageBox(const Caption& caption, const std::string& text) override {
         asked.push_back({"message", caption.text, text, "right to left"});
+    }
+    bool showDocument(const std::string& path) override {
+        asked.push_back({"document", "", path, ""});
+        return documentsShow;
     }
     bool yesNo(const Caption& caption, const std::string& text) override {
         asked.push_back({"yesno", caption.text, text, ""});

@@ -14,9 +14,6 @@ namespace corvane {
 
 namespace {
 
-// Where the warning about decimal commas sends its reader.
-constexpr const char* kDecimalSeparatorPage = "docs/decimal-separator.md";
-
 constexpr const char* kGeosetOrModel = "another geoset or model";
 
 void showReadError(Editor& editor, const std::string& what, const std::string& advice) {
@@ -316,7 +313,7 @@ void startUp(Editor& editor) {
             kWarningCaption,
             std::string("Warning: You are using commas as a decimal instead of periods. The "
                         "program will not work with that setting. Go to ") +
-                kDecimalSeparatorPage + " for instructions on changing that.");
+                editor.decimalSeparatorPage + " for instructions on changing that.");
     }
 }
 

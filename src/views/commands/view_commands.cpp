@@ -82,6 +82,8 @@ void toggleTips(Editor& editor) {
     runChange(editor, Show::Buttons, [](Editor& e) { e.modes.tipsEnabled = !e.modes.tipsEnabled; });
 }
 
+void showUserGuide(Editor& editor) { editor.window.showGuide(); }
+
 void showHelp(Editor& editor, std::string_view menuItem) {
     const HelpBox* const box = helpBoxOf(menuItem);
     if (box == nullptr) return;

@@ -35,6 +35,9 @@ void toggleShowNormals(Editor& editor);
 /// Switches the tips.
 void toggleTips(Editor& editor);
 
+/// Shows the user guide, or says why not.
+void showUserGuide(Editor& editor);
+
 /// Shows a box of the Help menu; nothing where there is none for that menu item.
 void showHelp(Editor& editor, std::string_view menuItem);
 
