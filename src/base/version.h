@@ -2,7 +2,8 @@
 
 namespace corvane {
 
-/// The version that the program shows.
-inline constexpr const char* kVersionText = "1.14";
+/// The version that the program shows. The build passes it on from CMakeLists.txt, the one place
+/// where it stands.
+inline constexpr const char* kVersionText = CORVANE_VERSION;
 
 }  // namespace corvane

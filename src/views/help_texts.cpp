@@ -83,7 +83,8 @@ constexpr const char* kCloningText =
     "is active. The a new version, identical to what you had selected, will be created and "
     "transformed.";
 
-constexpr const char* kAboutText = "MDL Corvane 1.14\r\n\r\nMade by the Corvane developers";
+constexpr const char* kAboutText =
+    "MDL Corvane " CORVANE_VERSION "\r\n\r\nMade by the Corvane developers";
 
 constexpr std::array<HelpBox, 7> kHelpBoxes = {{
     {"mnuSummary", "Summary", kSummaryText},
