@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "app/save_name.h"
+#include "app/system_path.h"
 
 namespace corvane {
 
@@ -19,19 +20,26 @@ constexpr int kWidestField = 600;  // pixels
 
 QWidget* parentWindow() { return QApplication::activeWindow(); }
 
+// The folder of a file, or the nearest above it that Qt finds: none whose name is no UTF-8.
+QString folderOf(const QFileInfo& file) {
+    QFileInfo folder(file.absolutePath());
+    while (!folder.exists() && !folder.isRoot()) folder.setFile(folder.absolutePath());
+    return folder.filePath();
+}
+
 // Shows a file dialog that stands where the current file is.
 std::optional<std::string> pick(QFileDialog& dialog, const std::string& filter,
                                 const std::string& current) {
     dialog.setNameFilters(qtFilters(filter) << QFileDialog::tr("All files (*)"));
     if (!current.empty()) {
         const QFileInfo file(QString::fromStdString(current));
-        dialog.setDirectory(file.absolutePath());
+        dialog.setDirectory(folderOf(file));
         dialog.selectFile(file.fileName());
     }
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedUrls().isEmpty()) {
         return std::nullopt;
     }
-    return dialog.selectedFiles().first().toStdString();
+    return chosenPath(dialog.selectedUrls().first(), current);
 }
 
 void prepare(QMessageBox& box, const Caption& caption, const std::string& text) {

@@ -46,6 +46,9 @@ void uvMouseUp(UVEditor& uv, MouseButton button, double x, double y);
 /// that was there stays.
 void loadImage(UVEditor& uv);
 
+/// The same for the picture at a path.
+void loadImageFrom(UVEditor& uv, const std::string& path);
+
 /// Says why a picture could not be read.
 void showPictureError(UVEditor& uv, const std::string& path, const std::string& reason);
 
