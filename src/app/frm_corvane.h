@@ -88,6 +88,7 @@ private:
     void connectPicture(PictureBox& picture, View view);
     void watchControls();
     int longestTip() const;
+    int panelExcess() const;
     void layOut();
     void placeTip();
     void updateTitle();

@@ -1,7 +1,10 @@
 // How the main window is laid out.
 
 #include <QGridLayout>
+#include <algorithm>
 #include <array>
+#include <functional>
+#include <utility>
 
 #include "app/frm_corvane.h"
 #include "app/window_size.h"
@@ -21,42 +24,28 @@ constexpr int kViewButtonSize = 24;
 constexpr int kTipFrame = 16;  // what the tip's box needs besides its text
 
 // Of the window's layout. The pictures take both columns before the panel's.
-enum Row { kPicturesRow, kSlackRow, kGapRow, kTipRow };
+enum Row { kPicturesRow, kGapRow, kTipRow };
 enum Column { kTipColumn, kGapColumn, kPanelColumn };
 
-// A grid in which all that grows is of one size: an odd pixel that two columns or rows would have
-// to share stays empty.
-class EvenGrid : public QGridLayout {
+// The grid of the pictures. All that grows in it is of one size: an odd pixel that two columns or
+// rows would have to share stays empty. So does what a panel that is higher than the pictures adds
+// to the window's first height: the pictures have their first size then, whatever the font makes of
+// the panel. In a lower window they first take that room, and then become smaller.
+class PictureGrid : public QGridLayout {
 public:
+    explicit PictureGrid(std::function<int()> panelExcess) : panelExcess_(std::move(panelExcess)) {}
+
     void setGeometry(const QRect& rect) override {
-        const QSize extra = rect.size() - minimumSize();
-        const QSize odd(extra.width() % 2, extra.height() % 2);
-        QGridLayout::setGeometry(QRect(rect.topLeft(), rect.size() - odd));
+        const int first = sizeHint().height();
+        QSize size = rect.size();
+        size.setHeight(std::max(std::min(size.height(), first), size.height() - panelExcess_()));
+        const QSize extra = size - minimumSize();
+        QGridLayout::setGeometry(
+            QRect(rect.topLeft(), size - QSize(extra.width() % 2, extra.height() % 2)));
     }
-};
-
-// The space below the pictures that a panel higher than they are makes. Without it they would be
-// larger than their first size in the first window, by what the font makes of the panel. In a lower
-// window it goes before the pictures become very small.
-class PanelSlack : public QSpacerItem {
-public:
-    PanelSlack(const QLayout& pictures, const QWidget& panel, const QWidget& tip,
-               const bool& beside)
-        : QSpacerItem(0, 0), pictures_(pictures), panel_(panel), tip_(tip), beside_(beside) {}
-
-    QSize sizeHint() const override {
-        const int tips = beside_ ? kMargin + tip_.sizeHint().height() : 0;
-        const int pictures = pictures_.sizeHint().height();
-        return {0, std::max(0, panel_.sizeHint().height() - pictures - tips)};
-    }
-    QSize minimumSize() const override { return {0, 0}; }
-    QSize maximumSize() const override { return sizeHint(); }
 
 private:
-    const QLayout& pictures_;
-    const QWidget& panel_;
-    const QWidget& tip_;
-    const bool& beside_;  // whether the panel reaches down beside the tip
+    std::function<int()> panelExcess_;  // pixels
 };
 
 }  // namespace
@@ -78,7 +67,7 @@ QWidget* frmCorvane::buildViewButtons(PictureBox& picture, std::span<const ViewB
 
 // The pictures two by two, each with its buttons beside it. They grow alike.
 void frmCorvane::fillPictureGrid() {
-    pictureGrid_ = new EvenGrid;
+    pictureGrid_ = new PictureGrid([this] { return panelExcess(); });
     const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
     for (int i = 0; i < 4; ++i) {
         const auto index = static_cast<std::size_t>(i);
@@ -96,6 +85,13 @@ void frmCorvane::fillPictureGrid() {
     pictureGrid_->setRowMinimumHeight(1, kRowGap);
 }
 
+// By how much the panel is higher than the pictures at their first size, and the tip where the
+// panel reaches down beside it.
+int frmCorvane::panelExcess() const {
+    const int tip = tipsBesidePanel_ ? kMargin + txtTips_->sizeHint().height() : 0;
+    return std::max(0, toolPanel_->sizeHint().height() - pictureGrid_->sizeHint().height() - tip);
+}
+
 // The width of the longest tip, in pixels.
 int frmCorvane::longestTip() const {
     int longest = 0;
@@ -110,8 +106,6 @@ void frmCorvane::layOut() {
     layout_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout_->setSpacing(0);
     layout_->addLayout(pictureGrid_, kPicturesRow, kTipColumn, 1, 2);
-    layout_->addItem(new PanelSlack(*pictureGrid_, *toolPanel_, *txtTips_, tipsBesidePanel_),
-                     kSlackRow, kTipColumn);
     layout_->setRowMinimumHeight(kGapRow, kMargin);
     layout_->setRowStretch(kPicturesRow, 1);
     layout_->setColumnMinimumWidth(kGapColumn, kMargin);

@@ -1,5 +1,6 @@
 #include "app/frm_uv_editor.h"
 
+#include <QAbstractItemView>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QEvent>
@@ -189,6 +190,7 @@ void frmUVEditor::showNotice(const std::string& text) {
 void frmUVEditor::addPlanes(QGridLayout& grid) {
     cboView_->setObjectName("cboView");
     cboView_->setAccessibleName(tr("View to project from"));
+    cboView_->view()->setAccessibleName(tr("Views to project from"));
     for (const UVPlane& entry : uvPlanes()) {
         cboView_->addItem(tr(entry.caption), QVariant::fromValue(entry.plane));
     }

@@ -8,6 +8,7 @@
 #include <new>
 #include <string>
 
+#include "app/app_icon.h"
 #include "app/command_line.h"
 #include "app/frm_corvane.h"
 #include "app/orderly_end.h"
@@ -80,6 +81,7 @@ int main(int argc, char** argv) {
     const Application application(argc, argv);
     QApplication::setApplicationName("Corvane");
     QApplication::setDesktopFileName("corvane");
+    QApplication::setWindowIcon(corvane::appIcon());
 
     const CommandLine commandLine = corvane::readCommandLine(corvane::argumentsOf(argc, argv));
     if (!commandLine.refusal.empty()) {

@@ -16,7 +16,8 @@ namespace corvane {
 
 namespace {
 
-constexpr int kWidestField = 600;  // pixels
+constexpr int kWidestField = 600;   // pixels
+constexpr int kTitleButtons = 130;  // pixels of a title bar that are not its text
 
 QWidget* parentWindow() { return QApplication::activeWindow(); }
 
@@ -103,12 +104,14 @@ std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const 
     dialog.setWindowTitle(QString::fromStdString(title));
     dialog.setLabelText(QString::fromStdString(prompt));
     dialog.setTextValue(QString::fromStdString(defaultAnswer));
-    // All of a text that is there to be read and copied is seen.
+    // All of a text that is there to be read and copied is seen, and all of the title.
     auto* const field = dialog.findChild<QLineEdit*>();
     if (field != nullptr) {
-        const int margin = field->fontMetrics().horizontalAdvance("MM");
-        const int wanted = field->fontMetrics().horizontalAdvance(field->text()) + margin;
-        field->setMinimumWidth(std::min(wanted, kWidestField));
+        const QFontMetrics metrics = field->fontMetrics();
+        const int margin = metrics.horizontalAdvance("MM");
+        const int text = metrics.horizontalAdvance(field->text()) + margin;
+        const int head = metrics.horizontalAdvance(dialog.windowTitle()) + kTitleButtons;
+        field->setMinimumWidth(std::min(std::max(text, head), kWidestField));
     }
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return dialog.textValue().toStdString();

@@ -10,6 +10,8 @@ namespace corvane {
 
 namespace {
 
+constexpr int kMargin = 6;  // pixels, besides what the style adds
+
 QString counted(int number, const char* one, const char* many) {
     return QStringLiteral("%1 %2").arg(number).arg(number == 1 ? one : many);
 }
@@ -62,6 +64,8 @@ StatusLine::StatusLine(QWidget* parent)
     lblCounts_->setObjectName("lblCounts");
     lblGeoset_->setObjectName("lblGeoset");
     lblModel_->setObjectName("lblModel");
+    setContentsMargins(kMargin, 0, 0, 0);
+    lblGeoset_->setContentsMargins(kMargin, 0, kMargin, 0);
     constexpr int kCountsShare = 2;  // of the room, to the model's 1
     addWidget(lblCounts_, kCountsShare);
     addPermanentWidget(lblGeoset_);

@@ -31,6 +31,7 @@ PanelScroller::PanelScroller(QWidget* parent, QWidget* panel) : QScrollArea(pare
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);  // what is in it has
     setWidget(panel);
+    verticalScrollBar()->setAccessibleName(tr("Scroll the tools"));
     // The window's colour, not that of a list.
     panel->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
