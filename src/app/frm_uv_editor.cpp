@@ -62,8 +62,9 @@ void frmUVEditor::layOut() {
     auto* const beside = new QVBoxLayout;
     auto* const scroller = new PanelScroller(central, panel_);
     scroller->setObjectName("panelScroller");
-    beside->addWidget(scroller, 1);
+    beside->addWidget(scroller);
     beside->addWidget(foot_);
+    beside->addStretch();
     layout->addLayout(beside);
     setCentralWidget(central);
 

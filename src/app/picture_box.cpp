@@ -76,7 +76,12 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(palette().color(QPalette::Active, QPalette::PlaceholderText));
     painter.drawText(textArea, Qt::AlignLeft | Qt::AlignTop, caption_);
     if (surface_.primitives().empty()) {
-        painter.drawText(textArea, Qt::AlignCenter | Qt::TextWordWrap, hint_);
+        constexpr int kHow = Qt::AlignCenter | Qt::TextWordWrap;
+        const int below = textArea.top() + painter.fontMetrics().height();
+        QRect hintArea = textArea;
+        // In a small picture the caption stays readable.
+        if (painter.boundingRect(hintArea, kHow, hint_).top() < below) hintArea.setTop(below);
+        painter.drawText(hintArea, kHow, hint_);
     }
     painter.setPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
     painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));

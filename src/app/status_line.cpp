@@ -23,11 +23,6 @@ QString countsText(const KeptCounts& counts) {
              counted(counts.selectedFaces, "face", "faces"));
 }
 
-void setTextOf(QLabel& label, const QString& text) {
-    if (label.text() == text) return;
-    label.setText(text);
-}
-
 }  // namespace
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
@@ -39,8 +34,15 @@ QSize ElidedLabel::minimumSizeHint() const {
     return {fontMetrics().horizontalAdvance("MM..."), QLabel::minimumSizeHint().height()};
 }
 
-bool ElidedLabel::isCutOff() const {
-    return fontMetrics().horizontalAdvance(text()) > contentsRect().width();
+void ElidedLabel::setWhole(const QString& text) {
+    if (text == this->text()) return;
+    setText(text);
+    updateToolTip();
+}
+
+void ElidedLabel::updateToolTip() {
+    const bool isCutOff = fontMetrics().horizontalAdvance(text()) > contentsRect().width();
+    setToolTip(isCutOff ? text() : QString());
 }
 
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {
@@ -52,7 +54,7 @@ void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {
 
 void ElidedLabel::resizeEvent(QResizeEvent* event) {
     QLabel::resizeEvent(event);
-    setToolTip(isCutOff() ? text() : QString());
+    updateToolTip();
 }
 
 StatusLine::StatusLine(QWidget* parent)
@@ -77,9 +79,9 @@ void StatusLine::show(const Editor& editor) {
     QString left;
     if (store.modelLoaded) left = countsText(countKept(store));
     if (editor.modes.placingMarker) left = tr("Click in a view to add a marker. Escape: add none.");
-    setTextOf(*lblCounts_, left);
-    setTextOf(*lblGeoset_, store.modelLoaded ? geosetText(store) : QString());
-    setTextOf(*lblModel_, store.modelLoaded ? fileNameOf(store.modelPath) : tr("No model"));
+    lblCounts_->setWhole(left);
+    lblGeoset_->setText(store.modelLoaded ? geosetText(store) : QString());
+    lblModel_->setWhole(store.modelLoaded ? fileNameOf(store.modelPath) : tr("No model"));
 }
 
 QString fileNameOf(const std::string& path) {

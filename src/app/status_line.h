@@ -17,6 +17,8 @@ class ElidedLabel : public QLabel {
 public:
     explicit ElidedLabel(QWidget* parent);
 
+    void setWhole(const QString& text);
+
     QSize minimumSizeHint() const override;
 
 protected:
@@ -24,7 +26,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    bool isCutOff() const;
+    void updateToolTip();
 };
 
 class StatusLine : public QStatusBar {
