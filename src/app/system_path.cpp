@@ -67,7 +67,7 @@ std::string systemPath(const QUrl& url) {
 }
 
 std::string chosenPath(const QUrl& chosen, const std::string& current) {
-    const std::string path = systemPath(chosen);
+    std::string path = systemPath(chosen);
     if (path == shown(current)) return current;
     const std::string folder = folderOf(current);
     const std::string shownFolder = shown(folder);
