@@ -99,6 +99,24 @@ TEST_F(AccessibilityTest, EveryControlOfTheTextureWindowHasANameARoleAndAState) 
     EXPECT_EQ(roles[QAccessible::EditableText], 2);
 }
 
+TEST_F(AccessibilityTest, EveryControlHasAnAccessibleName) {
+    ASSERT_EQ(controls().size(), 4U + 23U + 13U + 4U);
+    for (QWidget* const control : controls()) {
+        QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(control);
+        ASSERT_NE(accessible, nullptr);
+        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty())
+            << control->objectName().toStdString();
+    }
+}
+
+TEST_F(AccessibilityTest, AccessibleNamesTellControlsApart) {
+    QStringList names;
+    for (QWidget* const control : controls()) {
+        names << QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
+    }
+    EXPECT_EQ(names.removeDuplicates(), 0);
+}
+
 TEST_F(AccessibilityTest, ModeAndAxisButtonsSayWhetherTheyAreOn) {
     EXPECT_EQ(checkable(*window).first, (QStringList{"cmdSelect", "cmdMove", "cmdActivateX",
                                                      "cmdActivateY", "cmdActivateZ"}));

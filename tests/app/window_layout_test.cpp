@@ -1,4 +1,3 @@
-#include <QAccessible>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
@@ -324,23 +323,6 @@ TEST_F(WindowLayoutTest, AFontThatBecomesLargerWhileTheProgramRunsCutsNothingOff
     expectAllReachable(*window);
     window.reset();
     QApplication::setFont(before);
-}
-
-TEST_F(WindowLayoutTest, EveryControlHasAnAccessibleName) {
-    ASSERT_EQ(controls().size(), 4U + 23U + 13U + 4U);
-    for (QWidget* const control : controls()) {
-        QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(control);
-        ASSERT_NE(accessible, nullptr);
-        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << nameOf(*control);
-    }
-}
-
-TEST_F(WindowLayoutTest, AccessibleNamesTellControlsApart) {
-    QStringList names;
-    for (QWidget* const control : controls()) {
-        names << QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
-    }
-    EXPECT_EQ(names.removeDuplicates(), 0);
 }
 
 TEST_F(WindowLayoutTest, TabReachesEveryControlInTheOrderInWhichTheyStand) {
