@@ -100,11 +100,11 @@ void frmCorvane::buildPictures() {
     connectPicture(*pbxFront_, View::Front);
     connectPicture(*pbxTop_, View::Top);
     connectPicture(*pbxLeft_, View::Left);
+    // In lines: a tool tip breaks none itself.
     pbxPersp_->setToolTip(
-        tr("Shows the heights of the vertices, as they are seen at the current turn "
-           "and distance. It does not show what lies beside what: all of them "
-           "stand on one line. It is drawn when a model is opened and by the "
-           "buttons beside it, and does not follow edits."));
+        tr("Shows how high the vertices are seen at the current turn and distance.\n"
+           "What lies beside what is not shown: all of them stand on one line.\n"
+           "Drawn when a model is opened and by the buttons beside it; edits do not show."));
     pbxPersp_->onMove = [this](double, double) { showTip(""); };
     // Only its own buttons draw it: another size must not show edits either.
     pbxPersp_->keepDrawingCentred();
