@@ -2,7 +2,6 @@
 
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -11,6 +10,7 @@
 #include "app/guide.h"
 #include "editor/run_edit.h"
 #include "model/commands/open_model.h"
+#include "views/commands/marker_commands.h"
 #include "views/commands/mouse.h"
 #include "views/commands/view_commands.h"
 #include "views/help_texts.h"
@@ -19,57 +19,7 @@ namespace corvane {
 
 namespace {
 
-// Pixels.
-constexpr QSize kPictureSize(209, 201);  // in the smallest window
-constexpr int kMargin = 8;
-constexpr int kRowGap = 23;        // between the upper and the lower pictures
-constexpr int kViewColumnGap = 3;  // between a picture and the buttons beside it
-constexpr int kColumnGap = 4;      // between those and what stands to their right
-constexpr int kViewButtonSize = 24;
-constexpr int kTipFrame = 16;      // what the tip's box needs besides its text
 constexpr int kSelectDelay = 100;  // milliseconds from opening a model until a box selects
-
-QString fileName(const std::string& path) {
-    return QFileInfo(QString::fromStdString(path)).fileName();
-}
-
-// Of the window's layout. The pictures take both columns before the panel's.
-enum Row { kPicturesRow, kSlackRow, kGapRow, kTipRow };
-enum Column { kTipColumn, kGapColumn, kPanelColumn };
-
-// A grid in which all that grows is of one size: an odd pixel that two columns or rows would have
-// to share stays empty.
-class EvenGrid : public QGridLayout {
-public:
-    void setGeometry(const QRect& rect) override {
-        const QSize extra = rect.size() - minimumSize();
-        const QSize odd(extra.width() % 2, extra.height() % 2);
-        QGridLayout::setGeometry(QRect(rect.topLeft(), rect.size() - odd));
-    }
-};
-
-// The space below the pictures that a panel higher than they are makes. Without it they would be
-// larger than their first size in the smallest window, by what the font makes of the panel.
-class PanelSlack : public QSpacerItem {
-public:
-    PanelSlack(const QLayout& pictures, const QWidget& panel, const QWidget& tip,
-               const bool& beside)
-        : QSpacerItem(0, 0), pictures_(pictures), panel_(panel), tip_(tip), beside_(beside) {}
-
-    QSize sizeHint() const override {
-        const int tips = beside_ ? kMargin + tip_.sizeHint().height() : 0;
-        const int pictures = pictures_.minimumSize().height();
-        return {0, std::max(0, panel_.sizeHint().height() - pictures - tips)};
-    }
-    QSize minimumSize() const override { return sizeHint(); }
-    QSize maximumSize() const override { return sizeHint(); }
-
-private:
-    const QLayout& pictures_;
-    const QWidget& panel_;
-    const QWidget& tip_;
-    const bool& beside_;  // whether the panel reaches down beside the tip
-};
 
 }  // namespace
 
@@ -85,7 +35,7 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers, Ke
       txtZ_(new QLineEdit(toolPanel_)),
       txtTips_(new QLineEdit(central_)),
       layout_(new QGridLayout(central_)),
-      pictureGrid_(new EvenGrid),
+      statusLine_(new StatusLine(this)),
       editor_{.pictures = {pbxFront_->surface(), pbxTop_->surface(), pbxLeft_->surface(),
                            pbxPersp_->surface()},
               .window = *this,
@@ -93,8 +43,11 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers, Ke
               .userNumbers = userNumbers},
       keeper_(keeper) {
     setObjectName("frmCorvane");
+    setAcceptDrops(true);
     setCentralWidget(central_);
     central_->setObjectName("central");
+    setStatusBar(statusLine_);
+    abandonByEscape(*this, [this] { abandon(); });
     tmrTime_.setObjectName("tmrTime");
     tmrTime_.setSingleShot(true);
     tmrTime_.setInterval(kSelectDelay);
@@ -112,7 +65,6 @@ frmCorvane::frmCorvane(Dialogs& dialogs, const UserNumberFormat& userNumbers, Ke
 
     startKeeping();
     layOut();
-    adjustSize();
     updateButtons();
     button("cmdSelect")->setFocus();  // where a stray blank does no harm
 }
@@ -152,6 +104,11 @@ void frmCorvane::buildPictures() {
     connectPicture(*pbxFront_, View::Front);
     connectPicture(*pbxTop_, View::Top);
     connectPicture(*pbxLeft_, View::Left);
+    // In lines: a tool tip breaks none itself.
+    pbxPersp_->setToolTip(
+        tr("Shows how high the vertices are seen at the current turn and distance.\n"
+           "What lies beside what is not shown: all of them stand on one line.\n"
+           "Drawn when a model is opened and by the buttons beside it; edits do not show."));
     pbxPersp_->onMove = [this](double, double) { showTip(""); };
     // Only its own buttons draw it: another size must not show edits either.
     pbxPersp_->keepDrawingCentred();
@@ -169,21 +126,6 @@ void frmCorvane::connectPicture(PictureBox& picture, View view) {
         mouseUp(editor_, view, button, x, y);
     };
     picture.onResize = [this, view] { updateView(editor_, view); };
-}
-
-// The buttons that stand beside a picture.
-QWidget* frmCorvane::buildViewButtons(PictureBox& picture, std::span<const ViewButton> buttons) {
-    auto* const column = new QWidget(central_);
-    auto* const grid = new QGridLayout(column);
-    grid->setContentsMargins(kViewColumnGap, 0, kColumnGap, 0);
-    grid->setSpacing(0);
-    grid->setSizeConstraint(QLayout::SetFixedSize);
-    focusOrder_.push_back(&picture);
-    for (ToolButton* const button :
-         addViewButtons(*grid, buttons, editor_, picture, buttons_, focusOrder_)) {
-        button->setFixedSize(kViewButtonSize, kViewButtonSize);
-    }
-    return column;
 }
 
 void frmCorvane::buildToolPanel() {
@@ -218,6 +160,7 @@ void frmCorvane::buildTipBox() {
     txtTips_->setObjectName("txtTips");
     txtTips_->setAccessibleName(tr("Tip"));
     txtTips_->setReadOnly(true);
+    txtTips_->setAcceptDrops(false);
     focusOrder_.push_back(txtTips_);
 }
 
@@ -229,57 +172,6 @@ void frmCorvane::watchControls() {
         widget->setMouseTracking(true);
         widget->installEventFilter(this);
     }
-}
-
-// The width of the longest tip, in pixels.
-int frmCorvane::longestTip() const {
-    int longest = 0;
-    for (const QString& tip : tips_) {
-        longest = std::max(longest, txtTips_->fontMetrics().horizontalAdvance(tip));
-    }
-    return longest;
-}
-
-// The pictures two by two, each with its buttons beside it. They grow alike.
-void frmCorvane::fillPictureGrid() {
-    const std::array<PictureBox*, 4> pictures = {pbxFront_, pbxTop_, pbxLeft_, pbxPersp_};
-    for (int i = 0; i < 4; ++i) {
-        const auto index = static_cast<std::size_t>(i);
-        const int row = i / 2 * 2;  // there is a row between them
-        const int column = i % 2 * 2;
-        pictures[index]->setMinimumSize(kPictureSize);
-        pictureGrid_->addWidget(pictures[index], row, column);
-        pictureGrid_->setRowStretch(row, 1);
-        pictureGrid_->setColumnStretch(column, 1);
-        pictureGrid_->addWidget(buildViewButtons(*pictures[index], viewButtons()[index]), row,
-                                column + 1, Qt::AlignLeft | Qt::AlignTop);
-    }
-    pictureGrid_->setSpacing(0);
-    pictureGrid_->setRowMinimumHeight(1, kRowGap);
-}
-
-// The pictures take all the room that the panel beside them and the tip below leave.
-void frmCorvane::layOut() {
-    layout_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    layout_->setSpacing(0);
-    layout_->addLayout(pictureGrid_, kPicturesRow, kTipColumn, 1, 2);
-    layout_->addItem(new PanelSlack(*pictureGrid_, *toolPanel_, *txtTips_, tipsBesidePanel_),
-                     kSlackRow, kTipColumn);
-    layout_->setRowMinimumHeight(kGapRow, kMargin);
-    layout_->setRowStretch(kPicturesRow, 1);
-    layout_->setColumnMinimumWidth(kGapColumn, kMargin);
-    layout_->setColumnStretch(kTipColumn, 1);
-    toolPanel_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Minimum);
-    placeTip();
-}
-
-// The panel may be as high as the window where every tip fits under the pictures.
-void frmCorvane::placeTip() {
-    const int room = pictureGrid_->minimumSize().width() - kMargin;
-    tipsBesidePanel_ = longestTip() + kTipFrame <= room;
-    const int panelRows = tipsBesidePanel_ ? kTipRow + 1 : kGapRow;
-    layout_->addWidget(toolPanel_, kPicturesRow, kPanelColumn, panelRows, 1);
-    layout_->addWidget(txtTips_, kTipRow, kTipColumn, 1, tipsBesidePanel_ ? 1 : 3);
 }
 
 bool frmCorvane::isMet(Needs needs) const {
@@ -306,6 +198,13 @@ void frmCorvane::updateButtons() {
     if (textureEditor_) textureEditor_->noteEdits();
     if (autoKeep_) autoKeep_->noteState();
     updateTitle();
+    statusLine_->show(editor_);
+}
+
+// What Escape ends: a drag, and the wait for the place of a marker.
+void frmCorvane::abandon() {
+    for (PictureBox* const picture : {pbxFront_, pbxTop_, pbxLeft_}) picture->abandonDrag();
+    if (editor_.modes.placingMarker) addMarkerGraphically(editor_);
 }
 
 void frmCorvane::updateTitle() {
@@ -316,9 +215,7 @@ void frmCorvane::updateTitle() {
     }
     QString geoset = tr("Geoset %1").arg(store.geosetNumber);
     if (store.isGeosetRemoved()) geoset = tr("Removed geoset");
-    // In a title "[*]" is where edits are marked; twice it stands for itself.
-    const QString name = fileName(store.modelPath).replace("[*]", "[*][*]");
-    setWindowTitle(tr("%1[*] - %2 - Corvane").arg(name, geoset));
+    setWindowTitle(tr("%1[*] - %2 - Corvane").arg(inTitle(fileNameOf(store.modelPath)), geoset));
     setWindowModified(store.isModified());
 }
 

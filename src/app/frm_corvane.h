@@ -12,7 +12,9 @@
 #include "app/frm_uv_editor.h"
 #include "app/main_window_tables.h"
 #include "app/picture_box.h"
+#include "app/status_line.h"
 #include "app/window_builder.h"
+#include "app/window_size.h"
 #include "editor/editor.h"
 
 namespace corvane {
@@ -28,6 +30,10 @@ public:
     /// What happens when the program starts: the welcome, the warning about decimal commas, and
     /// the question whether to open the unsaved edits of a program that was killed.
     void start();
+
+    /// Opens the model that the program was started with, and its geoset `geoset` (1-based) or one
+    /// that the user picks. Not where unsaved edits were brought back before: these stay.
+    void openOnStart(const std::string& path, std::optional<int> geoset);
 
     /// Keeps what is unsaved, and waits until the disk has it.
     void keepUnsaved();
@@ -54,6 +60,8 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     // EditorWindow
@@ -82,9 +90,11 @@ private:
     void connectPicture(PictureBox& picture, View view);
     void watchControls();
     int longestTip() const;
+    int panelExcess() const;
     void layOut();
     void placeTip();
     void updateTitle();
+    void abandon();
     bool isMet(Needs needs) const;
     ToolButton* button(const char* name) const { return buttons_.byName.value(QString(name)); }
 
@@ -99,7 +109,9 @@ private:
     QLineEdit* txtZ_;
     QLineEdit* txtTips_;
     QGridLayout* layout_;
-    QGridLayout* pictureGrid_;
+    QGridLayout* pictureGrid_ = nullptr;
+    PanelScroller* toolScroller_ = nullptr;
+    StatusLine* statusLine_;
     bool tipsBesidePanel_ = true;  // whether the tip's box ends where the tool panel begins
     QString notice_;               // takes the place of the tips
     QTimer tmrTime_;

@@ -1,10 +1,17 @@
 #include "app/frm_uv_editor.h"
 
+#include <QAbstractItemView>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QTimer>
 #include <QVBoxLayout>
 
+#include "app/dropped_file.h"
 #include "app/picture_file.h"
+#include "app/status_line.h"
+#include "app/window_size.h"
 #include "uveditor/commands/exchange.h"
 #include "uveditor/commands/texture_commands.h"
 #include "uveditor/uv_view.h"
@@ -13,7 +20,7 @@ namespace corvane {
 
 namespace {
 
-constexpr int kSmallestView = 400;  // pixels, a square
+constexpr int kSmallestView = 240;  // pixels, a square
 constexpr int kFirstView = 512;
 constexpr int kMargin = 8;
 
@@ -23,15 +30,16 @@ frmUVEditor::frmUVEditor(Editor& main)
     : main_(main),
       pbxUVView_(new PictureBox(this, 1)),
       panel_(new QWidget(this)),
+      foot_(new QWidget(this)),
       cboView_(new QComboBox(panel_)),
       txtUVX_(new QLineEdit(panel_)),
       txtUVY_(new QLineEdit(panel_)),
-      lblNotice_(new QLabel(panel_)),
+      lblNotice_(new QLabel(foot_)),
       uv_{{.picture = pbxUVView_->surface()}, *this, main.dialogs},
       commands_{.uv = uv_, .main = main} {
     setObjectName("frmUVEditor");
-    setWindowTitle(tr("Texture Coordinates[*] - Corvane"));
-
+    setAcceptDrops(true);
+    abandonByEscape(*this, [this] { pbxUVView_->abandonDrag(); });
     pbxUVView_->setObjectName("pbxUVView");
     pbxUVView_->setAccessibleName(tr("Texture view"));
     connectView();
@@ -39,23 +47,38 @@ frmUVEditor::frmUVEditor(Editor& main)
     buildPanel();
     addMenus(*this, uvMenus(), commands_, buttons_.byName);
 
-    auto* const central = new QWidget(this);
-    auto* const layout = new QHBoxLayout(central);
-    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    layout->addWidget(pbxUVView_, 1);
-    layout->addWidget(panel_);
-    setCentralWidget(central);
+    layOut();
     // The tab order follows the eye: the view, then the panel from top to bottom.
     setFocusOrder(focusOrder_);
     buttons_.panel.front().first->setFocus();  // a mode, where a stray blank does no harm
     updateButtons();
+}
+
+void frmUVEditor::layOut() {
+    auto* const central = new QWidget(this);
+    auto* const layout = new QHBoxLayout(central);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->addWidget(pbxUVView_, 1);
+    auto* const beside = new QVBoxLayout;
+    auto* const scroller = new PanelScroller(central, panel_);
+    scroller->setObjectName("panelScroller");
+    beside->addWidget(scroller);
+    beside->addWidget(foot_);
+    beside->addStretch();
+    layout->addLayout(beside);
+    setCentralWidget(central);
 
     // The view starts square, large enough for the panel beside it; later it follows the window.
     // Its side is a multiple of 8, so that halves, quarters and eighths lie on whole pixels.
-    const int side = (std::max(kFirstView, panel_->sizeHint().height()) + 7) / 8 * 8;
-    pbxUVView_->setMinimumSize(side, side);
-    resize(sizeHint());
+    constexpr int kSideStep = 8;
+    const auto inSteps = [](int side) { return (side + kSideStep - 1) / kSideStep * kSideStep; };
+    const int side = inSteps(std::max(kFirstView, beside->sizeHint().height()));
+    pbxUVView_->setFirstSize({side, side});
     pbxUVView_->setMinimumSize(kSmallestView, kSmallestView);
+    const QSize wanted = sizeHint();
+    const QSize missing = wanted - firstSize(*this);
+    const int less = inSteps(std::max(missing.width(), missing.height()));
+    resize(wanted - QSize(less, less));
 }
 
 void frmUVEditor::showWith(UVData newData) {
@@ -70,7 +93,24 @@ bool frmUVEditor::addUnsavedTexture(Snapshot& mesh) {
     return corvane::addUnsavedTexture(uv_, main_.store, mesh);
 }
 
-void frmUVEditor::noteEdits() { corvane::noteEdits(uv_, main_); }
+void frmUVEditor::noteEdits() {
+    corvane::noteEdits(uv_, main_);
+    updateTitle();
+}
+
+void frmUVEditor::updateTitle() {
+    // After another geoset was read the coordinates are still those of the one before.
+    const GeosetStore& store = main_.store;
+    if (uv_.takenFrom == store.revisions.mesh()) {
+        const QString geoset = store.isGeosetRemoved() ? tr("Removed geoset")
+                                                       : tr("Geoset %1").arg(store.geosetNumber);
+        source_ = tr("%1 of %2").arg(geoset, fileNameOf(store.modelPath));
+    }
+    QStringList parts = {tr("Texture Coordinates[*]")};
+    if (!source_.isEmpty()) parts << inTitle(source_);
+    if (uv_.imageLoaded) parts << inTitle(fileNameOf(uv_.imagePath));
+    setWindowTitle((parts << tr("Corvane")).join(" - "));
+}
 
 void frmUVEditor::closeEvent(QCloseEvent* event) {
     if (onClose) onClose();
@@ -83,6 +123,21 @@ bool frmUVEditor::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+void frmUVEditor::dragEnterEvent(QDragEnterEvent* event) {
+    if (!droppedPicture(*event->mimeData()).empty()) event->acceptProposedAction();
+}
+
+void frmUVEditor::dropEvent(QDropEvent* event) {
+    const std::string path = droppedPicture(*event->mimeData());
+    if (path.empty()) return;
+    event->acceptProposedAction();
+    // A message waits here, not in the program that the picture came from.
+    QTimer::singleShot(0, this, [this, path] {
+        activateWindow();
+        loadImageFrom(uv_, path);
+    });
 }
 
 void frmUVEditor::connectView() {
@@ -103,8 +158,10 @@ void frmUVEditor::connectView() {
 void frmUVEditor::buildPanel() {
     auto* const layout = new QVBoxLayout(panel_);
     layout->setContentsMargins(0, 0, 0, 0);
+    auto* const footLayout = new QVBoxLayout(foot_);
+    footLayout->setContentsMargins(0, 0, 0, 0);
     for (const UVGroup& group : uvPanel()) {
-        QGridLayout& grid = addGroup(*panel_, tr(group.caption));
+        QGridLayout& grid = addGroup(group.atFoot ? *foot_ : *panel_, tr(group.caption));
         switch (group.top) {
             case UVGroup::Top::ViewButtons:
                 for (ToolButton* const button : addViewButtons(
@@ -126,8 +183,8 @@ void frmUVEditor::buildPanel() {
     lblNotice_->setObjectName("lblNotice");
     lblNotice_->setWordWrap(true);
     lblNotice_->hide();
-    layout->addWidget(lblNotice_);
     layout->addStretch();
+    footLayout->addWidget(lblNotice_);
 }
 
 void frmUVEditor::showNotice(const std::string& text) {
@@ -138,6 +195,7 @@ void frmUVEditor::showNotice(const std::string& text) {
 void frmUVEditor::addPlanes(QGridLayout& grid) {
     cboView_->setObjectName("cboView");
     cboView_->setAccessibleName(tr("View to project from"));
+    cboView_->view()->setAccessibleName(tr("Views to project from"));
     for (const UVPlane& entry : uvPlanes()) {
         cboView_->addItem(tr(entry.caption), QVariant::fromValue(entry.plane));
     }
@@ -160,6 +218,7 @@ void frmUVEditor::addReadouts(QGridLayout& grid) {
 
 void frmUVEditor::updateButtons() {
     showState(buttons_, commands_);
+    updateTitle();
     setWindowModified(uv_.unsaved);
     if (onChange) onChange();
 }

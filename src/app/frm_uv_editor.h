@@ -42,6 +42,8 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     // UVWindow
@@ -49,6 +51,8 @@ private:
     void showNotice(const std::string& text) override;
     std::string loadPicture(const std::string& path) override;
 
+    void updateTitle();
+    void layOut();
     void connectView();
     void buildPanel();
     void addPlanes(QGridLayout& grid);
@@ -57,6 +61,7 @@ private:
     Editor& main_;
     PictureBox* pbxUVView_;
     QWidget* panel_;
+    QWidget* foot_;  // below the panel, always seen
     QComboBox* cboView_;
     QLineEdit* txtUVX_;
     QLineEdit* txtUVY_;
@@ -64,6 +69,7 @@ private:
     UVEditor uv_;
     UVCommands commands_;
     ButtonsOf<UVCommands> buttons_;
+    QString source_;                    // the geoset that the coordinates are of, and its model
     std::vector<QWidget*> focusOrder_;  // for the tab key
 };
 

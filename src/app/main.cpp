@@ -1,18 +1,23 @@
 // The editor.
 
 #include <QApplication>
+#include <QCoreApplication>
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <new>
 #include <string>
 
+#include "app/app_icon.h"
+#include "app/command_line.h"
 #include "app/frm_corvane.h"
 #include "app/orderly_end.h"
 #include "app/process.h"
-#include "app/qt_dialogs.h"
 #include "app/user_locale.h"
 
 namespace {
+
+using corvane::CommandLine;
 
 // An error that nothing caught must not end the program: what the user has not saved would be lost.
 class Application : public QApplication {
@@ -39,15 +44,15 @@ public:
     }
 };
 
-}  // namespace
+// Needs no display.
+int print(int argc, char** argv, corvane::Print what) {
+    const QCoreApplication application(argc, argv);
+    std::fputs(corvane::textOf(what).c_str(), stdout);
+    return EXIT_SUCCESS;
+}
 
-int main(int argc, char** argv) {
-    corvane::prepareProcess();
-    const Application application(argc, argv);
-    QApplication::setApplicationName("Corvane");
-    QApplication::setDesktopFileName("corvane");
-
-    corvane::QtDialogs dialogs;
+int runEditor(const CommandLine& commandLine) {
+    corvane::StartingDialogs dialogs(commandLine.model);
     corvane::Keeper keeper({.folder = corvane::standardKeptFolder()});
     corvane::frmCorvane window(dialogs, corvane::userNumberFormat(), &keeper);
     const corvane::AtExit atExit([&window] { window.endInOrder(); });
@@ -60,8 +65,30 @@ int main(int argc, char** argv) {
     const corvane::QuitInDialog quitInDialog(end);
     window.show();
     window.start();
+    if (!commandLine.model.empty()) window.openOnStart(commandLine.model, commandLine.geoset);
+    dialogs.noteStarted();
     const int code = QApplication::exec();
     // While a signal still ends the program in order.
     keeper.finish();
     return code;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    corvane::prepareProcess();
+    const auto asked = corvane::textAskedFor(corvane::argumentsOf(argc, argv));
+    if (asked) return print(argc, argv, *asked);
+    // Takes its own arguments away.
+    const Application application(argc, argv);
+    QApplication::setApplicationName("Corvane");
+    QApplication::setDesktopFileName("corvane");
+    QApplication::setWindowIcon(corvane::appIcon());
+
+    const CommandLine commandLine = corvane::readCommandLine(corvane::argumentsOf(argc, argv));
+    if (!commandLine.refusal.empty()) {
+        corvane::QtDialogs dialogs;
+        return corvane::refuse(commandLine, dialogs);
+    }
+    return runEditor(commandLine);
 }

@@ -40,10 +40,28 @@ constexpr MenuEntry item(const char* name, const char* caption, void (*run)(Edit
     return {.name = name, .caption = caption, .shortcut = shortcut, .run = run};
 }
 
+// Whether a mode is the current one.
+template <auto ToolModes::*Current, auto Mode>
+bool isMode(const Editor& editor) {
+    return editor.modes.*Current == Mode;
+}
+
+template <SelectMode Mode>
+constexpr auto kIsSelect = isMode<&ToolModes::selectMode, Mode>;
+
+template <TransformMode Mode>
+constexpr auto kIsTransform = isMode<&ToolModes::transformMode, Mode>;
+
 // An item that presses the button of the same name.
 constexpr MenuEntry pressing(const char* name, const char* caption, const char* button,
                              const char* shortcut = "") {
     return {.name = name, .caption = caption, .shortcut = shortcut, .press = button};
+}
+
+// The same with a check mark.
+constexpr MenuEntry checking(const char* name, const char* caption, const char* button,
+                             bool (*checked)(const Editor&)) {
+    return {.name = name, .caption = caption, .press = button, .checked = checked};
 }
 
 // An item that shows the help box of the same name.
@@ -106,31 +124,22 @@ constexpr std::array kEditMenu = {
               .run = edit<"Invert Selection", invertSelection>},
     kSeparator,
     submenu("mnuSelectionMode", "&Selection Mode"),
-    pressing("mnuSelect", "&Select", "cmdSelect"),
-    pressing("mnuAdd", "&Add", "cmdAdd"),
-    pressing("mnuDeselect", "&Deselect", "cmdDeselect"),
+    checking("mnuSelect", "&Select", "cmdSelect", kIsSelect<SelectMode::Select>),
+    checking("mnuAdd", "&Add", "cmdAdd", kIsSelect<SelectMode::Add>),
+    checking("mnuDeselect", "&Deselect", "cmdDeselect", kIsSelect<SelectMode::Deselect>),
     kSubmenuEnd,
     submenu("mnuTransformMode", "&Transform Mode"),
-    pressing("mnuMove", "&Move", "cmdMove"),
-    pressing("mnuRotate", "&Rotate", "cmdRotate"),
-    pressing("mnuScale", "&Scale", "cmdScale"),
-    pressing("mnuExtrude", "&Extrude", "cmdExtrude"),
+    checking("mnuMove", "&Move", "cmdMove", kIsTransform<TransformMode::Move>),
+    checking("mnuRotate", "&Rotate", "cmdRotate", kIsTransform<TransformMode::Rotate>),
+    checking("mnuScale", "&Scale", "cmdScale", kIsTransform<TransformMode::Scale>),
+    checking("mnuExtrude", "&Extrude", "cmdExtrude", kIsTransform<TransformMode::Extrude>),
     kSeparator,
-    pressing("mnuClone", "&Clone", "cmdClone"),
+    checking("mnuClone", "&Clone", "cmdClone", isMode<&ToolModes::cloneMode, true>),
     kSubmenuEnd,
     submenu("mnuActiveAxes", "Active A&xes"),
-    MenuEntry{.name = "mnuXEnabled",
-              .caption = "&X Enabled",
-              .press = "cmdActivateX",
-              .checked = [](const Editor& editor) { return editor.modes.activeX; }},
-    MenuEntry{.name = "mnuYEnabled",
-              .caption = "&Y Enabled",
-              .press = "cmdActivateY",
-              .checked = [](const Editor& editor) { return editor.modes.activeY; }},
-    MenuEntry{.name = "mnuZEnabled",
-              .caption = "&Z Enabled",
-              .press = "cmdActivateZ",
-              .checked = [](const Editor& editor) { return editor.modes.activeZ; }},
+    checking("mnuXEnabled", "&X Enabled", "cmdActivateX", isMode<&ToolModes::activeX, true>),
+    checking("mnuYEnabled", "&Y Enabled", "cmdActivateY", isMode<&ToolModes::activeY, true>),
+    checking("mnuZEnabled", "&Z Enabled", "cmdActivateZ", isMode<&ToolModes::activeZ, true>),
     kSubmenuEnd,
 };
 
@@ -226,23 +235,24 @@ constexpr std::array<MenuTable, 5> kMenus = {{
 template <SelectMode Mode>
 ButtonLook selectLook(const Editor& editor) {
     const bool on = editor.modes.selectMode == Mode;
-    return {on ? Look::On : Look::Plain, colourOf(editor.modes, Mode)};
+    return {on ? Look::On : Look::Plain, colourOf(editor.modes, Mode), on};
 }
 
 template <TransformMode Mode>
 ButtonLook transformLook(const Editor& editor) {
     const bool on = editor.modes.transformMode == Mode;
-    return {on ? Look::On : Look::Plain, colourOf(editor.modes, Mode)};
+    return {on ? Look::On : Look::Plain, colourOf(editor.modes, Mode), on};
 }
 
 template <bool ToolModes::*Active>
 ButtonLook axisLook(const Editor& editor) {
     const bool active = editor.modes.*Active;
-    return {active ? Look::Plain : Look::Off, axisColour(active)};
+    return {active ? Look::Plain : Look::Off, axisColour(active), active};
 }
 
 ButtonLook cloneLook(const Editor& editor) {
-    return {editor.modes.cloneMode ? Look::On : Look::Plain, cloneColour(editor.modes)};
+    const bool on = editor.modes.cloneMode;
+    return {on ? Look::On : Look::Plain, cloneColour(editor.modes), on};
 }
 
 constexpr std::array kSelectButtons = {
@@ -274,13 +284,13 @@ constexpr std::array kTransformButtons = {
 };
 
 constexpr std::array kAxisButtons = {
-    ButtonEntry{"cmdActivateX", "X", "X axis active", 0, 0,
+    ButtonEntry{"cmdActivateX", "X", "X axis", 0, 0,
                 [](Editor& editor) { toggleActive(editor, Axis::X); },
                 axisLook<&ToolModes::activeX>},
-    ButtonEntry{"cmdActivateY", "Y", "Y axis active", 0, 1,
+    ButtonEntry{"cmdActivateY", "Y", "Y axis", 0, 1,
                 [](Editor& editor) { toggleActive(editor, Axis::Y); },
                 axisLook<&ToolModes::activeY>},
-    ButtonEntry{"cmdActivateZ", "Z", "Z axis active", 0, 2,
+    ButtonEntry{"cmdActivateZ", "Z", "Z axis", 0, 2,
                 [](Editor& editor) { toggleActive(editor, Axis::Z); },
                 axisLook<&ToolModes::activeZ>},
 };

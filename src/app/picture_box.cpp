@@ -1,5 +1,6 @@
 #include "app/picture_box.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -15,10 +16,17 @@ constexpr int kTextMargin = 4;  // pixels
 // The buttons at the side of a mouse are pressed by accident, and mean something else elsewhere.
 constexpr Qt::MouseButtons kActingButtons = Qt::LeftButton | Qt::RightButton | Qt::MiddleButton;
 
+// Assistive technology knows of no widget by itself what it is.
+QAccessibleInterface* accessiblePicture(const QString& /*className*/, QObject* object) {
+    auto* const picture = qobject_cast<PictureBox*>(object);
+    return picture == nullptr ? nullptr : new QAccessibleWidget(picture, QAccessible::Graphic);
+}
+
 }  // namespace
 
 PictureBox::PictureBox(QWidget* parent, int unitsPerPixel)
     : QWidget(parent), unitsPerPixel_(unitsPerPixel), surface_(*this) {
+    QAccessible::installFactory(accessiblePicture);  // once, however often it is called
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
 }
@@ -68,7 +76,12 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(palette().color(QPalette::Active, QPalette::PlaceholderText));
     painter.drawText(textArea, Qt::AlignLeft | Qt::AlignTop, caption_);
     if (surface_.primitives().empty()) {
-        painter.drawText(textArea, Qt::AlignCenter | Qt::TextWordWrap, hint_);
+        constexpr int kHow = Qt::AlignCenter | Qt::TextWordWrap;
+        const int below = textArea.top() + painter.fontMetrics().height();
+        QRect hintArea = textArea;
+        // In a small picture the caption stays readable.
+        if (painter.boundingRect(hintArea, kHow, hint_).top() < below) hintArea.setTop(below);
+        painter.drawText(hintArea, kHow, hint_);
     }
     painter.setPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
     painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));

@@ -31,6 +31,13 @@ public:
     /// What to do, shown while the core has drawn nothing yet.
     void setHint(const QString& hint);
 
+    /// The size that the picture wants, pixels, until the window gets another size.
+    void setFirstSize(QSize size) { firstSize_ = size; }
+    QSize sizeHint() const override { return firstSize_; }
+
+    /// Forgets the buttons that are held down: letting them go does nothing.
+    void abandonDrag() { pressed_ = Qt::NoButton; }
+
     /// For a picture that is not drawn anew when it gets another size: what was drawn keeps its
     /// place about the middle.
     void keepDrawingCentred() { keepsDrawingCentred_ = true; }
@@ -80,6 +87,7 @@ private:
     QString caption_;
     QString hint_;
     bool keepsDrawingCentred_ = false;
+    QSize firstSize_;
 };
 
 }  // namespace corvane

@@ -13,14 +13,23 @@
 #include <algorithm>
 
 #include "app/save_name.h"
+#include "app/system_path.h"
 
 namespace corvane {
 
 namespace {
 
-constexpr int kWidestField = 600;  // pixels
+constexpr int kWidestField = 600;   // pixels
+constexpr int kTitleButtons = 130;  // pixels of a title bar that are not its text
 
 QWidget* parentWindow() { return QApplication::activeWindow(); }
+
+// The folder of a file, or the nearest above it that Qt finds: none whose name is no UTF-8.
+QString folderOf(const QFileInfo& file) {
+    QFileInfo folder(file.absolutePath());
+    while (!folder.exists() && !folder.isRoot()) folder.setFile(folder.absolutePath());
+    return folder.filePath();
+}
 
 // The filter entry that lists a file; the last one, which lists all, where no other does.
 QString entryOf(const QStringList& filters, const QString& name) {
@@ -38,7 +47,7 @@ std::optional<std::string> pick(QFileDialog& dialog, const std::string& filter,
     dialog.setNameFilters(qtFilters(filter) << QFileDialog::tr("All files (*)"));
     if (!current.empty()) {
         const QFileInfo file(QString::fromStdString(current));
-        dialog.setDirectory(file.absolutePath());
+        dialog.setDirectory(folderOf(file));
         if (!file.fileName().isEmpty()) {
             dialog.selectFile(file.fileName());
             if (dialog.acceptMode() == QFileDialog::AcceptOpen) {
@@ -46,10 +55,10 @@ std::optional<std::string> pick(QFileDialog& dialog, const std::string& filter,
             }
         }
     }
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedUrls().isEmpty()) {
         return std::nullopt;
     }
-    return dialog.selectedFiles().first().toStdString();
+    return chosenPath(dialog.selectedUrls().first(), current);
 }
 
 void prepare(QMessageBox& box, const Caption& caption, const std::string& text) {
@@ -113,12 +122,14 @@ std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const 
     dialog.setWindowTitle(QString::fromStdString(title));
     dialog.setLabelText(QString::fromStdString(prompt));
     dialog.setTextValue(QString::fromStdString(defaultAnswer));
-    // All of a text that is there to be read and copied is seen.
+    // All of a text that is there to be read and copied is seen, and all of the title.
     auto* const field = dialog.findChild<QLineEdit*>();
     if (field != nullptr) {
-        const int margin = field->fontMetrics().horizontalAdvance("MM");
-        const int wanted = field->fontMetrics().horizontalAdvance(field->text()) + margin;
-        field->setMinimumWidth(std::min(wanted, kWidestField));
+        const QFontMetrics metrics = field->fontMetrics();
+        const int margin = metrics.horizontalAdvance("MM");
+        const int text = metrics.horizontalAdvance(field->text()) + margin;
+        const int head = metrics.horizontalAdvance(dialog.windowTitle()) + kTitleButtons;
+        field->setMinimumWidth(std::min(std::max(text, head), kWidestField));
     }
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return dialog.textValue().toStdString();

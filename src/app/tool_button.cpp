@@ -29,9 +29,19 @@ QStyle::PrimitiveElement arrowElement(Qt::ArrowType arrow) {
 
 }  // namespace
 
+ToolButton::ToolButton(QWidget* parent) : QPushButton(parent) {
+    // Assistive technology checks a button without a click.
+    connect(this, &QPushButton::toggled, this, [this](bool checked) {
+        if (checked == look_.checked) return;
+        setChecked(look_.checked);
+        click();
+    });
+}
+
 void ToolButton::setLook(ButtonLook look) {
     if (look == look_) return;
     look_ = look;
+    if (isCheckable()) setChecked(look.checked);
     update();
 }
 
@@ -45,6 +55,9 @@ void ToolButton::paintEvent(QPaintEvent* /*event*/) {
     QStyleOptionButton option;
     initStyleOption(&option);
     if (look_.look == Look::Plain) {
+        // A checked one would look pressed.
+        option.state &= ~QStyle::State_On;
+        if (!isDown()) option.state |= QStyle::State_Raised;
         painter.drawControl(QStyle::CE_PushButton, option);
     } else {
         const QColor back = resolved(look_.colour, palette());

@@ -14,6 +14,7 @@ enum class Look { Plain, On, Off };
 struct ButtonLook {
     Look look = Look::Plain;
     Colour colour = kButtonFace;
+    bool checked = false;  ///< what a checkable button tells assistive technology
 
     bool operator==(const ButtonLook&) const = default;
 };
@@ -22,7 +23,7 @@ class ToolButton : public QPushButton {
     Q_OBJECT
 
 public:
-    explicit ToolButton(QWidget* parent) : QPushButton(parent) {}
+    explicit ToolButton(QWidget* parent);
 
     /// kButtonFace for the look that buttons have.
     Colour backColour() const { return look_.colour; }
@@ -33,6 +34,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    // Whether it is checked follows from the state that a click leaves.
+    void nextCheckState() override {}
 
 private:
     ButtonLook look_;

@@ -46,9 +46,13 @@ constexpr std::array<UVMenuTable, 2> kMenus = {{
     {"", "&Edit", Needs::Nothing, kEditMenu},
 }};
 
-constexpr ButtonLook modeLook(bool on) { return on ? ButtonLook{Look::On, kWhite} : ButtonLook{}; }
+constexpr ButtonLook modeLook(bool on) {
+    return on ? ButtonLook{Look::On, kWhite, true} : ButtonLook{};
+}
 
-ButtonLook axisLook(bool active) { return {active ? Look::Plain : Look::Off, axisColour(active)}; }
+ButtonLook axisLook(bool active) {
+    return {active ? Look::Plain : Look::Off, axisColour(active), active};
+}
 
 template <SelectMode Mode>
 void select(UVCommands& window) {
@@ -93,9 +97,9 @@ constexpr std::array kTransformButtons = {
 };
 
 constexpr std::array kAxisButtons = {
-    UVButton{"cmdUVX", "X", "X axis active", 0, 0, [](UVCommands& window) { uvToggleX(window.uv); },
+    UVButton{"cmdUVX", "X", "X axis", 0, 0, [](UVCommands& window) { uvToggleX(window.uv); },
              [](const UVCommands& window) { return axisLook(window.uv.xEnabled); }},
-    UVButton{"cmdUVY", "Y", "Y axis active", 0, 1, [](UVCommands& window) { uvToggleY(window.uv); },
+    UVButton{"cmdUVY", "Y", "Y axis", 0, 1, [](UVCommands& window) { uvToggleY(window.uv); },
              [](const UVCommands& window) { return axisLook(window.uv.yEnabled); }},
 };
 
@@ -132,7 +136,7 @@ constexpr std::array<UVGroup, 8> kPanel = {{
     {"Picture", kPictureButtons},
     {"Projection", kProjectionButtons, UVGroup::Top::Planes},
     {"Under the mouse", {}, UVGroup::Top::Readouts},
-    {"Model", kModelButtons},
+    {"Model", kModelButtons, UVGroup::Top::Nothing, true},
 }};
 
 constexpr std::array<UVPlane, 3> kPlanes = {{

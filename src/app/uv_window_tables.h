@@ -25,6 +25,7 @@ struct UVGroup {
     const char* caption;
     std::span<const UVButton> buttons;
     Top top = Top::Nothing;
+    bool atFoot = false;  ///< below what scrolls, so that it is always seen
 };
 
 /// An entry of the combo box.

@@ -3,6 +3,7 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QShortcut>
 
 namespace corvane {
 
@@ -35,6 +36,7 @@ ToolButton& makeViewButton(QWidget& parent, const char* name, const char* access
 void addReadout(QGridLayout& grid, int row, QLineEdit& text, const QString& letter,
                 const QString& widest) {
     text.setReadOnly(true);
+    text.setAcceptDrops(false);
     text.setMinimumWidth(text.fontMetrics().horizontalAdvance(widest));
     grid.addWidget(new QLabel(letter, grid.parentWidget()), row, 0);
     grid.addWidget(&text, row, 1);
@@ -51,10 +53,18 @@ void setFocusOrder(const std::vector<QWidget*>& order) {
 
 void pressByKeys(PictureBox& picture, const QHash<int, ToolButton*>& buttons) {
     picture.onKey = [buttons](int key) {
-        ToolButton* const button = buttons.value(key);
+        // On many keyboards "+" is "=" with Shift.
+        ToolButton* const button = buttons.value(key == Qt::Key_Equal ? Qt::Key_Plus : key);
         if (button != nullptr) button->click();
         return button != nullptr;
     };
+}
+
+QString inTitle(QString text) { return text.replace("[*]", "[*][*]"); }
+
+void abandonByEscape(QWidget& window, const std::function<void()>& abandon) {
+    auto* const shortcut = new QShortcut(QKeySequence(Qt::Key_Escape), &window);
+    QObject::connect(shortcut, &QShortcut::activated, &window, abandon);
 }
 
 bool isForShortcuts(const QEvent& event) {

@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -58,6 +59,12 @@ void setFocusOrder(const std::vector<QWidget*>& order);
 /// Passes the keys that a picture gets while it has the focus to the buttons that move it.
 void pressByKeys(PictureBox& picture, const QHash<int, ToolButton*>& buttons);
 
+/// A text for a title, in which "[*]" is where edits are marked: twice it stands for itself.
+QString inTitle(QString text);
+
+/// Runs `abandon` when Escape is pressed anywhere in the window.
+void abandonByEscape(QWidget& window, const std::function<void()>& abandon);
+
 /// For a text box that nothing can be typed into: whether it must leave this event to the window,
 /// whose shortcuts it would keep to itself while it has the focus, such as the one that selects
 /// all.
@@ -72,6 +79,7 @@ void addButtons(QGridLayout& grid, std::span<const ButtonEntryOf<State>> entries
             makeButton(*grid.parentWidget(), entry.name, entry.caption, entry.accessibleName);
         QObject::connect(&button, &QPushButton::clicked, [&state, &entry] { entry.run(state); });
         grid.addWidget(&button, entry.row, entry.column);
+        button.setCheckable(entry.look != nullptr);
         buttons.panel.emplace_back(&button, &entry);
         buttons.byName.insert(entry.name, &button);
         order.push_back(&button);

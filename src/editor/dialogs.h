@@ -35,7 +35,7 @@ struct SaveQuestion {
     std::string proposed;  ///< the path that the dialog starts with; may be empty
 };
 
-/// Modal dialogs. Texts and paths are UTF-8.
+/// Modal dialogs. Texts are UTF-8; paths are the system's bytes.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;

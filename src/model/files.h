@@ -1,7 +1,8 @@
 // What the program asks of the system about files: the one header before all that is different from
 // system to system. files_posix.cpp answers it for systems of the Unix kind, files_windows.cpp for
-// Windows; what is built on it, model_files.h, knows no system. Paths are UTF-8. No function here
-// throws but where it says so; errors are of std::generic_category().
+// Windows; what is built on it, model_files.h, knows no system. Paths are the system's bytes, on
+// Windows UTF-8. No function here throws but where it says so; errors are of
+// std::generic_category().
 #pragma once
 
 #include <cstddef>

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "base/version.h"
+
 namespace corvane {
 
 namespace {

@@ -261,5 +261,27 @@ TEST_F(FileDialogsTest, TheSaveDialogCanBeCancelledAfterTheQuestion) {
     EXPECT_EQ(save(path), std::nullopt);
 }
 
+// Qt finds no such file, so its dialog does not ask.
+TEST_F(FileDialogsTest, ANameThatIsNoUtf8IsProposedAndAskedAboutAndStaysItself) {
+    const std::string path = folder.write("h\xE9ros.mdl", "");
+    for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+        answers.add<QFileDialog>([](QFileDialog& dialog) {
+            EXPECT_EQ(nameField(dialog).text(), QString::fromUtf8("h\uFFFDros.mdl"));
+            clickIn(dialog, QDialogButtonBox::Save);
+        });
+        answerReplace(QString::fromUtf8("h\uFFFDros.mdl"), answer);
+    }
+    EXPECT_EQ(save(path), path);
+}
+
+TEST_F(FileDialogsTest, AFolderThatQtDoesNotFindIsLeftForTheOneAboveIt) {
+    answers.add<QFileDialog>([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory(), QDir(qt(folder.path(""))));
+        typeName(dialog, "new.mdl");
+        clickIn(dialog, QDialogButtonBox::Save);
+    });
+    EXPECT_EQ(save(folder.path("old\xFC/deep/hero.mdl")), folder.path("new.mdl"));
+}
+
 }  // namespace
 }  // namespace corvane

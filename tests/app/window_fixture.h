@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
+#include <QScrollBar>
 #include <QWindow>
 #include <QtTest>
 #include <memory>
@@ -110,6 +111,48 @@ protected:
     void edit() {
         choose("mnuSelectAll");
         drag(picture("pbxFront"), Qt::RightButton, {50, 50}, {60, 50});
+    }
+
+    /// What is seen of a control, in the content of its window: a panel that scrolls shows a part.
+    static QRect seen(const QWidget& control) {
+        const QWidget& content = *qobject_cast<QMainWindow*>(control.window())->centralWidget();
+        const auto rectOf = [&](const QWidget& part) {
+            return QRect(part.mapTo(&content, QPoint(0, 0)), part.size());
+        };
+        QRect rect = rectOf(control);
+        for (const auto* const scroller : content.findChildren<PanelScroller*>()) {
+            if (scroller->widget()->isAncestorOf(&control)) rect &= rectOf(*scroller->viewport());
+        }
+        return rect;
+    }
+
+    /// That all of each control of a window is seen, some of them after scrolling.
+    static void expectAllReachable(QMainWindow& shown) {
+        int inPanel = 0;
+        for (auto* const control : shown.centralWidget()->findChildren<QWidget*>()) {
+            if (!control->isVisible() || control->focusPolicy() == Qt::NoFocus) continue;
+            for (auto* const scroller : shown.findChildren<PanelScroller*>()) {
+                if (!scroller->widget()->isAncestorOf(control)) continue;
+                scroller->verticalScrollBar()->setValue(
+                    control->mapTo(scroller->widget(), QPoint(0, 0)).y());
+                ++inPanel;
+            }
+            EXPECT_EQ(seen(*control).size(), control->size())
+                << control->objectName().toStdString();
+            EXPECT_TRUE(shown.centralWidget()->rect().contains(seen(*control)))
+                << control->objectName().toStdString();
+        }
+        EXPECT_GT(inPanel, 10);
+    }
+
+    /// Runs a check with the application's font in another size.
+    static void withFontSize(double points, const std::function<void()>& check) {
+        const QFont before = QApplication::font();
+        QFont font = before;
+        font.setPointSizeF(points);
+        QApplication::setFont(font);
+        check();
+        QApplication::setFont(before);
     }
 
     /// Every control of the window that does something: buttons, pictures, text boxes.

@@ -119,6 +119,27 @@ TEST_F(OpenModelTest, AnAnswerWithAFractionIsRoundedToTheEvenNumber) {
     EXPECT_EQ(store().geosetNumber, 2);
 }
 
+TEST_F(OpenModelTest, AGeosetThatIsKnownIsNotAskedFor) {
+    const std::string path = folder.write("three.mdl", modelOf(threeGeosets()));
+    const OpenOutcome outcome = openPath(editor, path, 2);
+    ASSERT_TRUE(outcome.picked);
+    EXPECT_EQ(outcome.picked->geosetCount, 3U);
+    EXPECT_EQ(store().geosetNumber, 2);
+    EXPECT_TRUE(dialogs.asked.empty());
+}
+
+TEST_F(OpenModelTest, AGeosetThatTheModelLacksOpensNothing) {
+    openNew("hero.mdl", modelOf({.geosets = {squareAt("5")}}));
+    const std::string path = folder.write("one.mdl", modelOf({.geosets = {squareAt("7")}}));
+    EXPECT_FALSE(openPath(editor, path, 2).picked);
+    EXPECT_EQ(dialogs.last().text,
+              path +
+                  " has one geoset, so there is no geoset 2.\n\nThe file was not opened and is "
+                  "unchanged. Choose another geoset or model.");
+    EXPECT_EQ(store().modelPath, folder.path("hero.mdl"));
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"hero.mdl", "hero_TMP.tdl", "one.mdl"}));
+}
+
 TEST_F(OpenModelTest, DrawsEveryView) {
     perspective.circle(0, 0, 1, kRed);
     openNew("hero.mdl", modelOf({.geosets = {squareAt("5")}}));

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/qt_dialogs.h"
+#include "app/system_path.h"
 #include "output.h"
 #include "script.h"
 
@@ -43,7 +44,8 @@ AnsweringDialogs::Answer AnsweringDialogs::take(QJsonObject dialog, const QStrin
         why = "the message box (" + question + ") has no button " + answers_.front().text;
     }
     // The dialog was shown, answered or not.
-    dialog["answer"] = why.isEmpty() ? QJsonValue(answers_.front().text) : QJsonValue::Null;
+    dialog["answer"] =
+        why.isEmpty() ? QJsonValue(qt(systemPath(answers_.front().text))) : QJsonValue::Null;
     print(dialog);
     if (!why.isEmpty()) stop_(why);
     Answer answer = answers_.front();
@@ -59,7 +61,7 @@ std::optional<std::string> AnsweringDialogs::pickFile(const char* mode, const st
     event["title"] = qt(title);
     const Answer answer = take(event, mode);
     if (answer.action == Action::Cancel) return std::nullopt;
-    return answer.text.toStdString();
+    return systemPath(answer.text);
 }
 
 std::optional<std::string> AnsweringDialogs::openFile(const std::string& filter,

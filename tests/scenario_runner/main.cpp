@@ -12,6 +12,7 @@
 #include <optional>
 
 #include "app/process.h"
+#include "app/system_path.h"
 #include "app/user_locale.h"
 #include "player.h"
 #include "script.h"
@@ -29,7 +30,7 @@ std::function<std::optional<QString>()> lineSource(QFile& file, const QString& p
     return [&file]() -> std::optional<QString> {
         const QByteArray line = file.readLine();
         if (line.isEmpty()) return std::nullopt;
-        return QString::fromUtf8(line);
+        return textOfPath(line);  // paths in it may be of any bytes
     };
 }
 

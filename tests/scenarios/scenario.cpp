@@ -59,9 +59,10 @@ RunningScenario::RunningScenario(const std::string& folder,
 }
 
 void RunningScenario::send(const std::string& commands) {
-    QString lines = QString::fromStdString(commands);
-    lines.replace("$DIR/", QString::fromStdString(folder_));
-    process_->write(lines.toUtf8());
+    // Bytes: paths may be of any.
+    QByteArray lines = QByteArray::fromStdString(commands);
+    lines.replace("$DIR/", QByteArray::fromStdString(folder_));
+    process_->write(lines);
     process_->waitForBytesWritten(kLongest);
 }
 

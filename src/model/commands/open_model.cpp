@@ -27,6 +27,16 @@ void showUnreadable(Editor& editor, int geosetNumber, const ModelTextError& erro
                   advice);
 }
 
+void sayNoSuchGeoset(Editor& editor, const ModelBase& base, int wanted, const ReadAdvice& advice) {
+    const std::size_t count = base.geosets.size();
+    const std::string has =
+        count == 1 ? "has one geoset" : "has " + std::to_string(count) + " geosets";
+    showReadError(
+        editor,
+        base.text.path() + ' ' + has + ", so there is no geoset " + std::to_string(wanted) + '.',
+        advice.outcome + " Choose " + advice.choice + '.');
+}
+
 // Whether a geoset that is not closed would still be the same one after a save.
 bool staysWhole(const ModelBase& base, const PickedGeoset& picked) {
     const ModelText saved(
@@ -86,12 +96,13 @@ void keepForeignWorkingCopy(Editor& editor, const std::string& modelPath, const 
 
 // Makes a model and one of its geosets current, with a working copy of its own.
 std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
-                                        const ReadModel& model) {
+                                        const ReadModel& model, std::optional<int> wanted) {
     if (clashesWithWorkingCopy(editor, path)) return std::nullopt;
     try {
         PendingFile workingCopy = prepareWorkingCopy(path, model.base->text.view());
-        std::optional<PickedGeoset> picked = pickGeoset(
-            editor, *model.base, {"The file was not opened and is unchanged.", kGeosetOrModel});
+        std::optional<PickedGeoset> picked =
+            pickGeoset(editor, *model.base,
+                       {"The file was not opened and is unchanged.", kGeosetOrModel}, wanted);
         if (!picked) return std::nullopt;
         keepUnsaved(editor, KeptBecause::AnotherOpened);
         keepForeignWorkingCopy(editor, path, model);
@@ -125,11 +136,12 @@ void sayInterrupted(Editor& editor, const std::string& path) {
     }
 }
 
-OpenOutcome readAndMakeCurrent(Editor& editor, const std::string& path) {
+OpenOutcome readAndMakeCurrent(Editor& editor, const std::string& path,
+                               std::optional<int> wanted = {}) {
     sayInterrupted(editor, path);
     const std::optional<ReadModel> model = readModel(editor, path);
     if (!model) return {};
-    return {.picked = makeCurrent(editor, path, *model)};
+    return {.picked = makeCurrent(editor, path, *model, wanted)};
 }
 
 OpenOutcome openForMerge(Editor& editor, const std::string& path) {
@@ -227,10 +239,14 @@ int chooseGeoset(Editor& editor, std::size_t geosetCount) {
 }
 
 std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
-                                       const ReadAdvice& advice) {
+                                       const ReadAdvice& advice, std::optional<int> wanted) {
     PickedGeoset picked;
     picked.geosetCount = base.geosets.size();
-    picked.geosetNumber = chooseGeoset(editor, base.geosets.size());
+    if (wanted && !base.hasGeoset(*wanted)) {
+        sayNoSuchGeoset(editor, base, *wanted, advice);
+        return std::nullopt;
+    }
+    picked.geosetNumber = wanted ? *wanted : chooseGeoset(editor, base.geosets.size());
     try {
         ReadNotes notes;
         picked.geoset = parseGeoset(base.text, base.geosets, picked.geosetNumber, &notes);
@@ -258,9 +274,9 @@ std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
     return std::nullopt;
 }
 
-OpenOutcome openPath(Editor& editor, const std::string& path) {
+OpenOutcome openPath(Editor& editor, const std::string& path, std::optional<int> wanted) {
     OpenOutcome outcome =
-        withoutSelecting(editor, [&] { return readAndMakeCurrent(editor, path); });
+        withoutSelecting(editor, [&] { return readAndMakeCurrent(editor, path, wanted); });
     showOpened(editor, outcome);
     return outcome;
 }

@@ -35,9 +35,10 @@ struct ReadAdvice {
 /// Says so where the open model holds no geoset.
 void sayNoGeoset(Editor& editor);
 
-/// Lets the user pick a geoset of a text. Nothing where it cannot be read, after a message.
+/// Lets the user pick a geoset of a text, or takes `wanted` (1-based) without asking. Nothing where
+/// it is not there or cannot be read, after a message.
 std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
-                                       const ReadAdvice& advice);
+                                       const ReadAdvice& advice, std::optional<int> wanted = {});
 
 /// What openModel() came to.
 struct OpenOutcome {
@@ -45,9 +46,9 @@ struct OpenOutcome {
     std::optional<PickedGeoset> picked;  ///< nothing where cancelled, or failed after a message
 };
 
-/// Makes the model file at a path the current one, with one of its geosets that the user picks
-/// where it has several. After a failure everything is as it was.
-OpenOutcome openPath(Editor& editor, const std::string& path);
+/// Makes the model file at a path the current one, with one of its geosets: `wanted` (1-based), or
+/// one that the user picks where it has several. After a failure everything is as it was.
+OpenOutcome openPath(Editor& editor, const std::string& path, std::optional<int> wanted = {});
 
 /// Lets the user pick a model file and one of its geosets. With `openMode` they become the current
 /// model and geoset; without it nothing changes, and the caller has the geoset. After a failure

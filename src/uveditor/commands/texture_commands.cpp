@@ -75,16 +75,20 @@ void uvMouseUp(UVEditor& uv, MouseButton button, double x, double y) {
 void loadImage(UVEditor& uv, const Editor& editor) {
     const std::optional<std::string> path =
         uv.dialogs.openFile(kPictureFilter, placeToStart(uv, editor.store));
-    if (!path) return;
-    uv.lastPicture = *path;
-    const std::string reason = uv.window.loadPicture(*path);
+    if (path) loadImageFrom(uv, *path);
+}
+
+void loadImageFrom(UVEditor& uv, const std::string& path) {
+    uv.lastPicture = path;
+    const std::string reason = uv.window.loadPicture(path);
     if (!reason.empty()) {
-        showPictureError(uv, *path, reason);
+        showPictureError(uv, path, reason);
         return;
     }
     uv.imageLoaded = true;
     uv.imageChosen = true;
-    uv.imagePath = *path;
+    uv.imagePath = path;
+    uv.window.updateButtons();  // the title names the picture
     redraw(uv);
 }
 

@@ -48,6 +48,9 @@ void uvMouseUp(UVEditor& uv, MouseButton button, double x, double y);
 /// it under the view. A message where it cannot be read; the picture that was there stays.
 void loadImage(UVEditor& uv, const Editor& editor);
 
+/// The same for the picture at a path.
+void loadImageFrom(UVEditor& uv, const std::string& path);
+
 /// Says why a picture could not be read.
 void showPictureError(UVEditor& uv, const std::string& path, const std::string& reason);
 

@@ -42,7 +42,8 @@ void addMarkerAtSelection(Editor& editor) {
 }
 
 void addMarkerGraphically(Editor& editor) {
-    runChange(editor, Show::Buttons, [](Editor& e) { e.modes.placingMarker = true; });
+    runChange(editor, Show::Buttons,
+              [](Editor& e) { e.modes.placingMarker = !e.modes.placingMarker; });
 }
 
 void placeMarkerAt(Editor& editor, ViewAxes axes) {

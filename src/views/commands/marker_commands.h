@@ -12,7 +12,7 @@ void addMarker(Editor& editor);
 /// Adds a marker at the selection's centre.
 void addMarkerAtSelection(Editor& editor);
 
-/// The next release of the left button in a view places a marker.
+/// The next release of the left button in a view places a marker. Where it does already, no longer.
 void addMarkerGraphically(Editor& editor);
 
 /// Places a marker at the end of the drag, at depth 0.
