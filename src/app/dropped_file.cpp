@@ -40,7 +40,8 @@ std::string droppedPicture(const QMimeData& data) {
     const std::string path = droppedFile(data);
     const std::string extension = extensionOf(path);
     if (extension.empty()) return {};
-    const QList<QByteArray> known = QImageReader::supportedImageFormats();
+    const QList<QByteArray> known =
+        QImageReader::supportedImageFormats() + QList<QByteArray>{"blp", "dds", "tga"};
     return known.contains(QByteArray::fromStdString(extension)) ? path : std::string();
 }
 

@@ -38,6 +38,7 @@ std::string show(UVEditor& uv, const std::string& path) {
     uv.imageChosen = false;
     uv.imagePath = path;
     uv.lastPicture = path;
+    uv.window.updateButtons();  // the title names the picture
     return reason;
 }
 
