@@ -131,6 +131,17 @@ TEST_F(FileFaultsTest, TheTextAndThenItsNameReachTheDisk) {
         0);
 }
 
+TEST_F(FileFaultsTest, AStampThatCannotBeTakenAfterClosingIsTheOneFromBefore) {
+    FileStamp stamp;
+    {
+        const FailingCall failing(Call::Stat, EIO, 1, FailingCall::kForEver,
+                                  [](const Asked& asked) { return asked.path.ends_with(".tmp"); });
+        stamp = replaceFile(path, std::array<std::string_view, 1>{"new"});
+        EXPECT_EQ(FailingCall::count(), 1);
+    }
+    EXPECT_EQ(stamp, stampOf(path));
+}
+
 TEST_F(FileFaultsTest, ATextWhoseFileCannotBeClosedLeavesTheOldOne) {
     std::string result;
     {
