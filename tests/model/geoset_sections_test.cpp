@@ -284,6 +284,38 @@ TEST(EverySection, EndsItsLinesWithTheGivenBreak) {
     }
 }
 
+TEST(WritesTheSame, TellsGeosetsApartByAllThatIsWritten) {
+    Geoset geoset = blankGeoset(3);
+    geoset.Faces = {face(0, 1, 2)};
+    geoset.matrixGroups = {matrices({0})};
+    const auto differs = [&](auto change) {
+        Geoset other = geoset;
+        change(other);
+        return !writesTheSame(geoset, other) && !writesTheSame(other, geoset);
+    };
+    const auto differsIn = [&](auto change) {
+        return differs([&](Geoset& other) { change(other.Vertices[1]); });
+    };
+    EXPECT_TRUE(writesTheSame(geoset, Geoset(geoset)));
+    EXPECT_TRUE(differs([](Geoset& other) { other.Vertices.pop_back(); }));
+    EXPECT_TRUE(differs([](Geoset& other) { other.Faces.clear(); }));
+    EXPECT_TRUE(differs([](Geoset& other) { other.Faces[0].corner[2] = 1; }));
+    EXPECT_TRUE(differs([](Geoset& other) { other.matrixGroups[0][1] = 7; }));
+    for (std::size_t slot = 0; slot < 3; ++slot) {
+        EXPECT_TRUE(differsIn([&](VertexRecord& vertex) { vertex.pos[slot] += 1e-9; })) << slot;
+        EXPECT_TRUE(differsIn([&](VertexRecord& vertex) { vertex.normal[slot] += 0.01; })) << slot;
+        EXPECT_FALSE(differsIn([&](VertexRecord& vertex) { vertex.normal[slot] += 1e-12; }));
+    }
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.tu += 0.01; }));
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.tv += 0.01; }));
+    EXPECT_FALSE(differsIn([](VertexRecord& vertex) { vertex.tu += 1e-12; }));
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.group = 5; }));
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.deleted = true; }));
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.regrouped = true; }));
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.fileRow = 2; }));
+    EXPECT_FALSE(differsIn([](VertexRecord& vertex) { vertex.selected = true; }));
+}
+
 TEST(HasDataFor, LooksAtVerticesThatAreKept) {
     const std::vector<SectionKind> kinds = {SectionKind::Vertices,  SectionKind::Normals,
                                             SectionKind::TVertices, SectionKind::VertexGroup,
