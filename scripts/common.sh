@@ -14,6 +14,9 @@ TEST_PACKAGES=("${BUILD_PACKAGES[@]}" xvfb)
 # What fuzzing needs: clang, and the part of it that holds libFuzzer.
 # shellcheck disable=SC2034
 FUZZ_PACKAGES=("${BUILD_PACKAGES[@]}" clang libclang-rt-14-dev)
+# What measuring the tests needs.
+# shellcheck disable=SC2034
+COVERAGE_PACKAGES=("${TEST_PACKAGES[@]}" gcovr)
 
 # What making and checking the Debian package needs.
 # shellcheck disable=SC2034
@@ -36,7 +39,7 @@ has_package() {
         cmake) command -v cmake ;;
         ninja-build) command -v ninja ;;
         xvfb) command -v Xvfb ;;
-        clang-format | clang-tidy) command -v "$1" ;;
+        clang-format | clang-tidy | gcovr) command -v "$1" ;;
         clang) command -v clang++ ;;
         libclang-rt-*) compgen -G "$(clang++ -print-runtime-dir)/libclang_rt.fuzzer*" ;;
         *) dpkg-query -W -f='${db:Status-Status}\n' "$1" 2>/dev/null | grep -qx installed ;;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <span>
 #include <utility>
 
 #include "app/theme.h"
@@ -130,23 +131,20 @@ void drawCircle(QImage& image, QPointF centre, double radius, QRgb colour) {
     painter.drawEllipse(centre, radius, radius);
 }
 
-}  // namespace
+// How a picture lies in an image: pixels of the image to a unit of the drawing, and to a pixel of
+// the window.
+struct Scale {
+    double toUnit;
+    double toPixel;
+    int lineWidth() const { return std::max(1, qRound(toPixel)); }
+};
 
-void paintPrimitives(QPainter& painter, const std::vector<Primitive>& primitives,
-                     double unitsPerPixel, const QPalette& palette) {
-    const QPaintDevice& device = *painter.device();
-    const double ratio = device.devicePixelRatioF();
-    QImage picture((QSizeF(device.width(), device.height()) * ratio).toSize(),
-                   QImage::Format_ARGB32_Premultiplied);
-    picture.setDevicePixelRatio(ratio);
-    picture.fill(Qt::transparent);
-
-    LineCanvas canvas(picture, std::max(1, qRound(ratio)));
-    PaintedColours colours(palette);
-    const double scale = ratio / unitsPerPixel;
+void draw(QImage& image, std::span<const Primitive> primitives, const Scale& scale,
+          PaintedColours& colours) {
+    LineCanvas canvas(image, scale.lineWidth());
     for (const Primitive& item : primitives) {
-        const QPointF first = QPointF(item.x1, item.y1) * scale;
-        const QPointF second = QPointF(item.x2, item.y2) * scale;
+        const QPointF first = QPointF(item.x1, item.y1) * scale.toUnit;
+        const QPointF second = QPointF(item.x2, item.y2) * scale.toUnit;
         const QRgb colour = colours[item.colour];
         switch (item.kind) {
             case Primitive::Kind::Line:
@@ -156,13 +154,62 @@ void paintPrimitives(QPainter& painter, const std::vector<Primitive>& primitives
                 canvas.box(first, second, colour);
                 break;
             case Primitive::Kind::Circle:
-                drawCircle(picture, first / ratio, second.x() / ratio, colour);
+                drawCircle(image, first / scale.toPixel, second.x() / scale.toPixel, colour);
                 break;
             case Primitive::Kind::Image:
                 break;
         }
     }
-    painter.drawImage(QPointF(0, 0), picture);
+}
+
+// Fills what is transparent up to `width` pixels beside what is not.
+void addMargin(QImage& image, int width, QRgb colour) {
+    const QImage drawn = image.copy();
+    const auto rowOf = [&](int y) { return reinterpret_cast<const QRgb*>(drawn.constScanLine(y)); };
+    for (int y = 0; y < drawn.height(); ++y) {
+        const QRgb* const row = rowOf(y);
+        for (int x = 0; x < drawn.width(); ++x) {
+            if (qAlpha(row[x]) == 0) continue;
+            for (int j = std::max(0, y - width); j <= std::min(drawn.height() - 1, y + width);
+                 ++j) {
+                auto* const target = reinterpret_cast<QRgb*>(image.scanLine(j));
+                const QRgb* const source = rowOf(j);
+                for (int i = std::max(0, x - width); i <= std::min(drawn.width() - 1, x + width);
+                     ++i) {
+                    if (qAlpha(source[i]) == 0) target[i] = colour;
+                }
+            }
+        }
+    }
+}
+
+}  // namespace
+
+void paintPrimitives(QPainter& painter, const std::vector<Primitive>& primitives,
+                     double unitsPerPixel, const QPalette& palette) {
+    const QPaintDevice& device = *painter.device();
+    const double ratio = device.devicePixelRatioF();
+    const Scale scale = {.toUnit = ratio / unitsPerPixel, .toPixel = ratio};
+    PaintedColours colours(palette);
+    const bool overImage =
+        std::ranges::find(primitives, Primitive::Kind::Image, &Primitive::kind) != primitives.end();
+    for (auto run = primitives.begin(); run != primitives.end();) {
+        // Over an image those of a kind at a time, so that no margin lies over another edge.
+        const auto end = std::find_if(run, primitives.end(), [&](const Primitive& item) {
+            return overImage && item.kind != run->kind;
+        });
+        QImage layer((QSizeF(device.width(), device.height()) * ratio).toSize(),
+                     QImage::Format_ARGB32_Premultiplied);
+        layer.setDevicePixelRatio(ratio);
+        layer.fill(Qt::transparent);
+        draw(layer, {run, end}, scale, colours);
+        if (overImage) {
+            addMargin(layer, scale.lineWidth(),
+                      palette.color(QPalette::Active, QPalette::Base).rgb());
+        }
+        painter.drawImage(QPointF(0, 0), layer);
+        run = end;
+    }
 }
 
 }  // namespace corvane

@@ -8,7 +8,8 @@ namespace {
 
 // The share of the foreground in the colour of edges, so that vertices stand out from them.
 constexpr double kEdgeShare = 0.45;
-constexpr double kLeastContrast = 3.0;  // to the background, for lines on a dark theme
+constexpr double kLeastContrast = 3.0;  // of what is drawn to what lies beside it
+constexpr double kShareStep = 0.05;     // by which a colour goes another one's way
 
 QColor mixed(const QColor& a, const QColor& b, double shareOfA) {
     const auto part = [&](int x, int y) {
@@ -32,6 +33,32 @@ double contrast(const QColor& a, const QColor& b) {
     return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
 }
 
+bool isDark(const QColor& base) { return luminance(base) < 0.2; }
+
+// `colour`, or as little of the way from it to `end` as makes the least contrast to `beside`.
+QColor towards(const QColor& end, const QColor& colour, const QColor& beside) {
+    QColor result = colour;
+    for (double share = kShareStep; share <= 1 && contrast(result, beside) < kLeastContrast;
+         share += kShareStep) {
+        result = mixed(end, colour, share);
+    }
+    return result;
+}
+
+// What stands out most from a palette's base.
+QColor farthest(const QColor& base) { return isDark(base) ? Qt::white : Qt::black; }
+
+QColor edgeColour(const QPalette& palette) {
+    const QColor base = palette.color(QPalette::Active, QPalette::Base);
+    return towards(farthest(base), resolved(kActiveBorder, palette), base);
+}
+
+// Stands out from edges, and so from the base, too.
+QColor vertexColour(const QPalette& palette) {
+    const QColor base = palette.color(QPalette::Active, QPalette::Base);
+    return towards(farthest(base), resolved(kForeground, palette), edgeColour(palette));
+}
+
 }  // namespace
 
 QColor resolved(Colour colour, const QPalette& palette) {
@@ -50,16 +77,13 @@ QColor resolved(Colour colour, const QPalette& palette) {
 }
 
 QColor painted(Colour colour, const QPalette& palette) {
-    constexpr double kWhiteShareStep = 0.1;
     const QColor base = palette.color(QPalette::Active, QPalette::Base);
+    const bool dark = isDark(base);
+    // Black is what vertices are on a light ground. On a dark one they are as light.
+    if (colour == kForeground || (dark && colour == kBlack)) return vertexColour(palette);
+    if (colour == kActiveBorder) return edgeColour(palette);
     const QColor wanted = resolved(colour, palette);
-    const bool dark = luminance(base) < 0.2;
-    QColor result = wanted;
-    for (double white = 0; dark && white <= 1 && contrast(result, base) < kLeastContrast;
-         white += kWhiteShareStep) {
-        result = mixed(Qt::white, wanted, white);
-    }
-    return result;
+    return dark ? towards(Qt::white, wanted, base) : wanted;
 }
 
 QColor textColourOn(const QColor& background) {

@@ -188,6 +188,19 @@ TEST_F(UVWindowTest, TheTitleMarksUnsavedChangesUntilTheyAreSavedOrReplaced) {
     EXPECT_FALSE(uvWindow().isWindowModified());
 }
 
+TEST_F(UVWindowTest, TheTitleMarksWhatUndoTookBack) {
+    openTextureEditor();
+    findUV<QAction>("mnuSelectAll").trigger();
+    choose("mnuMirrorX");  // a step that keeps the vertices, with their coordinates
+    dragInView(Qt::RightButton, {10, 10}, {10, 50});
+    findUV<QAction>("mnuSaveUVChanges").trigger();
+    EXPECT_FALSE(uvWindow().isWindowModified());
+    choose("mnuUndo");
+    EXPECT_TRUE(uvWindow().isWindowModified());
+    findUV<QAction>("mnuSaveUVChanges").trigger();
+    EXPECT_FALSE(uvWindow().isWindowModified());
+}
+
 TEST_F(UVWindowTest, RemapGoesByTheViewThatIsChosen) {
     openTextureEditor();
     auto& views = findUV<QComboBox>("cboView");

@@ -112,6 +112,16 @@ TEST_F(WindowStateTest, TheTitleMarksEditsUntilTheyAreSaved) {
     EXPECT_TRUE(window->isWindowModified());
 }
 
+TEST_F(WindowStateTest, TheTitleMarksANewMatrixGroup) {
+    openModel("hero.mdl");
+    dialogs.inputs = {""};
+    choose("mnuAddMatrix");
+    EXPECT_FALSE(window->isWindowModified()) << "none was added";
+    dialogs.inputs = {"12", ""};
+    choose("mnuAddMatrix");
+    EXPECT_TRUE(window->isWindowModified());
+}
+
 TEST_F(WindowStateTest, TheTitleFollowsSaveAs) {
     openModel("hero.mdl");
     edit();

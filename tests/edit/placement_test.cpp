@@ -264,6 +264,16 @@ TEST_F(SetCoordinatesTest, ItIsOneStepThatKeepsTheVerticesAndIsUndone) {
     expectDrawn();
 }
 
+TEST_F(SetCoordinatesTest, TheStepIsThereBeforeTheFirstBox) {
+    select({1});
+    std::vector<std::string> steps;
+    dialogs.onInput = [&] { steps.push_back(newest().name); };
+    answer({"1", "2", "3"});
+    setCoordinates(editor);
+    EXPECT_EQ(steps,
+              (std::vector<std::string>{"Set Coordinates", "Set Coordinates", "Set Coordinates"}));
+}
+
 TEST_F(SetCoordinatesTest, WithNothingSelectedItAsksAndChangesNothing) {
     const Geoset before = geoset();
     answer({"1", "2", "3"});

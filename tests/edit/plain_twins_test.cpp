@@ -3,8 +3,6 @@
 #include "plain_twins.h"
 
 #include <algorithm>
-#include <bit>
-#include <random>
 
 #include "edit/clone.h"
 #include "edit/commands/drag_transforms.h"
@@ -12,124 +10,11 @@
 #include "edit/normals.h"
 #include "edit/selection.h"
 #include "model/geoset_sections.h"
+#include "plain_twins_fixture.h"
 #include "test_commands.h"
-#include "tool_fixture.h"
 
 namespace corvane {
 namespace {
-
-constexpr int kMeshes = 500;
-
-/// Random numbers, the same ones wherever the test runs.
-class Dice {
-public:
-    /// 0 to sides - 1.
-    int roll(int sides) {
-        return static_cast<int>(numbers_() % static_cast<std::uint_fast32_t>(sides));
-    }
-    bool oneIn(int sides) { return roll(sides) == 0; }
-
-private:
-    std::mt19937 numbers_{20020703};  // the seed may be any number, but always the same
-};
-
-/// A mesh of 3 to 30 vertices on a few grid lines, so that many coincide, with faces that may be
-/// doubled, degenerate or deleted.
-Geoset randomMesh(Dice& dice) {
-    // No sum of these is exact, so that another order of adding gives other bits.
-    constexpr std::array<double, 8> kLines = {0.0, -0.0, 0.1, -0.7, 1.0 / 3, 2.3, -5.9, 11.7};
-    const int lines = 2 + dice.roll(5);
-    const auto coordinate = [&] { return kLines.at(static_cast<std::size_t>(dice.roll(lines))); };
-    const auto number = [&] { return static_cast<double>(dice.roll(2001) - 1000) / 700; };
-    const int selectedOf12 = std::array<int, 5>{0, 4, 8, 11, 12}.at(
-        static_cast<std::size_t>(dice.roll(5)));  // how many of twelve are selected
-    const bool deletes = !dice.oneIn(4);
-
-    Geoset mesh;
-    const int vertices = 3 + dice.roll(28);
-    for (int i = 0; i < vertices; ++i) {
-        VertexRecord& vertex = mesh.Vertices.emplace_back();
-        for (double& value : vertex.pos) value = coordinate();
-        for (double& value : vertex.normal) value = number();
-        vertex.tu = number();
-        vertex.tv = number();
-        vertex.group = static_cast<std::int16_t>(dice.roll(5));
-        vertex.selected = dice.roll(12) < selectedOf12;
-        vertex.deleted = deletes && dice.oneIn(5);
-    }
-    const int faces = dice.roll(2 * vertices + 1);
-    const int reach = dice.oneIn(2) ? vertices : std::min(vertices, 5);  // between a face's corners
-    for (int g = 0; g < faces; ++g) {
-        FaceRecord face;
-        if (g > 0 && dice.oneIn(6)) {
-            face = mesh.Faces[static_cast<std::size_t>(dice.roll(g))];
-            std::rotate(face.corner.begin(), face.corner.begin() + dice.roll(3), face.corner.end());
-            if (dice.oneIn(2)) std::swap(face.corner[0], face.corner[1]);
-        } else {
-            const int first = dice.roll(vertices);
-            for (std::int16_t& corner : face.corner) {
-                corner = static_cast<std::int16_t>((first + dice.roll(reach)) % vertices);
-            }
-        }
-        face.deleted = deletes && dice.oneIn(5);
-        mesh.Faces.push_back(face);
-    }
-    mesh.matrixGroups.resize(static_cast<std::size_t>(dice.roll(3)));
-    return mesh;
-}
-
-bool sameBits(double a, double b) {
-    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
-}
-
-bool sameBits(const Triple& a, const Triple& b) {
-    return std::ranges::equal(a, b, [](double x, double y) { return sameBits(x, y); });
-}
-
-bool sameBits(const VertexRecord& a, const VertexRecord& b) {
-    return sameBits(a.pos, b.pos) && sameBits(a.normal, b.normal) && sameBits(a.tu, b.tu) &&
-           sameBits(a.tv, b.tv) && a.group == b.group && a.selected == b.selected &&
-           a.deleted == b.deleted;
-}
-
-bool sameBits(const Geoset& a, const Geoset& b) {
-    return std::ranges::equal(
-               a.Vertices, b.Vertices,
-               [](const VertexRecord& x, const VertexRecord& y) { return sameBits(x, y); }) &&
-           a.Faces == b.Faces && a.matrixGroups == b.matrixGroups;
-}
-
-class PlainTwinsTest : public ToolTest {
-protected:
-    /// Puts a mesh into the store, as if it had just been read.
-    void load(const Geoset& mesh) {
-        static_cast<Geoset&>(store()) = mesh;
-        store().modelLoaded = true;
-    }
-
-    /// Compares the tool with its plain twin; both change a mesh.
-    void compareOnMeshes(const std::function<void(Editor&)>& tool,
-                         const std::function<void(Geoset&)>& twin) {
-        int changed = 0;
-        for (int i = 1; i <= kMeshes; ++i) {
-            SCOPED_TRACE("mesh " + std::to_string(i));
-            const Geoset mesh = randomMesh(dice);
-            Geoset expected = mesh;
-            twin(expected);
-            load(mesh);
-            tool(editor);
-            if (!sameBits(geoset(), expected)) {
-                expectGeoset(expected);
-                FAIL() << "the bits differ";
-            }
-            if (!sameBits(mesh, expected)) ++changed;
-        }
-        EXPECT_GT(changed, kMeshes / 2);  // the meshes gave it something to do
-        EXPECT_TRUE(dialogs.asked.empty());
-    }
-
-    Dice dice;
-};
 
 TEST_F(PlainTwinsTest, TheMeshesHoldWhatTheToolsHaveToTellApart) {
     int coincident = 0;

@@ -294,20 +294,6 @@ TEST_F(TransformsTest, RotateRefreshesTheButtonsBeforeItDraws) {
     EXPECT_EQ(front.primitives(), drawn);  // it did draw in the end
 }
 
-TEST_F(TransformsTest, AResultThatNoNumberCanHoldLeavesTheCoordinate) {
-    constexpr double kHuge = 1.7e308;
-    loadVertices({{kHuge, 1, -kHuge}, {0, 2, kHuge}});
-    select({1, 2});
-    moveSelection(editor, {kHuge, 1, 0});
-    EXPECT_EQ(vertex(1).pos, (Triple{kHuge, 2, -kHuge}));
-    EXPECT_EQ(vertex(2).pos, (Triple{kHuge, 3, kHuge}));
-
-    scaleSelection(editor, std::numeric_limits<double>::infinity(), 0);
-    for (int i = 1; i <= 2; ++i) {
-        for (const double coordinate : vertex(i).pos) EXPECT_TRUE(std::isfinite(coordinate)) << i;
-    }
-}
-
 TEST_F(TransformsTest, NothingIsRecordedOrDrawnBeforeAModelIsLoaded) {
     double angle = 45;
     moveSelection(editor, {1, 2, 3});

@@ -96,6 +96,15 @@ int fsync(int fd) {
     return static_cast<int>(::syscall(SYS_fsync, fd));
 }
 
+int close(int fd) {
+    const bool failing = fails(Call::Close);
+    const int error = errno;
+    const auto result = static_cast<int>(::syscall(SYS_close, fd));
+    if (!failing) return result;
+    errno = error;
+    return -1;
+}
+
 int ftruncate(int fd, off_t size) noexcept {
     if (fails(Call::Ftruncate)) return -1;
     return static_cast<int>(::syscall(SYS_ftruncate, fd, size));

@@ -20,7 +20,14 @@ public:
 };
 
 /// The calls that can fail.
-enum class Call { Writev, Fsync, Ftruncate, Fchmod, Stat };
+enum class Call {
+    Writev,
+    Fsync,
+    Ftruncate,
+    Fchmod,
+    Stat,
+    Close,  ///< which closes all the same, as the system does
+};
 
 /// What a call that fails is about: a mode, for Fchmod; a path, for Stat.
 struct Asked {

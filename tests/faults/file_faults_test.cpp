@@ -115,6 +115,43 @@ TEST_F(FileFaultsTest, ATextThatDoesNotReachTheDiskLeavesTheOldOne) {
     }
 }
 
+// Counts calls of one kind without letting any fail.
+template <class Run>
+int callsOf(Call call, Run run) {
+    const FailingCall counting(call, EIO, FailingCall::kForEver);
+    run();
+    return FailingCall::count();
+}
+
+TEST_F(FileFaultsTest, TheTextAndThenItsNameReachTheDisk) {
+    EXPECT_EQ(callsOf(Call::Fsync, [&] { replacingResult(path, "new"); }), 2);
+    EXPECT_EQ(
+        callsOf(Call::Fsync,
+                [&] { replacingResult(path, "new", {.flushToDisk = false, .permissionsOf = {}}); }),
+        0);
+}
+
+TEST_F(FileFaultsTest, AStampThatCannotBeTakenAfterClosingIsTheOneFromBefore) {
+    FileStamp stamp;
+    {
+        const FailingCall failing(Call::Stat, EIO, 1, FailingCall::kForEver,
+                                  [](const Asked& asked) { return asked.path.ends_with(".tmp"); });
+        stamp = replaceFile(path, std::array<std::string_view, 1>{"new"});
+        EXPECT_EQ(FailingCall::count(), 1);
+    }
+    EXPECT_EQ(stamp, stampOf(path));
+}
+
+TEST_F(FileFaultsTest, ATextWhoseFileCannotBeClosedLeavesTheOldOne) {
+    std::string result;
+    {
+        const FailingCall failing(Call::Close, EIO, 1, 1);
+        result = replacingResult(path, "new");
+    }
+    EXPECT_EQ(result, path + ": Input/output error");
+    expectOld();
+}
+
 // A file with two names, which is written in place.
 class HardLinkFaultsTest : public FileFaultsTest {
 protected:
@@ -148,6 +185,30 @@ TEST_F(HardLinkFaultsTest, WhateverFailsOnceTheOldTextIsThereUnderBothNames) {
         EXPECT_GE(failures, 2) << "of the file in place and of what is beside it";
         replaceFile(path, std::array<std::string_view, 1>{"the old text"});
     }
+}
+
+TEST_F(HardLinkFaultsTest, EveryTextReachesTheDiskBeforeTheNextOneIsWritten) {
+    // The new text beside; the former one beside, and its folder; the new one in its place; and the
+    // folder, from which both are gone.
+    EXPECT_EQ(callsOf(Call::Fsync, [&] { replacingResult(path, "new"); }), 5);
+}
+
+TEST_F(HardLinkFaultsTest, WhereAnyTextsFileCannotBeClosedTheOldOneIsThere) {
+    int failures = 0;
+    std::string result;
+    for (int number = 1; number < 30; ++number) {
+        {
+            const FailingCall failing(Call::Close, EIO, number, number);
+            result = replacingResult(path, "new");
+        }
+        const bool written = result == "written";
+        EXPECT_EQ(result, written ? "written" : path + ": Input/output error") << number;
+        EXPECT_EQ(readFile(path), written ? "new" : "the old text") << number;
+        EXPECT_EQ(folder.names(), (Names{"hero.mdl", "other.mdl"})) << number;
+        if (!written) ++failures;
+        replaceFile(path, std::array<std::string_view, 1>{"the old text"});
+    }
+    EXPECT_EQ(failures, 4) << "of the new and the former text beside, and of both in their places";
 }
 
 TEST_F(HardLinkFaultsTest, ATextThatCannotBePutBackIsNamed) {

@@ -232,6 +232,16 @@ TEST_F(AddMatrixTest, NoStepIsRecordedAndNothingIsRedrawn) {
     expectNotDrawn();
 }
 
+TEST_F(AddMatrixTest, ANewGroupIsSomethingToSaveAndTheWindowIsToldAfterwards) {
+    std::vector<bool> modified;
+    window.onUpdateButtons = [&] { modified.push_back(store().isModified()); };
+    add({""});
+    EXPECT_EQ(modified, std::vector<bool>{});
+    EXPECT_FALSE(store().isModified());
+    add({"1", ""});
+    EXPECT_EQ(modified, std::vector<bool>{true});
+}
+
 TEST_F(AddMatrixTest, BeforeAModelIsLoadedNothingIsAskedOrAdded) {
     store() = {};
     addMatrix(editor);

@@ -284,6 +284,75 @@ TEST(EverySection, EndsItsLinesWithTheGivenBreak) {
     }
 }
 
+TEST(WritesTheSame, TellsGeosetsApartByAllThatIsWritten) {
+    Geoset geoset = blankGeoset(3);
+    geoset.Faces = {face(0, 1, 2)};
+    geoset.matrixGroups = {matrices({0})};
+    const auto differs = [&](auto change) {
+        Geoset other = geoset;
+        change(other);
+        return !writesTheSame(geoset, other) && !writesTheSame(other, geoset);
+    };
+    const auto differsIn = [&](auto change) {
+        return differs([&](Geoset& other) { change(other.Vertices[1]); });
+    };
+    EXPECT_TRUE(writesTheSame(geoset, Geoset(geoset)));
+    EXPECT_TRUE(differs([](Geoset& other) { other.Vertices.pop_back(); }));
+    EXPECT_TRUE(differs([](Geoset& other) { other.Faces.clear(); }));
+    EXPECT_TRUE(differs([](Geoset& other) { other.Faces[0].corner[2] = 1; }));
+    EXPECT_TRUE(differs([](Geoset& other) { other.matrixGroups[0][1] = 7; }));
+    for (std::size_t slot = 0; slot < 3; ++slot) {
+        EXPECT_TRUE(differsIn([&](VertexRecord& vertex) { vertex.pos[slot] += 1e-9; })) << slot;
+        EXPECT_TRUE(differsIn([&](VertexRecord& vertex) { vertex.normal[slot] += 0.01; })) << slot;
+        EXPECT_FALSE(differsIn([&](VertexRecord& vertex) { vertex.normal[slot] += 1e-12; }));
+    }
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.tu += 0.01; }));
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.tv += 0.01; }));
+    EXPECT_FALSE(differsIn([](VertexRecord& vertex) { vertex.tu += 1e-12; }));
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.group = 5; }));
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.deleted = true; }));
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.regrouped = true; }));
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.fileRow = 2; }));
+    EXPECT_FALSE(differsIn([](VertexRecord& vertex) { vertex.selected = true; }));
+}
+
+TEST(HasDataFor, LooksAtVerticesThatAreKept) {
+    const std::vector<SectionKind> kinds = {SectionKind::Vertices,  SectionKind::Normals,
+                                            SectionKind::TVertices, SectionKind::VertexGroup,
+                                            SectionKind::Faces,     SectionKind::Groups,
+                                            SectionKind::Rows};
+    const auto having = [&](const Geoset& geoset) {
+        std::vector<SectionKind> found;
+        std::ranges::copy_if(kinds, std::back_inserter(found),
+                             [&](SectionKind kind) { return hasDataFor(kind, geoset); });
+        return found;
+    };
+    using Kinds = std::vector<SectionKind>;
+    EXPECT_EQ(having({}), Kinds{});
+    Geoset geoset = blankGeoset(3);
+    for (VertexRecord& vertex : geoset.Vertices) vertex.normal = {};
+    EXPECT_EQ(having(geoset), Kinds{SectionKind::Vertices});
+    geoset.Vertices[1].normal = {0, 0, 1};
+    EXPECT_EQ(having(geoset), (Kinds{SectionKind::Vertices, SectionKind::Normals}));
+    geoset.Vertices[1].normal = {};
+    for (double VertexRecord::*coordinate : {&VertexRecord::tu, &VertexRecord::tv}) {
+        geoset.Vertices[1].*coordinate = 0.5;
+        EXPECT_EQ(having(geoset), (Kinds{SectionKind::Vertices, SectionKind::TVertices}));
+        geoset.Vertices[1].*coordinate = 0;
+    }
+    geoset.Vertices[1].group = -1;
+    EXPECT_EQ(having(geoset), (Kinds{SectionKind::Vertices, SectionKind::VertexGroup}));
+    geoset.Vertices[1].group = 0;
+    geoset.Faces = {face(0, 1, 2)};
+    geoset.matrixGroups = {matrices({0})};
+    EXPECT_EQ(having(geoset),
+              (Kinds{SectionKind::Vertices, SectionKind::Faces, SectionKind::Groups}));
+    for (VertexRecord& vertex : geoset.Vertices) {
+        vertex = {.normal = {1, 0, 0}, .tu = 1, .tv = 1, .group = 1, .deleted = true};
+    }
+    EXPECT_EQ(having(geoset), Kinds{SectionKind::Groups});
+}
+
 TEST(EverySection, IsAppendedToWhatIsThere) {
     const Geoset geoset = blankGeoset(0);
     std::string out = "}\n";

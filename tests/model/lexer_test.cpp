@@ -167,6 +167,55 @@ TEST(FindTopLevelBlockEnd, SeesEveryByteOfALongText) {
     }
 }
 
+const std::vector<std::string>& topLevelKeywords() {
+    static const std::vector<std::string> all = {"Version",
+                                                 "Model",
+                                                 "Sequences",
+                                                 "GlobalSequences",
+                                                 "Textures",
+                                                 "Materials",
+                                                 "TextureAnims",
+                                                 "Geoset",
+                                                 "GeosetAnim",
+                                                 "Bone",
+                                                 "Light",
+                                                 "Helper",
+                                                 "Attachment",
+                                                 "PivotPoints",
+                                                 "ParticleEmitter",
+                                                 "ParticleEmitter2",
+                                                 "ParticleEmitterPopcorn",
+                                                 "RibbonEmitter",
+                                                 "Camera",
+                                                 "EventObject",
+                                                 "CollisionShape",
+                                                 "FaceFX",
+                                                 "BindPose",
+                                                 "SoundEmitter"};
+    return all;
+}
+
+// Wherever the line break comes to lie in a chunk, also as its last byte, and far from the end.
+TEST(FindTopLevelBlockEnd, StopsBeforeEachBlockOfTheTopAtEveryPlaceOfAChunk) {
+    const std::string tail(100, ' ');
+    for (const std::string& keyword : topLevelKeywords()) {
+        EXPECT_TRUE(isTopLevelKeyword(keyword)) << keyword;
+        for (std::size_t before = 0; before < 130; ++before) {
+            const std::string text =
+                std::string(before, 'x') + '\n' + keyword + " \"A\" {\n}\n}\n" + tail;
+            EXPECT_EQ(topLevelEndOf(text), -std::ssize(std::string(before, 'x')) - 2)
+                << keyword << ' ' << before;
+        }
+    }
+    for (const std::string keyword : {"Vertices", "Anim", "Geosets", "bone", "MaterialID"}) {
+        EXPECT_FALSE(isTopLevelKeyword(keyword)) << keyword;
+        for (std::size_t before = 0; before < 70; ++before) {
+            const std::string text = std::string(before, 'x') + '\n' + keyword + " \"A\" {\n}\n";
+            EXPECT_EQ(topLevelEndOf(text + "}" + tail), std::ssize(text)) << keyword;
+        }
+    }
+}
+
 TEST(OpensTopLevelBlock, WantsAKnownKeywordAndABrace) {
     EXPECT_TRUE(opensTopLevelBlock("Geoset {", 0));
     EXPECT_TRUE(opensTopLevelBlock("x\nBone \"A {\"{\n", 2));

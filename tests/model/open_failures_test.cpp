@@ -213,6 +213,25 @@ TEST_F(OpenFailuresTest, TheModelsOwnWorkingCopyCannotBeOpened) {
     }
 }
 
+TEST_F(OpenFailuresTest, AModelWhoseWorkingCopyWouldTakeThePlaceOfTheOpenOneIsNotOpened) {
+    const std::string text = modelOf({.geosets = {squareAt("5")}});
+    const std::string path = openNew("hero_TMP.tdl", text);
+    const std::string other = folder.write("hero.mdl", modelOf(threeGeosets()));
+    const Before before = remember();
+    for (const bool saves : {false, true}) {
+        if (saves) {
+            saveAs(other);
+        } else {
+            open(other);
+        }
+        EXPECT_EQ(askedKinds(), saves ? "save message" : "open message");
+        expectLast("message", "Error",
+                   "The working copy of " + other + " would take the place of " + path +
+                       ", which is open. Save that model under another name first.");
+        expectUnchanged(before);
+    }
+}
+
 TEST_F(OpenFailuresTest, AWorkingCopyOfAnotherWindowOpensAsAModelOfItsOwn) {
     const std::string text = modelOf({.geosets = {squareAt("5")}});
     open(folder.write("other_TMP.tdl", text));

@@ -150,6 +150,33 @@ TEST(ComposeModelWithRows, TellsRowsThatCannotFollowFromOtherFailures) {
     EXPECT_THROW(composeSingleGeoset(text, geosets, 1, geoset), RowsCannotFollow);
 }
 
+TEST(ComposeRowSection, FollowsWrappedRowsThatEndWithTheirLinesHoweverManyThereAre) {
+    EXPECT_EQ(composed("\tSkinWeights {\n5,0,0,0,\n255,0,0,0,\n1,0,0,0,\n255,0,0,0,\n"
+                       "2,0,0,0,\n255,0,0,0\n\t}\n",
+                       {1}),
+              "\tSkinWeights {\n1,0,0,0,\n255,0,0,0,\n\t}");
+}
+
+TEST(ComposeRowSection, NamesARowWithoutItsClosingBrace) {
+    const std::string head = "Geoset {\n\tVertices 1 {\n\t\t{ 0, 0, 0 },\n\t}\n";
+    const std::string rows = "\tTangents 1 {\n\t\t{ 1, 0, 0, 1,\n\t}\n";
+    // The section's brace closes the row, and the geoset's the section.
+    EXPECT_EQ(readingError(head + rows + "}\n"),
+              "hero.mdl, line 5: the section Tangents that starts here does not end (a closing "
+              "brace \"}\" is missing in its geoset).");
+}
+
+TEST(ComposeRowSection, KeepsACommentBeforeTheFirstRowWithIt) {
+    const std::string section =
+        "\tSkinWeights {\n\t\t// of the left\n\t\t5,0,0,0,255,0,0,0,\n"
+        "\t\t1,0,0,0,255,0,0,0,\n\t}\n";
+    EXPECT_EQ(composed(section, {1, kNoRow}, 1),
+              "\tSkinWeights {\n\t\t1,0,0,0,255,0,0,0,\n\t\t0, 0, 0, 0, 255, 0, 0, 0,\n\t}");
+    EXPECT_EQ(composed(section, {0, 0}),
+              "\tSkinWeights {\n\t\t// of the left\n\t\t5,0,0,0,255,0,0,0,\n"
+              "\t\t5,0,0,0,255,0,0,0,\n\t}");
+}
+
 TEST(ComposeRowSection, NamesWhatIsNoRow) {
     EXPECT_EQ(read("\tTangents 2 {\n\t\t{ 1, 0, 0, 1 },\n\t\t5,\n\t}\n").problem,
               "hero.mdl, line 8: in the section Tangents, a row in braces was expected here.");

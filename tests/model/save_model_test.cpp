@@ -235,6 +235,27 @@ TEST_F(SaveModelTest, AfterSaveGeosetASaveWritesTheOneGeosetOfThatFile) {
                                          "\t\t{ 3, 1.5, 0 },\n"));
 }
 
+TEST_F(SaveModelTest, AfterSaveGeosetTheRowsOfThatFileFollowItsVertices) {
+    const std::string text = replacedOnce(
+        modelOf({.geosets = {squareAt("1")}}), "\tVertexGroup {\n",
+        "\tTangents 4 {\n\t\t{ 1, 0, 0, 1 },\n\t\t{ 2, 0, 0, 1 },\n\t\t{ 3, 0, 0, 1 },\n"
+        "\t\t{ 4, 0, 0, 1 },\n\t}\n\tVertexGroup {\n");
+    openNew("hero.mdl", text);
+    vertex(2).deleted = true;
+    saveGeosetAs(folder.path("part.mdl"));
+    EXPECT_EQ(store().rowSections.size(), 1U);
+    EXPECT_EQ(store().sectionsRead.size(), 6U);
+    EXPECT_EQ(vertex(1).fileRow, 0);
+    EXPECT_EQ(vertex(2).fileRow, kNoRow);
+    EXPECT_EQ(vertex(4).fileRow, 2);
+    store().Vertices.push_back(vertex(4));  // as a clone of it
+    save();
+    EXPECT_NE(modelBytes().find("\tTangents 4 {\n\t\t{ 1, 0, 0, 1 },\n\t\t{ 3, 0, 0, 1 },\n"
+                                "\t\t{ 4, 0, 0, 1 },\n\t\t{ 4, 0, 0, 1 },\n\t}\n"),
+              std::string::npos)
+        << modelBytes();
+}
+
 TEST_F(SaveModelTest, ASavedGeosetKeepsTheFilesLineBreaks) {
     openNew("three.mdl", withCrLf(modelOf(threeGeosets())), "1");
     saveGeosetAs(folder.path("part.mdl"));

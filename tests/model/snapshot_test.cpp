@@ -50,6 +50,14 @@ TEST_F(SnapshotTest, IsOfTheFileThatTheModelCameFromWhereverASaveWouldGo) {
     EXPECT_EQ(snapshotOf(store).stamp, stampOf(path));
 }
 
+TEST_F(SnapshotTest, OfATextWithoutThatGeosetIsTheText) {
+    Snapshot snapshot = snapshotOf(store);
+    snapshot.geosetNumber = 2;
+    EXPECT_EQ(composeSnapshot(snapshot).joined(), kModel);
+    snapshot.geosetNumber = 0;
+    EXPECT_EQ(composeSnapshot(snapshot).joined(), kModel);
+}
+
 TEST_F(SnapshotTest, TakesTextureCoordinatesAsFarAsBothReach) {
     Snapshot snapshot = snapshotOf(store);
     mergeTexture(snapshot, std::vector<double>{0.5, 0.25}, std::vector<double>{0.75, 0.125, 7, 8});

@@ -7,6 +7,8 @@
 #include "model/commands/merge_geoset.h"
 #include "model/commands/new_model.h"
 #include "model_flow.h"
+#include "uveditor/commands/exchange.h"
+#include "uveditor/uv_tools.h"
 
 namespace corvane {
 namespace {
@@ -30,6 +32,14 @@ public:
 
     std::vector<Kept> kept;
     int saves = 0;
+};
+
+/// A texture editor's window that shows nothing.
+class TestTextureWindow : public UVWindow {
+public:
+    void updateButtons() override {}
+    void showNotice(const std::string& /*text*/) override {}
+    std::string loadPicture(const std::string& /*path*/) override { return ""; }
 };
 
 class WayBackTest : public ModelFlowTest {
@@ -156,6 +166,24 @@ TEST_F(WayBackTest, ARemovedGeosetThatASaveLeavesOutIsKeptInTheModelThatItWasRem
     save();
     expectKept({{KeptBecause::LeftOut, path, edited()},
                 {KeptBecause::Replaced, path, modelOf(threeGeosets())}});
+}
+
+TEST_F(WayBackTest, AHandOverKeepsTextureCoordinatesThatNothingElseHolds) {
+    openAndEdit();
+    RecordingSurface view{400, 200};
+    TestTextureWindow textureWindow;
+    UVEditor uv{{.picture = view}, textureWindow, dialogs};
+    const auto handOver = [&] { takeHandOver(uv, editor, uvDataOf(editor.store)); };
+    handOver();
+    handOver();
+    EXPECT_TRUE(wayBack.kept.empty()) << "nothing was changed";
+    assignCoordinate(uv, uv.data.u[0], 0.25);
+    handOver();
+    ModelParts parts = threeGeosets();
+    parts.geosets[1].vertices[0] = "6, 1, 2";
+    parts.geosets[1].texture[0] = "0.25, 1";
+    expectKept({{KeptBecause::TextureDropped, store().modelPath, modelOf(parts)}});
+    EXPECT_EQ(uv.data.u[0], 0);
 }
 
 TEST_F(WayBackTest, SwitchingFromARemovedGeosetKeepsIt) {

@@ -31,9 +31,11 @@ public:
     void startSelectTimer() override { ++timerStarts; }
     void showTextureEditor(UVData data) override { textureData = std::move(data); }
     void copyText(const std::string& text) override { clipboard = text; }
+    void showRecover() override { ++recoverShown; }
 
     int buttonUpdates = 0;
     int timerStarts = 0;
+    int recoverShown = 0;
     std::string tip;
     std::string notice;
     std::string clipboard;

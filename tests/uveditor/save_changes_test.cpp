@@ -266,6 +266,30 @@ TEST_F(SaveChangesTest, CoordinatesThatUndoTookBackCountAsUnsaved) {
     EXPECT_EQ(tu(), (Values{1, 0.5}));
 }
 
+TEST_F(SaveChangesTest, OneOfTheTwoCoordinatesIsEnoughToCountAsUnsavedAndToAsk) {
+    for (const auto& [du, dv] : {std::pair(1.0, 0.0), std::pair(0.0, 1.0)}) {
+        SCOPED_TRACE(du);
+        readGeoset({{0, 0}, {0.5, 0.5}}, 1);
+        store().modelLoaded = true;
+        select({1});
+        handOver();
+        recordVertices();
+        uvMove(uv, du, dv);
+        saveChanges(uv, editor);
+        undoLast(editor);
+        const int before = uvWindow.buttonUpdates;
+        noteEdits(uv, editor);
+        EXPECT_TRUE(uv.unsaved);
+        EXPECT_EQ(uvWindow.buttonUpdates, before + 1) << "its title is marked";
+        noteEdits(uv, editor);
+        EXPECT_EQ(uvWindow.buttonUpdates, before + 1);
+        dialogs.yesNos = {false};
+        handOver();
+        EXPECT_EQ(uv.data.u, (Values{du, 0.5}));
+        EXPECT_EQ(uv.data.v, (Values{dv, 0.5}));
+    }
+}
+
 TEST_F(SaveChangesTest, WhatWasNeverWrittenIsNotTakenForUndone) {
     edit({{0, 0}, {0.5, 0.5}}, {1});
     editor.store.Vertices.pop_back();

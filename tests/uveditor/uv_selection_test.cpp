@@ -53,6 +53,21 @@ TEST_F(UVSelectionTest, AVertexOnTheBordersIsOutside) {
     EXPECT_EQ(selected(), (Numbers{1, 2, 3}));
 }
 
+TEST_F(UVSelectionTest, EachOfTheFourBordersIsOutside) {
+    // From (0.25, 0.25) to (0.75, 0.75): in the middle of each border, and beside it inside.
+    edit({{0.25, 0.5},
+          {0.75, 0.5},
+          {0.5, 0.25},
+          {0.5, 0.75},
+          {0.26, 0.5},
+          {0.74, 0.5},
+          {0.5, 0.26},
+          {0.5, 0.74}},
+         {});
+    box(100, 50, 300, 150);
+    EXPECT_EQ(selected(), (Numbers{5, 6, 7, 8}));
+}
+
 TEST_F(UVSelectionTest, AClickSelectsNothing) {
     uvSelectAll(uv);
     box(200, 100, 200, 100);

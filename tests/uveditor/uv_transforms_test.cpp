@@ -210,6 +210,15 @@ TEST_F(UVTransformsTest, ACoordinateThatWouldBeNoNumberStaysAsItWas) {
     EXPECT_EQ(uv.data.v, (Values{0, 0}));
 }
 
+TEST_F(UVTransformsTest, InNoModeOfItsOwnADragChangesNothing) {
+    edit({{0.25, 0.5}}, {1});
+    uv.transformMode = TransformMode::Extrude;
+    dragRight(50, 50, 150, 150);
+    EXPECT_EQ(uv.data.u, Values{0.25});
+    EXPECT_EQ(uv.data.v, Values{0.5});
+    EXPECT_FALSE(uv.unsaved);
+}
+
 TEST_F(UVTransformsTest, TheWholeOfTheLargestGeosetIsCounted) {
     std::vector<std::pair<double, double>> all(32767, {0.25, 0.5});
     all[0] = {0.25 + 32767, 0.5};  // moves the mean by 1

@@ -113,6 +113,17 @@ TEST_F(ToolModesTest, ShowNormalsTogglesAndRedraws) {
     EXPECT_EQ(front.primitives().size(), 3U);
 }
 
+TEST_F(ToolModesTest, TipsToggleAndTheItemShowsIt) {
+    bool seen = true;
+    window.onUpdateButtons = [&] { seen = editor.modes.tipsEnabled; };
+    toggleTips(editor);
+    EXPECT_FALSE(editor.modes.tipsEnabled);
+    EXPECT_FALSE(seen);
+    toggleTips(editor);
+    EXPECT_TRUE(editor.modes.tipsEnabled);
+    EXPECT_TRUE(seen);
+}
+
 TEST_F(ToolModesTest, TheButtonOfTheModeIsWhiteAndTheOthersAreButtonFace) {
     editor.modes.selectMode = SelectMode::Add;
     EXPECT_EQ(colourOf(editor.modes, SelectMode::Select), 0x8000000FU);
