@@ -4,6 +4,7 @@
 
 #include "edit/commands/drag_transforms.h"
 #include "edit/transforms.h"
+#include "editor/way_back.h"
 #include "faults.h"
 #include "model/commands/merge_geoset.h"
 #include "model_flow.h"
@@ -14,8 +15,20 @@ namespace {
 using faults::FailingMemory;
 using Names = std::vector<std::string>;
 
+// Takes what commands keep, for which memory may run out like for all else.
+class ForgetfulWayBack : public WayBack {
+public:
+    void keep(Snapshot /*snapshot*/, KeptBecause /*because*/) override {}
+    void keepReplaced(SharedBase /*text*/, const std::string& /*path*/) override {}
+    void noteSaved() override {}
+};
+
 class MemoryFaultsTest : public ModelFlowTest {
 protected:
+    ForgetfulWayBack wayBack;
+
+    MemoryFaultsTest() { editor.wayBack = &wayBack; }
+
     /// Opens geoset 2 of the model "three.mdl", as it was at first, and moves its first vertex.
     std::string openAndEdit() {
         const std::string path = openNew("three.mdl", modelOf(threeGeosets()), "2");
