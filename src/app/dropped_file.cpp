@@ -1,11 +1,12 @@
 #include "app/dropped_file.h"
 
 #include <QImageReader>
+#include <QStringList>
 #include <QUrl>
-#include <algorithm>
 
 #include "app/system_path.h"
 #include "model/files.h"
+#include "uveditor/commands/texture_commands.h"
 
 namespace corvane {
 
@@ -16,6 +17,15 @@ std::string extensionOf(const std::string& path) {
     const std::size_t dot = path.find_last_of("./");
     if (dot == std::string::npos || path[dot] == '/') return {};
     return QByteArray::fromStdString(path.substr(dot + 1)).toLower().toStdString();
+}
+
+// Whether the dialog that loads a picture lists files with this extension.
+bool isInPictureFilter(const std::string& extension) {
+    const QString pattern = "*." + QString::fromStdString(extension);
+    for (const QString& part : QString(kPictureFilter).split('|')) {
+        if (part.split(';').contains(pattern, Qt::CaseInsensitive)) return true;
+    }
+    return false;
 }
 
 // The one file that is dropped; empty for a folder or what is not there.
@@ -40,9 +50,10 @@ std::string droppedPicture(const QMimeData& data) {
     const std::string path = droppedFile(data);
     const std::string extension = extensionOf(path);
     if (extension.empty()) return {};
-    const QList<QByteArray> known =
-        QImageReader::supportedImageFormats() + QList<QByteArray>{"blp", "dds", "tga"};
-    return known.contains(QByteArray::fromStdString(extension)) ? path : std::string();
+    const QByteArray name = QByteArray::fromStdString(extension);
+    const bool isKnown =
+        isInPictureFilter(extension) || QImageReader::supportedImageFormats().contains(name);
+    return isKnown ? path : std::string();
 }
 
 }  // namespace corvane

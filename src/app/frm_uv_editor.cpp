@@ -62,6 +62,7 @@ void frmUVEditor::layOut() {
     auto* const beside = new QVBoxLayout;
     auto* const scroller = new PanelScroller(central, panel_);
     scroller->setObjectName("panelScroller");
+    scroller->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
     beside->addWidget(scroller);
     beside->addWidget(foot_);
     beside->addStretch();

@@ -50,6 +50,15 @@ void ToolButton::setArrow(Qt::ArrowType arrow) {
     update();
 }
 
+void ToolButton::drawFrame(QPainter& painter, const QColor& colour, int width) const {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, width));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), kCornerRadius,
+                            kCornerRadius);
+    painter.restore();
+}
+
 void ToolButton::paintEvent(QPaintEvent* /*event*/) {
     QStylePainter painter(this);
     QStyleOptionButton option;
@@ -59,6 +68,9 @@ void ToolButton::paintEvent(QPaintEvent* /*event*/) {
         option.state &= ~QStyle::State_On;
         if (!isDown()) option.state |= QStyle::State_Raised;
         painter.drawControl(QStyle::CE_PushButton, option);
+        // A style's frame is a darker shade of the window: on black there is none.
+        const QColor window = palette().color(QPalette::Window);
+        if (window.darker() == window) drawFrame(painter, palette().color(QPalette::ButtonText), 1);
     } else {
         const QColor back = resolved(look_.colour, palette());
         painter.setRenderHint(QPainter::Antialiasing);
@@ -66,9 +78,7 @@ void ToolButton::paintEvent(QPaintEvent* /*event*/) {
         // A white button differs little from a light theme's buttons; its frame tells it apart.
         // A switched-off axis is not told as something that is on.
         const auto frame = look_.look == Look::On ? QPalette::Highlight : QPalette::Mid;
-        painter.setPen(QPen(palette().color(frame), 2));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), kCornerRadius,
-                                kCornerRadius);
+        drawFrame(painter, palette().color(frame), 2);
         painter.setPen(textColourOn(back));
         if (hasFocus()) {
             painter.save();

@@ -38,6 +38,9 @@ protected:
     void nextCheckState() override {}
 
 private:
+    // Filled with the painter's brush; `width` in pixels.
+    void drawFrame(QPainter& painter, const QColor& colour, int width) const;
+
     ButtonLook look_;
     Qt::ArrowType arrow_ = Qt::NoArrow;
 };

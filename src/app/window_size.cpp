@@ -36,7 +36,7 @@ PanelScroller::PanelScroller(QWidget* parent, QWidget* panel) : QScrollArea(pare
     panel->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
     panel->installEventFilter(this);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
 }
 
 QSize PanelScroller::sizeHint() const {

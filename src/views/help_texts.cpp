@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "base/version.h"
-
 namespace corvane {
 
 namespace {

@@ -185,5 +185,22 @@ TEST_F(AccessibilityTest, ModeItemsHaveCheckMarks) {
     EXPECT_EQ(checked(), (QStringList{"mnuDeselect", "mnuRotate"}));
 }
 
+TEST_F(AccessibilityTest, ButtonsHaveAFrameOnABlackWindowToo) {
+    QPalette black;
+    for (const auto role : {QPalette::Window, QPalette::Button, QPalette::Base}) {
+        black.setColor(role, Qt::black);
+    }
+    black.setColor(QPalette::ButtonText, Qt::white);
+    const auto framePixel = [](ToolButton& button) {
+        return button.grab().toImage().pixelColor(button.width() / 2, 1);
+    };
+    button("cmdRotate").setPalette(black);
+    EXPECT_GT(framePixel(button("cmdRotate")).lightness(), 100);
+    QPalette grey = black;
+    grey.setColor(QPalette::Window, QColor(40, 40, 40));
+    button("cmdRotate").setPalette(grey);
+    EXPECT_LT(framePixel(button("cmdRotate")).lightness(), 100) << "the style's own is enough";
+}
+
 }  // namespace
 }  // namespace corvane

@@ -118,6 +118,15 @@ TEST_F(UVWindowLayoutTest, TheWindowFitsOnASmallScreenAndSaveChangesIsAlwaysSeen
     }
 }
 
+TEST_F(UVWindowLayoutTest, SaveChangesStaysBelowThePanelInALargeWindow) {
+    openTextureEditor();
+    const int below = place(uvButton("cmdSaveUVChanges")).top();
+    const int above = place(findUV<QLineEdit>("txtUVY")).bottom();
+    resizeUVWindow(uvWindow().size() + QSize(500, 500));
+    EXPECT_EQ(place(findUV<QLineEdit>("txtUVY")).bottom(), above);
+    EXPECT_LE(place(uvButton("cmdSaveUVChanges")).top(), below);
+}
+
 TEST_F(UVWindowLayoutTest, AllOfThePanelIsSeenWhenTheWindowFirstShows) {
     openTextureEditor();
     EXPECT_FALSE(findUV<PanelScroller>("panelScroller").verticalScrollBar()->isVisible());

@@ -150,6 +150,13 @@ TEST_F(WindowLayoutTest, ThePicturesGrowAlikeWithTheWindow) {
     }
 }
 
+TEST_F(WindowLayoutTest, ThePanelStandsAtTheTopOfALargeWindow) {
+    const QRect first = place("cmdSelect");
+    resizeTo(window->size() + QSize(700, 600));
+    EXPECT_EQ(place("cmdSelect").top(), first.top());
+    EXPECT_EQ(place("cmdSelect").size(), first.size());
+}
+
 TEST_F(WindowLayoutTest, AllOfThePanelIsSeenWhenTheWindowFirstShows) {
     EXPECT_FALSE(find<PanelScroller>("toolScroller").verticalScrollBar()->isVisible());
 }
