@@ -91,6 +91,11 @@ ssize_t writev(int fd, const struct iovec* vectors, int count) {
     return ::syscall(SYS_writev, fd, vectors, count);
 }
 
+ssize_t read(int fd, void* bytes, size_t size) {
+    if (fails(Call::Read)) return -1;
+    return ::syscall(SYS_read, fd, bytes, size);
+}
+
 int fsync(int fd) {
     if (fails(Call::Fsync)) return -1;
     return static_cast<int>(::syscall(SYS_fsync, fd));

@@ -21,6 +21,7 @@ public:
 
 /// The calls that can fail.
 enum class Call {
+    Read,
     Writev,
     Fsync,
     Ftruncate,

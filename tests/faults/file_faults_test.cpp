@@ -103,6 +103,21 @@ TEST_F(FileFaultsTest, TheProgramsOwnFileIsNotMadeWithPermissionsThatAreNotKnown
     expectOld();
 }
 
+TEST_F(FileFaultsTest, AReadThatASignalInterruptsGoesOnAndOneThatFailsSaysSo) {
+    {
+        const FailingCall failing(Call::Read, EINTR, 1, 2);
+        EXPECT_EQ(readModelFile(path).view(), "the old text");
+    }
+    std::string result = "was read";
+    try {
+        const FailingCall failing(Call::Read, EIO, 1, 1);
+        readModelFile(path);
+    } catch (const FileError& error) {
+        result = error.what();
+    }
+    EXPECT_EQ(result, path + ": Input/output error");
+}
+
 TEST_F(FileFaultsTest, ATextThatDoesNotReachTheDiskLeavesTheOldOne) {
     for (const Call call : {Call::Writev, Call::Fsync}) {
         std::string result;

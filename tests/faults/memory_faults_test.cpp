@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "edit/commands/drag_transforms.h"
+#include "edit/commands/tools.h"
 #include "edit/transforms.h"
 #include "editor/way_back.h"
 #include "faults.h"
@@ -211,6 +212,28 @@ TEST_F(MemoryFaultsTest, AMergeIsDoneAsAWholeOrNotAtAll) {
             }
             EXPECT_EQ(modelBytes(), before->modelBytes);
         });
+}
+
+TEST_F(MemoryFaultsTest, WhatWasDeletedCountsThoughItsStepCannotBeRecorded) {
+    int failures = 0;
+    const std::size_t allocations =
+        atEachAllocation([&] { openAndEdit(); },
+                         [&] {
+                             try {
+                                 deleteSelection(editor);
+                             } catch (const std::bad_alloc&) {
+                                 ++failures;
+                             }
+                         },
+                         [&](bool hasFailed) {
+                             EXPECT_TRUE(vertex(1).deleted);
+                             EXPECT_FALSE(vertex(2).deleted);
+                             EXPECT_TRUE(store().isModified());
+                             const std::string step = editor.undo.slots.front().name;
+                             EXPECT_TRUE(step == "Delete" || hasFailed) << step;
+                         });
+    EXPECT_GT(allocations, 0U);
+    EXPECT_GT(failures, 0);
 }
 
 TEST_F(MemoryFaultsTest, AGeosetIsRemovedOrNot) {

@@ -1,11 +1,13 @@
 #include "model/commands/new_model.h"
 
+#include <pwd.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
 
 #include "edit/undo_history.h"
+#include "model/files.h"
 #include "model_flow.h"
 #include "test_commands.h"
 
@@ -113,6 +115,22 @@ TEST_F(NewModelTest, ANameIsProposedThatNoFileHas) {
     openNew("hero.mdl", modelOf({.geosets = {squareAt("1")}}));
     makeNew(std::nullopt);
     EXPECT_EQ(dialogs.last().defaultText, folder.path("untitled-3.mdl"));
+}
+
+// Where the environment names no home, the system's own list of users does.
+TEST_F(NewModelTest, TheHomeOfAUserWithoutTheVariableIsTheSystems) {
+    const char* const home = std::getenv("HOME");
+    const std::string before = home != nullptr ? home : "";
+    const struct passwd* const user = ::getpwuid(::getuid());
+    ASSERT_NE(user, nullptr);
+    const std::string expected = user->pw_dir;
+    ::unsetenv("HOME");
+    EXPECT_EQ(files::homeFolder(), expected);
+    ::setenv("HOME", "", 1);
+    EXPECT_EQ(files::homeFolder(), expected);
+    ::setenv("HOME", "/home/of/mine", 1);
+    EXPECT_EQ(files::homeFolder(), "/home/of/mine");
+    ::setenv("HOME", before.c_str(), 1);
 }
 
 TEST_F(NewModelTest, WithoutAModelTheNameIsProposedInTheHomeFolder) {

@@ -85,6 +85,14 @@ TEST(ScanBlockAt, IsADefaultBlockWhereNoneFollows) {
     }
 }
 
+TEST(ScanBlockAt, PassesOverABraceThatClosesNothing) {
+    const std::string_view text = "}\nGeoset {\n\t}\n";
+    const ModelBlock block = scanBlockAt(text, 0);
+    EXPECT_EQ(block.keyword, "Geoset");
+    EXPECT_EQ(block.begin, 2U);
+    EXPECT_EQ(block.end, text.size());
+}
+
 // A block that may have ended too early is no business of the one alone.
 TEST(ScanBlockAt, KnowsOfNothingAfterTheBlock) {
     const std::string_view text = "Geoset {\n\t}\n\tVertices 1 {\n\t}\n}\n";
