@@ -273,5 +273,22 @@ TEST_F(MouseTest, OtherButtonsLeaveTheSelection) {
     EXPECT_EQ(selection(), (std::vector<bool>{false, true}));
 }
 
+// Zoomed out beyond all measure a drag of a few pixels is no number of model units.
+TEST_F(MouseTest, ADragThatIsNoNumberChangesNothing) {
+    loadVertices({{1, 2, 3}});
+    select({1});
+    for (const bool vertical : {false, true}) {
+        for (const MouseButton button : {MouseButton::Left, MouseButton::Other}) {
+            editor.views[View::Front].zoom = 1e-320;
+            mouseDown(editor, View::Front, kPictureWidth / 2, kPictureHeight / 2);
+            mouseUp(editor, View::Front, button, kPictureWidth / 2 + (vertical ? 0 : 10),
+                    kPictureHeight / 2 + (vertical ? 10 : 0));
+            EXPECT_EQ(vertex(1).pos, (Triple{1, 2, 3}));
+            EXPECT_TRUE(vertex(1).selected);
+            EXPECT_FALSE(editor.undo.slots.front().valid);
+        }
+    }
+}
+
 }  // namespace
 }  // namespace corvane
