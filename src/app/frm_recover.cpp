@@ -24,14 +24,7 @@ QString qt(const std::string& text) { return QString::fromStdString(text); }
 
 // A name for a copy that does not stand there yet.
 std::string copyPath(const std::string& modelPath) {
-    const QFileInfo model(qt(modelPath));
-    QString path;
-    for (int number = 1; path.isEmpty() || QFileInfo::exists(path); ++number) {
-        const QString suffix = number == 1 ? QString() : QString::number(number);
-        path =
-            model.absolutePath() + '/' + model.completeBaseName() + "-recovered" + suffix + ".mdl";
-    }
-    return path.toStdString();
+    return freePath(folderOf(modelPath), stemOf(modelPath) + "-recovered", ".mdl");
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "app/picture_file.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QImageReader>
 #include <QLocale>
 #include <algorithm>
@@ -9,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "model/files.h"
 #include "textures/jpeg_marks.h"
 #include "textures/texture.h"
 
@@ -151,14 +151,27 @@ PictureFile textureIn(std::string_view bytes) {
     }
 }
 
-PictureFile pictureIn(QFile& file) {
-    if (!file.open(QIODevice::ReadOnly)) return refused(file.errorString());
-    if (file.size() > kLargestPictureFile) {
-        return refused(QFile::tr("has %1, more than %2")
-                           .arg(bytesText(file.size()), bytesText(kLargestPictureFile)));
+PictureFile refused(std::error_code error) {
+    return refused(QString::fromStdString(error.message()));
+}
+
+PictureFile pictureIn(files::File& file, const files::Status& status) {
+    const auto size = static_cast<qsizetype>(status.stamp.size);
+    if (size > kLargestPictureFile) {
+        return refused(
+            QFile::tr("has %1, more than %2").arg(bytesText(size), bytesText(kLargestPictureFile)));
     }
-    const QByteArray bytes = file.read(file.size());  // no further if it grows meanwhile
-    if (file.error() != QFile::NoError) return refused(file.errorString());
+    QByteArray bytes(size, Qt::Uninitialized);
+    qsizetype got = 0;
+    std::error_code error;
+    while (got < size) {  // no further if it grows meanwhile
+        const std::span<char> rest(bytes.data() + got, static_cast<std::size_t>(size - got));
+        const std::size_t read = file.read(rest, error);
+        if (error) return refused(error);
+        if (read == 0) break;
+        got += static_cast<qsizetype>(read);
+    }
+    bytes.truncate(got);
 
     const std::string_view content(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     if (isTexture(content)) return textureIn(content);
@@ -172,14 +185,16 @@ PictureFile pictureIn(QFile& file) {
 
 }  // namespace
 
+// The path goes to the system as it is: Qt finds no file whose name is not UTF-8.
 PictureFile readPicture(const std::string& path) {
-    QFile file(QString::fromStdString(path));
-    const QFileInfo info(file);
-    if (info.isDir()) return refused(QFile::tr("is a folder"));
-    // Reading a pipe may wait for ever.
-    if (info.exists() && !info.isFile()) return refused(QFile::tr("is not a file"));
+    std::error_code error;
+    files::File file = files::File::toRead(path, error);  // does not wait for a pipe's writer
+    const std::optional<files::Status> status = error ? std::nullopt : file.status(error);
+    if (!status) return refused(error);
+    if (status->kind == files::Kind::Folder) return refused(QFile::tr("is a folder"));
+    if (status->kind != files::Kind::Regular) return refused(QFile::tr("is not a file"));
     try {
-        return pictureIn(file);
+        return pictureIn(file, *status);
     } catch (const std::bad_alloc&) {
         return refusedForMemory();
     }

@@ -71,6 +71,11 @@ std::string entryJson(const KeptEntry& entry) {
                      {"digest", qt(entry.digest)},
                      {"asked", entry.asked},
                      {"opened", entry.opened}};
+    // Characters hold no path that is not UTF-8.
+    if (qt(entry.modelPath).toStdString() != entry.modelPath) {
+        json["modelBytes"] =
+            QString::fromLatin1(QByteArray::fromStdString(entry.modelPath).toHex());
+    }
     if (entry.stamp) {
         json["stamp"] = QJsonArray{text(static_cast<std::int64_t>(entry.stamp->device)),
                                    text(static_cast<std::int64_t>(entry.stamp->inode)),
@@ -90,6 +95,10 @@ std::optional<KeptEntry> entryFromJson(const std::string& name, std::string_view
     const std::optional<std::int64_t> order = numberFrom(object["order"]);
     KeptEntry entry;
     entry.modelPath = object["model"].toString().toStdString();
+    if (object.contains("modelBytes")) {
+        entry.modelPath =
+            QByteArray::fromHex(object["modelBytes"].toString().toLatin1()).toStdString();
+    }
     entry.run = object["run"].toString().toStdString();
     if (reason == kReasons.end() || !time || !order || entry.modelPath.empty() ||
         entry.run.empty()) {

@@ -137,7 +137,7 @@ TEST_F(KeepingTest, ACopyTakesNoNameThatExists) {
     choose("mnuRecover");
     dialogs.files = {folder.path("copy.mdl")};
     recoverButton("cmdRecoverCopy").click();
-    EXPECT_EQ(dialogs.last().defaultText, folder.path("hero-recovered2.mdl"));
+    EXPECT_EQ(dialogs.last().defaultText, folder.path("hero-recovered-2.mdl"));
     EXPECT_EQ(readFile(folder.path("copy.mdl")), newest());
     dialogs.files = {folder.path("missing/copy.mdl")};
     recoverButton("cmdRecoverCopy").click();

@@ -356,5 +356,12 @@ TEST_F(KeeperTest, TheLatestIsTheNewestWhicheverProgramKeptIt) {
     EXPECT_EQ(models().front(), triangleAt(5));
 }
 
+TEST_F(KeeperTest, APathThatIsNotUTF8ComesBackByteForByte) {
+    const std::string path = "/models/h\xE9ros.mdl";
+    makeKeeper()->keep(editedTo(1, path), KeptBecause::Closed);
+    ASSERT_EQ(makeKeeper()->offered().size(), 1U);
+    EXPECT_EQ(makeKeeper()->offered().at(0).modelPath, path);
+}
+
 }  // namespace
 }  // namespace corvane
