@@ -31,6 +31,10 @@ bool isEntryName(std::string_view name) {
            name.find_first_not_of("0123456789", kRunDigits + 1) == std::string_view::npos;
 }
 
+std::string pathIn(const std::string& folder, const std::string& name) {
+    return folder + '/' + name;
+}
+
 // A file's name, parted before the last period.
 struct FileName {
     std::string stem;
@@ -157,7 +161,7 @@ private:
 // Half entries, locks and files that never took their place.
 void removeLeftovers(const std::string& folder, const Pruner& pruner) {
     for (const std::string& file : files::namesIn(folder, "")) {
-        const std::string path = folder + '/' + file;
+        const std::string path = pathIn(folder, file);
         if (ageOf(path) <= kLeftoverAge) continue;
         const auto [name, extension] = FileName(file);
         if (extension == ".tmp" && name.starts_with(".corvane-")) {
