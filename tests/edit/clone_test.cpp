@@ -1,8 +1,14 @@
 #include "edit/clone.h"
 
+#include <functional>
+#include <utility>
+#include <vector>
+
 #include "edit/commands/drag_transforms.h"
+#include "edit/commands/tools.h"
 #include "edit/selection.h"
 #include "edit/transforms.h"
+#include "test_commands.h"
 #include "tool_fixture.h"
 #include "views/commands/view_commands.h"
 #include "views/tool_modes.h"
@@ -187,6 +193,26 @@ TEST_F(CloneTest, EachOfTwoCloningsIsUndoneByItself) {
     undoLast(editor);
     expectGeoset(between);
     expectUndoneTo(before);
+}
+
+TEST_F(CloneTest, TheUndoOfEachTransformEndsCloneModeAndNoOtherDoes) {
+    double angle = 30;
+    const std::vector<std::pair<std::function<void()>, bool>> edits = {
+        {[&] {
+             moveSelection(editor, {1, 2, 3});
+         },
+         false},
+        {[&] { scaleSelection(editor, 10, 5); }, false},
+        {[&] { rotateSelection(editor, angle, Axis::Y); }, false},
+        {[&] { deleteSelection(editor); }, true}};
+    for (const auto& [edit, staysOn] : edits) {
+        select({1, 2, 3});
+        edit();
+        editor.modes.cloneMode = true;
+        undoLast(editor);
+        EXPECT_EQ(editor.modes.cloneMode, staysOn);
+        editor.modes.cloneMode = false;
+    }
 }
 
 TEST_F(CloneTest, WithNothingSelectedTheTransformChangesNothingButRecordsTheStep) {
