@@ -1,6 +1,5 @@
 #include "app/auto_keep.h"
 
-#include <array>
 #include <new>
 #include <utility>
 
