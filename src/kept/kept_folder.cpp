@@ -215,7 +215,8 @@ std::vector<KeptEntry> readEntries(const std::string& folder) {
 
 void writeEntry(const std::string& folder, const KeptEntry& entry,
                 std::span<const std::string_view> pieces, const std::string& permissionsOf) {
-    replaceFile(keptModelPath(folder, entry.name), pieces, {.permissionsOf = permissionsOf});
+    replaceFile(keptModelPath(folder, entry.name), pieces,
+                {.readSoon = false, .permissionsOf = permissionsOf});
     try {
         writeEntryJson(folder, entry, permissionsOf);
     } catch (...) {

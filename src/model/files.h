@@ -120,6 +120,10 @@ public:
     /// Waits until the disk holds what was written.
     std::error_code flush() noexcept;
 
+    /// Gives back the memory in which the system holds what was flushed, for nobody will read it
+    /// soon.
+    void forget() noexcept;
+
     /// Gives the file the owner and the permissions of another one; `addWriting` lets its owner
     /// write it in any case. An owner that the user may not give away stays; on a file system
     /// without permissions of its own there are none to give.

@@ -241,6 +241,12 @@ std::error_code File::setSize(std::size_t size) noexcept {
 
 std::error_code File::flush() noexcept { return errorUnless(::fsync(descriptor(handle_)) == 0); }
 
+void File::forget() noexcept {
+#ifdef POSIX_FADV_DONTNEED
+    ::posix_fadvise(descriptor(handle_), 0, 0, POSIX_FADV_DONTNEED);
+#endif
+}
+
 std::error_code File::takeOver(const Status& from, bool addWriting) noexcept {
     const int fd = descriptor(handle_);
     // Only a privileged process may change the owner; elsewhere the file belongs to the user who

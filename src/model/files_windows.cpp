@@ -351,6 +351,9 @@ std::error_code File::flush() noexcept {
     return errorUnless(::FlushFileBuffers(handleOf(handle_)) != 0);
 }
 
+// Windows has no such advice.
+void File::forget() noexcept {}
+
 std::error_code File::takeOver(const Status& from, bool addWriting) noexcept {
     DWORD wanted = from.permissions;
     if (addWriting) wanted &= ~DWORD{FILE_ATTRIBUTE_READONLY};

@@ -165,7 +165,7 @@ ModelText joinedText(const std::string& path, std::span<const std::string_view> 
 
 PendingFile::PendingFile(std::string path, std::span<const std::string_view> pieces,
                          const ReplaceOptions& options)
-    : path_(std::move(path)), flushToDisk_(options.flushToDisk) {
+    : path_(std::move(path)), flushToDisk_(options.flushToDisk), readSoon_(options.readSoon) {
     try {
         prepare(pieces, options);
     } catch (const FileError& error) {
@@ -224,6 +224,7 @@ files::File PendingFile::createBeside(const char* ending, bool secret, std::stri
 FileStamp PendingFile::write(std::span<const std::string_view> pieces, files::File& file) {
     check(path_, file.write(pieces));
     if (flushToDisk_) check(path_, file.flush());
+    if (!readSoon_) file.forget();
     std::error_code error;
     const std::optional<files::Status> status = file.status(error);
     if (!status) throw FileError(path_, error);

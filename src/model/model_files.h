@@ -59,6 +59,9 @@ ModelText joinedText(const std::string& path, std::span<const std::string_view> 
 struct ReplaceOptions {
     /// Wait until the disk holds the file, so that it survives a loss of power.
     bool flushToDisk = true;
+    /// Whether somebody may read the file before long. A large file that nobody reads would take
+    /// the system's memory away from the files that are worked on.
+    bool readSoon = true;
     /// The file is the program's own: replace it whatever its permissions say, and take those of
     /// this file, with writing by the owner added. Empty for a file of the user's.
     std::string permissionsOf;
@@ -102,6 +105,7 @@ private:
     std::string side_;    // the file beside it; empty when there is none
     std::string former_;  // the file with the former text; empty when there is none
     bool flushToDisk_;
+    bool readSoon_;
     bool inPlace_ = false;
     FileStamp stamp_;
 };
