@@ -97,6 +97,8 @@ QString sizeText(QSize size) {
 
 QString bytesText(qint64 bytes) { return QLocale::c().formattedDataSize(bytes); }
 
+QString noMemory() { return QFile::tr("needs more memory than there is"); }
+
 // What a decoder made of a file's bytes, or the reason why it is no use.
 struct Decoded {
     QImage image;
@@ -115,8 +117,14 @@ Decoded decoded(const QByteArray& bytes) {
     const QByteArray format = reader.format();
     source.forgetReads();
     const JpegComplaints complaints;
+    const QImage::Format pixels = reader.imageFormat();
     const QImage image = reader.read();
-    if (image.isNull()) return {{}, reader.errorString()};
+    if (image.isNull()) {
+        // Qt's decoders call a lack of memory an error of the file.
+        const bool isKnown = size.isValid() && pixels != QImage::Format_Invalid;
+        const bool hadRoom = !isKnown || !QImage(size, pixels).isNull();
+        return {{}, hadRoom ? reader.errorString() : noMemory()};
+    }
     if (isCutOff(format, bytes, source, complaints)) {
         return {{}, QFile::tr("ends before its picture does")};
     }
@@ -125,7 +133,7 @@ Decoded decoded(const QByteArray& bytes) {
 
 PictureFile refused(const QString& reason) { return {.image = {}, .error = reason.toStdString()}; }
 
-PictureFile refusedForMemory() { return refused(QFile::tr("needs more memory than there is")); }
+PictureFile refusedForMemory() { return refused(noMemory()); }
 
 // A texture's pixels as an image, which owns them from here on. Without transparency.
 QImage imageOf(Texture texture) {
