@@ -83,6 +83,10 @@ TEST(RefusedGeoset, HasANormalOrTextureFieldThatIsNoNumber) {
               "hero.mdl, line 8: \"x\" is not a number.");
     EXPECT_EQ(readingError(geosetWith("\tTVertices 2 {\n\t\t{ 1.2.3, 0 },\n\t}\n")),
               "hero.mdl, line 7: \"1.2.3\" is not a number.");
+    EXPECT_EQ(readingError(geosetWith("\tNormals 2 {\n\t\t{ , 0, 1 },\n\t}\n")),
+              "hero.mdl, line 7: \"\" is not a number.");
+    EXPECT_EQ(readingError(geosetWith("\tTVertices 2 {\n\t\t{ 0, - },\n\t}\n")),
+              "hero.mdl, line 7: \"-\" is not a number.");
 }
 
 TEST(RefusedGeoset, HasAVertexGroupThatIsNoWholeNumber) {
