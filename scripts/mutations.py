@@ -23,6 +23,8 @@ NO_STATEMENT = {"return", "if", "for", "while", "do", "switch", "case", "default
                 "continue", "throw", "try", "catch", "using", "namespace", "struct", "class",
                 "enum", "template", "const", "constexpr", "static", "auto", "typename", "public",
                 "private", "protected", "friend", "inline", "static_assert"}
+# What is the same as {} wherever it can be returned.
+NOTHING = {"{}", "false", "0", "nullptr", "std::nullopt"}
 # What signals processes or ends them is left as it is: a change there may reach others.
 LEFT_ALONE = re.compile(r"::kill\(|::_exit\(|::abort\(")
 
@@ -159,7 +161,7 @@ class Finder:
         while end < len(self.tokens) and self.tokens[end].text != ";":
             end = partner(self.tokens, end) + 1 if self.tokens[end].text in "([{" else end + 1
         begin, stop = self.tokens[i].end, self.tokens[min(end, len(self.tokens) - 1)].begin
-        if self.text[begin:stop].strip() not in ("", "{}", "false", "true", "0"):
+        if self.text[begin:stop].strip() not in NOTHING | {"", "true"}:
             self.add(begin, stop, " {}", "returns {}")
 
     def starts_statement(self, i):

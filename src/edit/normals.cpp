@@ -26,7 +26,7 @@ public:
         : geoset_(geoset), ids_(ids), begin_(geoset.Vertices.size() + 1) {
         forEachPosition([&](std::uint32_t id, std::size_t) { ++begin_[id + 1]; });
         for (std::size_t id = 1; id < begin_.size(); ++id) begin_[id] += begin_[id - 1];
-        std::vector<std::size_t> next(begin_.begin(), begin_.end() - 1);
+        std::vector<std::size_t> next = begin_;
         faces_.resize(begin_.back());
         forEachPosition([&](std::uint32_t id, std::size_t face) { faces_[next[id]++] = face; });
     }

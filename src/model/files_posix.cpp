@@ -97,8 +97,8 @@ std::vector<std::string> namesIn(const std::string& folder, std::string_view beg
     const auto close = [](DIR* open) { ::closedir(open); };
     const std::unique_ptr<DIR, decltype(close)> open(
         ::opendir(folder.empty() ? "." : folder.c_str()), close);
+    if (open == nullptr) return {};
     std::vector<std::string> names;
-    if (open == nullptr) return names;
     while (const struct dirent* const entry = ::readdir(open.get())) {
         const std::string_view name(entry->d_name);
         if (name.starts_with(beginning)) names.emplace_back(name);

@@ -41,7 +41,8 @@ struct UVState {
     std::size_t same = 0;
     bool undone = false;   ///< Undo took coordinates back that Save Changes had written
     bool unsaved = false;  ///< coordinates were changed that Save Changes has not written yet
-    /// The coordinates as Save Changes last wrote them to the geoset; empty after a hand-over.
+    /// The coordinates as Save Changes last wrote them to the mesh `savedTo`, or as they were taken
+    /// from it since.
     std::vector<double> savedU{};
     std::vector<double> savedV{};
 

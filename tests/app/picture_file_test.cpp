@@ -192,7 +192,7 @@ TEST_F(PictureFileTest, APictureForWhichThereIsNoMemoryIsRefused) {
     ASSERT_TRUE(large.save(QString::fromStdString(path)));
     large = QImage();
     // The file and what it holds take 64 MiB each, its pixels with 4 bytes each 256 MiB.
-    for (const rlim_t room : {rlim_t{32}, rlim_t{200}}) {
+    for (const rlim_t room : {rlim_t{32}, rlim_t{96}, rlim_t{200}}) {
         const ChildResult child = inForkedChild([&]() -> std::string {
             limitMemory(room);
             const PictureFile picture = readPicture(path);

@@ -83,6 +83,10 @@ TEST(RefusedGeoset, HasANormalOrTextureFieldThatIsNoNumber) {
               "hero.mdl, line 8: \"x\" is not a number.");
     EXPECT_EQ(readingError(geosetWith("\tTVertices 2 {\n\t\t{ 1.2.3, 0 },\n\t}\n")),
               "hero.mdl, line 7: \"1.2.3\" is not a number.");
+    EXPECT_EQ(readingError(geosetWith("\tNormals 2 {\n\t\t{ , 0, 1 },\n\t}\n")),
+              "hero.mdl, line 7: \"\" is not a number.");
+    EXPECT_EQ(readingError(geosetWith("\tTVertices 2 {\n\t\t{ 0, - },\n\t}\n")),
+              "hero.mdl, line 7: \"-\" is not a number.");
 }
 
 TEST(RefusedGeoset, HasAVertexGroupThatIsNoWholeNumber) {
@@ -327,6 +331,38 @@ TEST(RefusedGeoset, IsNamedByItsPlaceInTheWholeFile) {
     EXPECT_EQ(readingError(good + vertexRow("\t\t{ 1, abc, 3 },") + good, 2),
               "hero.mdl, line 10: \"abc\" is not a number.");
     EXPECT_EQ(readingError(good + vertexRow("\t\t{ 1, abc, 3 },") + good, 3), "was read");
+}
+
+TEST(RefusedGeoset, HasBracesWhereANumberBelongs) {
+    EXPECT_EQ(readingError(vertexRow("\t\t{ 1, { 2 }, 3 },")),
+              "hero.mdl, line 4: \"{ 2 }\" is not a number.");
+    EXPECT_EQ(readingError(vertexRow("\t\t{ 1, 2, { 3 } },")),
+              "hero.mdl, line 4: \"{ 3\" is not a number.");
+    EXPECT_EQ(readingError(vertexRow("\t\t{ 1, 2, 3 4, },")),
+              "hero.mdl, line 4: \"3 4\" is not a number.");
+    EXPECT_EQ(readingError(geosetWith("\tVertexGroup {\n\t\t0,\n\t\t1 { 2 },\n\t}\n")),
+              "hero.mdl, line 8: \"\t\t1 { 2 },\" is not a vertex group and a comma.");
+    EXPECT_EQ(readingError(geosetWithIndices("\t\t\t{ 0, { 1 }, 0 },\n")),
+              "hero.mdl, line 8: \"{ 1\" is not a vertex index.");
+    EXPECT_EQ(readingError(geosetWithIndices("\t\t\t{ 0, 1 { 1 }, 0 },\n")),
+              "hero.mdl, line 8: \"1 { 1\" is not a vertex index.");
+    EXPECT_EQ(readingError(geosetWith("\tGroups 1 1 {\n\t\tMatrices { 0 { 1 } },\n\t}\n")),
+              "hero.mdl, line 7: \"\t\tMatrices { 0 { 1 } },\" is not a matrix group.");
+}
+
+TEST(RefusedGeoset, HasAGroupWithoutItsOpeningBrace) {
+    EXPECT_EQ(readingError(geosetWith("\tFaces 1 3 {\n\t\tTriangles 0, 1, 0,\n\t}\n")),
+              "hero.mdl, line 6: no \"Triangles {\" follows; only triangles can be edited.");
+    EXPECT_EQ(readingError(geosetWith("\tFaces 2 6 {\n"
+                                      "\t\tTriangles {\n"
+                                      "\t\t\t{ 0, 1, 0 },\n"
+                                      "\t\t}\n"
+                                      "\t\tTriangles 0, 1, 0,\n"
+                                      "\t}\n")),
+              "hero.mdl, line 10: \"\t\tTriangles 0, 1, 0,\" is not a group of triangles, and only "
+              "triangles can be edited.");
+    EXPECT_EQ(readingError(geosetWith("\tGroups 1 1 {\n\t\tMatrices 0,\n\t}\n")),
+              "hero.mdl, line 7: \"\t\tMatrices 0,\" is not a matrix group.");
 }
 
 }  // namespace

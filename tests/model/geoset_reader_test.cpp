@@ -357,5 +357,24 @@ TEST(ParseGeoset, KeepsAMatrixIndexOfMinusOneAsAnUnusedRow) {
     EXPECT_EQ(geoset.matrixGroups, (std::vector<MatrixGroup>{kUnusedGroup}));
 }
 
+TEST(ParseGeoset, PassesCommentsInAMatrixGroup) {
+    const Geoset geoset = readGeoset(geosetWith(1,
+                                                "\tGroups 1 2 {\n"
+                                                "\t\tMatrices { 3 // the hand, and its\n"
+                                                "\t\t, 4 // fingers\n"
+                                                "\t\t},\n"
+                                                "\t}\n"));
+    MatrixGroup group = kUnusedGroup;
+    group[0] = 3;
+    group[1] = 4;
+    EXPECT_EQ(geoset.matrixGroups, std::vector<MatrixGroup>{group});
+}
+
+TEST(ParseGeoset, ReadsVertexGroupsUpToTheClosingBrace) {
+    const Geoset geoset = readGeoset(geosetWith(2, "\tVertexGroup { 5, 7 }\n"));
+    EXPECT_EQ(geoset.Vertices[0].group, 5);
+    EXPECT_EQ(geoset.Vertices[1].group, 7);
+}
+
 }  // namespace
 }  // namespace corvane

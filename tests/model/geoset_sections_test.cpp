@@ -306,6 +306,10 @@ TEST(WritesTheSame, TellsGeosetsApartByAllThatIsWritten) {
         EXPECT_TRUE(differsIn([&](VertexRecord& vertex) { vertex.normal[slot] += 0.01; })) << slot;
         EXPECT_FALSE(differsIn([&](VertexRecord& vertex) { vertex.normal[slot] += 1e-12; }));
     }
+    // Positions are written with 15 digits.
+    geoset.Vertices[1].pos[0] = 100;
+    EXPECT_FALSE(differsIn([](VertexRecord& vertex) { vertex.pos[0] = std::nextafter(100, 101); }));
+    EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.pos[0] += 1e-12; }));
     EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.tu += 0.01; }));
     EXPECT_TRUE(differsIn([](VertexRecord& vertex) { vertex.tv += 0.01; }));
     EXPECT_FALSE(differsIn([](VertexRecord& vertex) { vertex.tu += 1e-12; }));

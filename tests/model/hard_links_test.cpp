@@ -7,6 +7,7 @@
 
 #include <array>
 #include <csignal>
+#include <optional>
 
 #include "editor_fixture.h"
 #include "forked_child.h"
@@ -63,6 +64,19 @@ TEST_F(HardLinksTest, NothingChangesBeforeTheCommit) {
     }
     EXPECT_EQ(readFile(path), "the old text");
     EXPECT_EQ(folder.names(), (Names{"hero.mdl", "other.mdl"}));
+}
+
+// The names beside the file are free after the commit, and the next save takes them.
+TEST_F(HardLinksTest, ASaveThatIsDoneLeavesTheNextOneAlone) {
+    const std::string third = folder.path("third.mdl");
+    std::optional<PendingFile> done;
+    done.emplace(path, std::array<std::string_view, 1>{"new"});
+    done->commit();
+    PendingFile next(third, std::array<std::string_view, 1>{"next"});
+    done.reset();
+    next.commit();
+    EXPECT_EQ(readFile(third), "next");
+    EXPECT_EQ(readFile(other), "new");
 }
 
 TEST_F(HardLinksTest, AFileThroughASymbolicLinkKeepsThemToo) {

@@ -160,5 +160,15 @@ TEST_F(LeftoversTest, WhatAnOldInterruptedSaveHeldBeforeIsToldOf) {
     EXPECT_NE(dialogs.asked[1].text.find("-0.former"), std::string::npos) << dialogs.asked[1].text;
 }
 
+// Where a container runs nothing else, the program is its first process.
+TEST_F(LeftoversTest, WhatAnOldInterruptedSaveOfTheFirstProcessHeldBeforeIsToldOf) {
+    leave(".corvane-1-0.former");
+    folder.write("hero.mdl", modelOf({.geosets = {squareAt("1")}}));
+    open(folder.path("hero.mdl"));
+    ASSERT_EQ(dialogs.asked.size(), 2U);
+    EXPECT_NE(dialogs.asked[1].text.find(".corvane-1-0.former"), std::string::npos)
+        << dialogs.asked[1].text;
+}
+
 }  // namespace
 }  // namespace corvane

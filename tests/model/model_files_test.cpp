@@ -3,11 +3,13 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <new>
 
 #include "editor_fixture.h"
 #include "forked_child.h"
@@ -94,6 +96,27 @@ TEST(ReadModelFile, RefusesAFileThatIsTooLarge) {
     // A hole: it takes no room on the disk.
     ASSERT_EQ(::truncate(path.c_str(), (1 << 30) + 1), 0);
     EXPECT_EQ(readingResult(path), path + ": larger than 1024 MiB");
+}
+
+// Not because of its size, at least.
+TEST(ReadModelFile, TakesAFileThatIsJustNotTooLarge) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer ends a program that has no memory left";
+#endif
+    const TempFolder folder;
+    const std::string path = folder.write("hero.mdl", "");
+    ASSERT_EQ(::truncate(path.c_str(), 1 << 30), 0);
+    const ChildResult child = inForkedChild([&]() -> std::string {
+        // For a gigabyte there is no room, and reading it would take long.
+        const rlimit limit = {.rlim_cur = rlim_t{1} << 30U, .rlim_max = rlim_t{1} << 30U};
+        if (::setrlimit(RLIMIT_AS, &limit) != 0) return "no limit";
+        try {
+            return readingResult(path);
+        } catch (const std::bad_alloc&) {
+            return "no memory";
+        }
+    });
+    EXPECT_EQ(child.said, "no memory");
 }
 
 // A file that yields more than its size says has grown. These always do.

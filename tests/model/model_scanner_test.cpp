@@ -67,6 +67,16 @@ TEST(ScanGeosets, TakesTheKeywordInAnyLayout) {
     }
 }
 
+TEST(ScanGeosets, BeginsWithTheIndentationOfItsLine) {
+    for (const std::string indentation : {"", "\t", " \t", "    "}) {
+        const std::string text = indentation + "Geoset {\n}\n";
+        const std::vector<GeosetBlock> blocks = scanGeosets(text + text);
+        ASSERT_EQ(blocks.size(), 2U);
+        EXPECT_EQ(blocks[0].begin, 0U);
+        EXPECT_EQ(blocks[1].begin, text.size());
+    }
+}
+
 TEST(ScanGeosets, FindsTheEndByItsBracesWhereLinesAreNotIndented) {
     const std::string_view text =
         "Geoset {\n"

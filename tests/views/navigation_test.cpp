@@ -1,5 +1,7 @@
 #include "views/navigation.h"
 
+#include <limits>
+
 #include "drawn_text.h"
 #include "editor/run_edit.h"
 #include "editor_fixture.h"
@@ -65,6 +67,21 @@ TEST_F(NavigationTest, AFittedViewOfNothingIsTheFirstOne) {
     EXPECT_EQ(fitted(store(), axesOf(View::Front), 100, 100).zoom, 20);
     loadVertices({{1e308, -1e308, 1e308}, {-1e308, 1e308, -1e308}});
     EXPECT_EQ(fitted(store(), axesOf(View::Front), 100, 100).zoom, 20);
+}
+
+// A vertex that no picture can show leaves the others in it.
+TEST_F(NavigationTest, AFittedViewPassesOverWhatIsNoNumber) {
+    constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+    constexpr double kInfinite = std::numeric_limits<double>::infinity();
+    const ViewAxes axes = axesOf(View::Front);
+    loadVertices({{-3, -4, -5}, {30, 40, 50}});
+    const ViewState plain = fitted(store(), axes, 300, 200);
+    loadVertices({{-3, -4, -5}, {kNone, kNone, kNone}, {30, 40, 50}, {kInfinite, 1, -kInfinite}});
+    expectState(fitted(store(), axes, 300, 200), plain.zoom, plain.panX, plain.panY);
+    loadVertices({{kNone, kNone, kNone}});
+    expectState(fitted(store(), axes, 300, 200), 20, 0, 0);
+    vertex(1).pos[slotOf(axes.horizontal)] = 7;  // and none upwards
+    expectState(fitted(store(), axes, 300, 200), 20, 0, 0);
 }
 
 TEST_F(NavigationTest, ZoomingOutScalesZoomAndPanOfItsViewOnly) {

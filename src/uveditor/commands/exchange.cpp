@@ -171,8 +171,6 @@ void getArray(UVEditor& uv, const Editor& editor, UVData data) {
     uv.data = std::move(data);
     uv.dataReceived = true;
     uv.unsaved = false;
-    uv.savedU.clear();
-    uv.savedV.clear();
     uv.window.updateButtons();
     refreshPicture(uv, editor);
     redraw(uv);
