@@ -107,7 +107,9 @@ void AutoKeep::keepOwn(KeptBecause because, bool inMemory) {
     const KeptBecause goingOn = inMemory ? KeptBecause::Editing : KeptBecause::TextureEditing;
     const bool has = inMemory ? isUnsaved() : unsavedTexture(false) != nullptr;
     State now = state(inMemory);
-    if (!has || (now == ownKept_[goingOn] && keeper_.isWorking())) {
+    const bool isThere = has && now == ownKept_[goingOn].state && keeper_.isWorking() &&
+                         keeper_.isStillThere(ownKept_[goingOn].because);
+    if (!has || isThere) {
         if (keeper_.holds(goingOn)) keeper_.noteSettled(goingOn);
         return;
     }
@@ -117,7 +119,7 @@ void AutoKeep::keepOwn(KeptBecause because, bool inMemory) {
             keeper_.keep(*std::move(removal), because);
         }
     }
-    ownKept_[goingOn] = std::move(now);
+    ownKept_[goingOn] = {std::move(now), because};
 }
 
 void AutoKeep::keepNow(KeptBecause because) {

@@ -57,6 +57,12 @@ private:
         bool operator==(const State&) const = default;
     };
 
+    // What an entry of its own holds.
+    struct OwnEntry {
+        State state;
+        KeptBecause because = KeptBecause::Closed;
+    };
+
     // The texture editor where it has coordinates that Save Changes has not written, of the mesh in
     // memory or of one that was there before; else null.
     const UVEditor* unsavedTexture(bool inMemory) const;
@@ -73,7 +79,7 @@ private:
     bool ended_ = false;
     // By the two kinds of edits that go on: in their entries, and in entries of their own.
     std::map<KeptBecause, State> editsKept_;
-    std::map<KeptBecause, State> ownKept_;
+    std::map<KeptBecause, OwnEntry> ownKept_;
 };
 
 }  // namespace corvane

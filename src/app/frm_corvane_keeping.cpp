@@ -45,8 +45,9 @@ void frmCorvane::showKeepingState(const QString& failure) {
     // An "&" of the reason is no mnemonic.
     item->setText(tr("&Recover (not kept: %1)...").arg(QString(failure).replace('&', "&&")));
     autoKeep_->noteState();
-    // Whether or not tips are switched on.
-    txtTips_->setText(tr("What is not saved cannot be kept for File, Recover: %1").arg(failure));
+    // Whether or not tips are switched on. A notice stays until it is settled.
+    const QString text = tr("What is not saved cannot be kept for File, Recover: %1").arg(failure);
+    txtTips_->setText(notice_.isEmpty() ? text : notice_ + "\n\n" + text);
     txtTips_->setCursorPosition(0);
 }
 
@@ -68,11 +69,18 @@ bool frmCorvane::mayClose() {
     } catch (const std::bad_alloc&) {
         reason = "There is not enough memory";
     }
-    return reason.empty() || !autoKeep_->hasUnsaved() ||
-           editor_.dialogs.yesNo(kWarningCaption,
-                                 "There are edits that no save has written, and they could not be "
-                                 "kept for File, Recover:\n" +
-                                     reason + "\n\nClose all the same, and lose them?");
+    if (reason.empty()) return true;
+    std::string what;
+    if (autoKeep_->hasUnsaved()) {
+        what = "There are edits that no save has written, and they";
+    } else if (keeper_->hasToRetry()) {
+        what = "Edits that were dropped, or texts that were replaced,";
+    } else {
+        return true;
+    }
+    return editor_.dialogs.yesNo(kWarningCaption, what + " could not be kept for File, Recover:\n" +
+                                                      reason +
+                                                      "\n\nClose all the same, and lose them?");
 }
 
 void frmCorvane::endInOrder() {
@@ -109,24 +117,33 @@ bool frmCorvane::openKeptEntry(const KeptEntry& entry) {
         return false;
     }
     // First: what opening drops would not survive an end of the program while it asks something.
+    keeper_->spare(entry.name);
     if (before) keeper_->keep(*before, KeptBecause::AnotherOpened);
+    if (std::optional<Snapshot> removal = unsavedRemoval(editor_.store)) {
+        keeper_->keep(*std::move(removal), KeptBecause::AnotherOpened);
+    }
     if (!openKept(editor_, kept)) return false;
     // The entry may go when the limits are reached once another one holds the same.
     autoKeep_->keepEdits();
     keeper_->finish();
-    if (keeper_->isWorking()) keeper_->noteOpened(entry);
+    if (keeper_->isWorking()) {
+        keeper_->noteOpened(entry);
+        keeper_->spare("");
+    }
     return true;
 }
 
 void frmCorvane::offerKilled() {
     if (keeper_ == nullptr) return;
-    for (const KeptEntry& entry : keeper_->killed()) {
+    for (const KeptEntry& entry : keeper_->cutOff()) {
         const std::string geoset =
             entry.geosetNumber > 0 ? "geoset " + std::to_string(entry.geosetNumber) + " of " : "";
         const bool open = editor_.dialogs.yesNo(
             kConfirmationCaption,
-            "The program ended unexpectedly while " + geoset + entry.modelPath +
-                " had unsaved edits. They were kept at " + timeText(entry).toStdString() +
+            std::string(goesOn(entry.because) ? "The program ended unexpectedly while "
+                                              : "The program was ended while ") +
+                geoset + entry.modelPath + " had unsaved edits. They were kept at " +
+                timeText(entry).toStdString() +
                 ". Open them? (No keeps them; File, Recover brings them back later.)");
         keeper_->noteAsked(entry);
         if (open && openKeptEntry(entry)) return;

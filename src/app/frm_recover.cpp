@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "model/commands/replaced_text.h"
 #include "model/geoset_reader.h"
 #include "views/navigation.h"
 #include "views/ortho_view.h"
@@ -170,9 +171,9 @@ void frmRecover::copySelected() {
         const std::optional<std::string> path =
             dialogs_.saveFile({"Save a Copy", kModelFilter, copyPath(entry->modelPath)});
         if (!path || refuses_(*path)) return;
-        const SharedBase replaced = ModelDocument::textOf(*path);
+        ReplacedFile replaced(keeper_, *path);
         replaceFile(*path, std::array{text.view()});
-        if (replaced != nullptr) keeper_->keepReplaced(replaced, *path);
+        replaced.keep();
     } catch (const std::exception& error) {
         dialogs_.messageBox(kErrorCaption, std::string("The copy was not written.\n") +
                                                error.what() + "\n\nChoose another name or folder.");

@@ -133,6 +133,11 @@ std::string formatNumber(double value) {
     return out;
 }
 
+bool canBeWritten(double value) {
+    constexpr double kMost = 1.797693134862315e308;  // those above become 1.79769313486232e308
+    return std::abs(value) <= kMost;
+}
+
 void appendInteger(std::string& out, std::int64_t value) {
     std::array<char, 24> buffer{};
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);

@@ -21,6 +21,10 @@ std::optional<std::int64_t> parseInteger(std::string_view text);
 void appendNumber(std::string& out, double value);
 std::string formatNumber(double value);
 
+/// Whether formatNumber() gives a text that can be read again: not for what is no number, and not
+/// for the few that 15 digits round up to one that is too large.
+bool canBeWritten(double value);
+
 /// Appends a whole number.
 void appendInteger(std::string& out, std::int64_t value);
 

@@ -29,6 +29,12 @@ constexpr bool goesOn(KeptBecause because) {
     return because == KeptBecause::Editing || because == KeptBecause::TextureEditing;
 }
 
+/// Whether what is kept are edits that their user did not give up: the program was killed, or told
+/// to end.
+constexpr bool wasCutOff(KeptBecause because) {
+    return goesOn(because) || because == KeptBecause::Ended;
+}
+
 /// The edits that go on of which something kept for a reason holds the same or more.
 constexpr KeptBecause goingOnIn(KeptBecause because) {
     const bool isTexture =
@@ -47,6 +53,9 @@ public:
 
     /// Keeps the text that a save is about to replace at a path. The text must not change.
     virtual void keepReplaced(SharedBase text, const std::string& path) = 0;
+
+    /// Something that is replaced or dropped could not be kept, for that reason: it is told.
+    virtual void noteLost(const char* reason) = 0;
 
     /// The state kept while editing was saved: that entry goes.
     virtual void noteSaved() = 0;

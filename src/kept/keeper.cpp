@@ -71,7 +71,6 @@ void Keeper::keepReplaced(SharedBase text, const std::string& path) {
     }
 }
 
-// What was handed over did not even come into the queue.
 void Keeper::noteLost(const char* reason) {
     {
         const std::scoped_lock lock(mutex_);
@@ -85,6 +84,25 @@ void Keeper::noteSettled(KeptBecause goingOn) {
     Work work;
     work.settled = goingOn;
     hand(std::move(work));
+}
+
+void Keeper::noteSaved() {
+    holds_.erase(KeptBecause::Editing);
+    Work work;
+    work.settled = KeptBecause::Editing;
+    work.saved = true;
+    hand(std::move(work));
+}
+
+bool Keeper::isStillThere(KeptBecause because) {
+    finish();  // then nothing else looks at what is the thread's
+    const auto latest = latest_.find(because);
+    return latest != latest_.end() && readEntry(options_.folder, latest->second);
+}
+
+void Keeper::spare(std::string name) {
+    const std::scoped_lock lock(mutex_);
+    spared_ = std::move(name);
 }
 
 // Where the queue holds nothing but edits that go on from.
@@ -198,8 +216,12 @@ void Keeper::carryOut(const Work& work) {
         write({.modelPath = work.path, .because = KeptBecause::Replaced}, text);
     } else if (work.settled) {
         dropGoingOn(*work.settled);
+        if (!work.saved) return;
+        for (const std::string& name : ended_) mark(name, &KeptEntry::opened);
+        ended_.clear();
     } else if (!work.retries) {
-        prune("");
+        // Only at the start: by a clock that is wrong for a while a save is not to take anything.
+        prune("", true);
     }
 }
 
@@ -255,6 +277,7 @@ void Keeper::write(KeptEntry entry, const PiecedText& text) {
         if (const KeptEntry* const same = sameIn(all, entry)) {
             entry.name = same->name;  // kept once more, and so from now on
             writeEntryJson(options_.folder, entry, lock_.path());
+            latest_[entry.because] = entry.name;
             return;
         }
     }
@@ -264,7 +287,9 @@ void Keeper::write(KeptEntry entry, const PiecedText& text) {
         dropGoingOn(entry.because);
         goingOn_[entry.because] = entry;
     } else {
-        prune(entry.name);
+        if (entry.because == KeptBecause::Ended) ended_.push_back(entry.name);
+        latest_[entry.because] = entry.name;
+        prune(entry.name, false);
     }
 }
 
@@ -302,9 +327,15 @@ void Keeper::dropGoingOn(KeptBecause goingOn) {
     goingOn_.erase(last);
 }
 
-void Keeper::prune(const std::string& spare) {
-    pruneFolder(options_.folder, options_.limits,
-                {.run = run_, .spare = spare, .now = options_.now()});
+void Keeper::prune(const std::string& written, bool byAge) {
+    Pruner pruner{.run = run_, .spared = {written}, .now = options_.now(), .byAge = byAge};
+    {
+        const std::scoped_lock lock(mutex_);
+        pruner.spared.insert(spared_);
+    }
+    const std::size_t removed = pruneFolder(options_.folder, options_.limits, pruner);
+    const std::scoped_lock lock(mutex_);
+    removals_ += removed;
 }
 
 void Keeper::tell(const std::string& failure) {
@@ -332,10 +363,10 @@ std::vector<KeptEntry> Keeper::offered() {
     return all;
 }
 
-std::vector<KeptEntry> Keeper::killed() {
+std::vector<KeptEntry> Keeper::cutOff() {
     std::vector<KeptEntry> all = offered();
-    std::erase_if(all, [](const KeptEntry& entry) {
-        return !goesOn(entry.because) || entry.asked || entry.opened;
+    std::erase_if(all, [this](const KeptEntry& entry) {
+        return !wasCutOff(entry.because) || entry.run == run_ || entry.asked || entry.opened;
     });
     return all;
 }
@@ -344,27 +375,26 @@ ModelText Keeper::read(const KeptEntry& entry) const {
     return readModelFile(keptModelPath(options_.folder, entry.name));
 }
 
-void Keeper::noteAsked(KeptEntry entry) const {
-    entry.asked = true;
-    rewrite(entry);
-}
+void Keeper::noteAsked(const KeptEntry& entry) const { mark(entry.name, &KeptEntry::asked); }
 
-void Keeper::noteOpened(KeptEntry entry) const {
-    entry.opened = true;
-    rewrite(entry);
-}
+void Keeper::noteOpened(const KeptEntry& entry) const { mark(entry.name, &KeptEntry::opened); }
 
-void Keeper::rewrite(const KeptEntry& entry) const {
-    const std::string json = keptJsonPath(options_.folder, entry.name);
-    if (!stampOf(json)) return;
+// Of what is known of the entry by now: another run may have kept the same, and so taken it over.
+void Keeper::mark(const std::string& name, bool KeptEntry::*flag) const {
+    std::optional<KeptEntry> entry = readEntry(options_.folder, name);
+    if (!entry || entry->damaged) return;
+    (*entry).*flag = true;
     try {
-        writeEntryJson(options_.folder, entry, json);
+        writeEntryJson(options_.folder, *entry, keptJsonPath(options_.folder, name));
     } catch (const std::exception&) {
         // It will be asked about once more; nothing is lost.
     }
 }
 
 void Keeper::remove(const KeptEntry& entry) {
+    const std::optional<KeptEntry> now = readEntry(options_.folder, entry.name);
+    const bool isTakenOver = now && now->run != entry.run && now->run != run_;
+    if (isTakenOver && isRunAlive(options_.folder, now->run)) return;
     removeEntry(options_.folder, entry.name);
     const std::scoped_lock lock(mutex_);
     ++removals_;

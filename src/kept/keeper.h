@@ -41,7 +41,9 @@ public:
 
     void keep(Snapshot snapshot, KeptBecause because) override;
     void keepReplaced(SharedBase text, const std::string& path) override;
-    void noteSaved() override { noteSettled(KeptBecause::Editing); }
+    void noteLost(const char* reason) override;
+    /// The edits of entries that this run kept when it was told to end, and did not, went on too.
+    void noteSaved() override;
 
     /// The edits that go on with that reason need not be kept any more: their entry goes.
     void noteSettled(KeptBecause goingOn);
@@ -53,9 +55,13 @@ public:
     /// Whether edits that go on, with that reason, are kept or handed over.
     bool holds(KeptBecause goingOn) const { return holds_.contains(goingOn); }
 
-    /// Counts whatever may have left less in the folder than was handed over: entries that remove()
-    /// has deleted, and failures.
+    /// Counts whatever may have left less in the folder than was handed over: entries that were
+    /// deleted, by the user or for the limits, and failures.
     std::uint64_t losses() const;
+
+    /// Whether what this run kept last with that reason, which is none of edits that go on, is still
+    /// in the folder. Waits like finish().
+    bool isStillThere(KeptBecause because);
 
     /// Whether all that was to be kept is kept.
     bool isWorking() const;
@@ -77,17 +83,21 @@ public:
     /// but not the edits that are in memory. Waits like finish().
     std::vector<KeptEntry> offered();
 
-    /// Those of them that hold edits of a program that was killed, and that the user was not asked
-    /// about.
-    std::vector<KeptEntry> killed();
+    /// Those of them that hold edits of a program that was killed, or told to end, and that the
+    /// user was not asked about.
+    std::vector<KeptEntry> cutOff();
+
+    /// Makes the entry with that name stay, whatever the limits say; the one named before need not
+    /// any more. None where the name is empty.
+    void spare(std::string name);
 
     /// The model of an entry. Throws FileError.
     ModelText read(const KeptEntry& entry) const;
 
     /// The user was asked about an entry, opened it, or deletes it. What cannot be written is left
     /// at that.
-    void noteAsked(KeptEntry entry) const;
-    void noteOpened(KeptEntry entry) const;
+    void noteAsked(const KeptEntry& entry) const;
+    void noteOpened(const KeptEntry& entry) const;
     void remove(const KeptEntry& entry);
 
 private:
@@ -100,15 +110,15 @@ private:
         std::string path{};
         std::optional<KeptBecause> settled{};
         bool retries = false;
+        bool saved = false;
 
         bool isToBeKept() const { return snapshot || text; }
         bool isEditing() const { return snapshot && goesOn(because); }
     };
 
-    void rewrite(const KeptEntry& entry) const;
+    void mark(const std::string& name, bool KeptEntry::*flag) const;
     std::deque<Work>::iterator firstGoingOn();
     void hand(Work work);
-    void noteLost(const char* reason);
     void run(const std::stop_token& stop);
     void perform(Work work);
     void carryOut(const Work& work);
@@ -118,7 +128,7 @@ private:
     bool isGoingOnThere(const KeptEntry& entry) const;
     const KeptEntry* sameIn(const std::vector<KeptEntry>& all, const KeptEntry& entry) const;
     void dropGoingOn(KeptBecause goingOn);
-    void prune(const std::string& spare);
+    void prune(const std::string& written, bool byAge);
     void tell(const std::string& failure);
 
     KeeperOptions options_;
@@ -130,6 +140,8 @@ private:
     std::uint64_t written_ = 0;  // entries by this run
     std::int64_t order_ = 0;     // of the latest entry
     std::map<KeptBecause, KeptEntry> goingOn_;
+    std::map<KeptBecause, std::string> latest_;  // names, of what is not going on
+    std::vector<std::string> ended_;             // names of entries of this run's end
     std::deque<Work> failed_;             // what is still to be kept, without edits that go on
     std::set<KeptBecause> failingEdits_;  // of those, whose latest could not be kept
 
@@ -140,6 +152,7 @@ private:
     std::string failure_;
     std::uint64_t failures_ = 0;
     std::uint64_t removals_ = 0;
+    std::string spared_;
     bool hasToRetry_ = false;
     std::function<void(const std::string&)> onState_;
 

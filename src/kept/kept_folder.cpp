@@ -67,20 +67,6 @@ KeptEntry damagedEntry(const std::string& folder, const std::string& name, const
     return entry;
 }
 
-std::optional<KeptEntry> readEntry(const std::string& folder, const std::string& name) {
-    const std::optional<FileStamp> model = stampOf(keptModelPath(folder, name));
-    if (!model) return std::nullopt;
-    try {
-        const ModelText json = readModelFile(keptJsonPath(folder, name));
-        std::optional<KeptEntry> entry = entryFromJson(name, json.view());
-        if (!entry) entry = damagedEntry(folder, name, *model);
-        entry->size = model->size;
-        return entry;
-    } catch (const FileError&) {
-        return std::nullopt;
-    }
-}
-
 bool isNewer(const KeptEntry& a, const KeptEntry& b) {
     return std::tie(a.order, a.time, a.name) > std::tie(b.order, b.time, b.name);
 }
@@ -91,10 +77,14 @@ public:
     Pruning(const std::string& folder, const KeptLimits& limits, const Pruner& pruner)
         : folder_(folder), limits_(limits), pruner_(pruner), entries_(readEntries(folder)) {}
 
-    void run() {
+    // Returns the number of entries removed.
+    std::size_t run() {
+        mendTimes();
         // Where even the newest is too old the clock may be wrong, and nothing has come in between.
-        const bool agesCount = std::ranges::any_of(
-            entries_, [this](const KeptEntry& entry) { return !isTooOld(entry); });
+        const bool agesCount =
+            pruner_.byAge && std::ranges::any_of(entries_, [this](const KeptEntry& entry) {
+                return !isTooOld(entry);
+            });
         std::erase_if(entries_, [this](const KeptEntry& entry) { return isProtected(entry); });
         if (agesCount) removeWhere([this](const KeptEntry& entry) { return isTooOld(entry); });
         std::map<std::string, std::size_t> counts;
@@ -110,14 +100,26 @@ public:
             bytes -= entry.size;
             return true;
         });
+        return removed_;
     }
 
 private:
+    // An entry is no older than those that were written before it, whatever the clock said then.
+    void mendTimes() {
+        std::int64_t latest = 0;
+        for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
+            if (entry->damaged) continue;
+            if (entry->time <= pruner_.now) latest = std::max(latest, entry->time);
+            entry->time = std::max(entry->time, latest);
+        }
+    }
+
     template <class Goes>
     void removeWhere(Goes goes) {
         std::erase_if(entries_, [&](const KeptEntry& entry) {
             if (!goes(entry)) return false;
             removeEntry(folder_, entry.name);
+            ++removed_;
             return true;
         });
     }
@@ -133,16 +135,17 @@ private:
     // Counts what stays against the limits of the others.
     bool isProtected(const KeptEntry& entry) {
         const bool own = entry.run == pruner_.run;
-        bool stays =
-            own ? entry.name == pruner_.spare || goesOn(entry.because) : isAlive(entry.run);
+        bool stays = own ? goesOn(entry.because) : isAlive(entry.run);
         if (stays && !own) {
             sparedBytes_ += entry.size;
             return true;
         }
-        const bool ofKilled = !own && goesOn(entry.because) && !entry.opened;
-        // The newest of a model.
-        if (ofKilled) stays = killedOf_.emplace(entry.modelPath, entry.because).second;
-        if (!stays) return false;
+        if (!own && wasCutOff(entry.because) && !entry.opened) {
+            const bool isNewest =
+                cutOffOf_.emplace(entry.modelPath, entry.geosetNumber, entry.because).second;
+            stays = isNewest || !entry.asked;
+        }
+        if (!stays && !pruner_.spared.contains(entry.name)) return false;
         sparedBytes_ += entry.size;
         ++sparedOf_[entry.modelPath];
         return true;
@@ -152,10 +155,11 @@ private:
     const KeptLimits& limits_;
     const Pruner& pruner_;
     std::vector<KeptEntry> entries_;
-    std::map<std::string, bool> alive_;  // by run
-    std::set<std::pair<std::string, KeptBecause>> killedOf_;
-    std::map<std::string, std::size_t> sparedOf_;  // entries by model
+    std::map<std::string, bool> alive_;                             // by run
+    std::set<std::tuple<std::string, int, KeptBecause>> cutOffOf_;  // by model and geoset
+    std::map<std::string, std::size_t> sparedOf_;                   // entries by model
     std::int64_t sparedBytes_ = 0;
+    std::size_t removed_ = 0;
 };
 
 // Half entries, locks and files that never took their place.
@@ -200,6 +204,20 @@ std::string keptJsonPath(const std::string& folder, const std::string& name) {
     return folder + '/' + name + ".json";
 }
 
+std::optional<KeptEntry> readEntry(const std::string& folder, const std::string& name) {
+    const std::optional<FileStamp> model = stampOf(keptModelPath(folder, name));
+    if (!model) return std::nullopt;
+    try {
+        const ModelText json = readModelFile(keptJsonPath(folder, name));
+        std::optional<KeptEntry> entry = entryFromJson(name, json.view());
+        if (!entry) entry = damagedEntry(folder, name, *model);
+        entry->size = model->size;
+        return entry;
+    } catch (const FileError&) {
+        return std::nullopt;
+    }
+}
+
 std::vector<KeptEntry> readEntries(const std::string& folder) {
     std::vector<KeptEntry> entries;
     for (const std::string& file : files::namesIn(folder, "")) {
@@ -237,9 +255,10 @@ void removeEntry(const std::string& folder, const std::string& name) {
     deleteFile(keptModelPath(folder, name));
 }
 
-void pruneFolder(const std::string& folder, const KeptLimits& limits, const Pruner& pruner) {
-    Pruning(folder, limits, pruner).run();
+std::size_t pruneFolder(const std::string& folder, const KeptLimits& limits, const Pruner& pruner) {
+    const std::size_t removed = Pruning(folder, limits, pruner).run();
     removeLeftovers(folder, pruner);
+    return removed;
 }
 
 }  // namespace corvane

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -29,6 +31,9 @@ void makeKeptFolder(const std::string& folder);
 std::string keptModelPath(const std::string& folder, const std::string& name);
 std::string keptJsonPath(const std::string& folder, const std::string& name);
 
+/// The entry with that name; nothing where it is not complete.
+std::optional<KeptEntry> readEntry(const std::string& folder, const std::string& name);
+
 /// All entries that are complete, newest first. None where the folder is missing.
 std::vector<KeptEntry> readEntries(const std::string& folder);
 
@@ -46,14 +51,16 @@ void removeEntry(const std::string& folder, const std::string& name);
 
 /// Whose entries pruneFolder() may remove.
 struct Pruner {
-    std::string run;       ///< its own run, whose entries it may remove
-    std::string spare;     ///< but not the one with this name
-    std::int64_t now = 0;  ///< milliseconds since 1970, UTC
+    std::string run{};               ///< its own run, whose entries it may remove
+    std::set<std::string> spared{};  ///< but not those with these names, whoever's they are
+    std::int64_t now = 0;            ///< milliseconds since 1970, UTC
+    bool byAge = false;              ///< also removes what is too old
 };
 
 /// Removes what is beyond the limits, and what is left over from programs that were killed. Never
-/// an entry of another run that lives, nor the only one of edits whose program was killed and that
-/// nobody opened since.
-void pruneFolder(const std::string& folder, const KeptLimits& limits, const Pruner& pruner);
+/// an entry of another run that lives, nor one of edits that were cut off before the user was asked
+/// about it; of those that nobody opened since, never the last one of a geoset. Returns the number
+/// of entries removed.
+std::size_t pruneFolder(const std::string& folder, const KeptLimits& limits, const Pruner& pruner);
 
 }  // namespace corvane

@@ -41,7 +41,9 @@ void RunLock::hold() {
 bool isRunAlive(const std::string& folder, const std::string& run) {
     std::error_code error;
     files::File file = files::File::toRead(lockPath(folder, run), error);
-    return file.isOpen() && file.isLocked();
+    // Where it cannot be told, entries are rather left alone than taken away from a run that lives.
+    if (!file.isOpen()) return error != std::errc::no_such_file_or_directory;
+    return file.isLocked();
 }
 
 }  // namespace corvane

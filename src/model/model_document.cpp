@@ -75,17 +75,19 @@ void ModelDocument::open(const std::string& path, SharedBase text, const FileSta
     target_ = Target::Chosen;
 }
 
-SharedBase ModelDocument::textOf(const std::string& path) {
+FormerText ModelDocument::textOf(const std::string& path) {
     try {
-        return std::make_shared<const ModelBase>(readModelFile(path), std::vector<ModelBlock>());
-    } catch (const FileError&) {
-        return nullptr;  // what cannot be read cannot be kept
+        return {.text = std::make_shared<const ModelBase>(readModelFile(path),
+                                                          std::vector<ModelBlock>())};
+    } catch (const FileError& error) {
+        const bool isMissing = error.code() == std::errc::no_such_file_or_directory;
+        return {.unreadable = isMissing ? "" : error.what()};
     }
 }
 
-SharedBase ModelDocument::textThatASaveReplaces() const {
+FormerText ModelDocument::textThatASaveReplaces() const {
     const bool isKnown = fileBase_ && savePath == stampedPath_ && stampOf(savePath) == stamp_;
-    return isKnown ? fileBase_ : textOf(savePath);
+    return isKnown ? FormerText{.text = fileBase_} : textOf(savePath);
 }
 
 bool ModelDocument::isChangedOutside() const {

@@ -47,6 +47,12 @@ SharedBase withGeosetWritten(const ModelBase& base, ModelText text, int geosetNu
 /// there is none: no model must be refused for a file that is never read. Throws FileError.
 PendingFile prepareWorkingCopy(const std::string& modelPath, std::string_view text);
 
+/// What a file holds that may be replaced.
+struct FormerText {
+    SharedBase text{};         ///< null where there is no file, or none that can be read
+    std::string unreadable{};  ///< the reason why it cannot be read
+};
+
 /// Paths are UTF-8 and empty until a model is open.
 class ModelDocument {
 public:
@@ -74,10 +80,10 @@ public:
     /// the one that it was removed from.
     const SharedBase& geosetBase() const { return geosetRemoved_ ? removedFrom_ : base_; }
 
-    /// What a file holds, without its blocks; null where there is none, or none that can be read.
-    static SharedBase textOf(const std::string& path);
+    /// What a file holds, without its blocks.
+    static FormerText textOf(const std::string& path);
     /// What the file at savePath holds; likewise.
-    SharedBase textThatASaveReplaces() const;
+    FormerText textThatASaveReplaces() const;
 
     /// Whether the text in memory is one that no file at modelPath holds, whatever is edited in it.
     bool hasUnsavedText() const { return base_ != fileBase_; }

@@ -1,6 +1,9 @@
 // What the windows hand to the keeper, and when.
 
+#include <QSessionManager>
+#include <array>
 #include <csignal>
+#include <cstddef>
 #include <filesystem>
 
 #include "app/orderly_end.h"
@@ -155,6 +158,46 @@ TEST_F(KeepingTest, ClosingAsksWhereItsEditsCannotBeKept) {
     EXPECT_TRUE(dialogs.yesNos.empty());
 }
 
+TEST_F(KeepingTest, ClosingAsksWhereWhatWasDroppedBeforeCouldNotBeKept) {
+    openModel("hero.mdl");
+    edit();
+    folder.write("kept", "a file");
+    openModel("orc.mdl");  // drops the edits
+    dialogs.yesNos = {false};
+    window->close();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_NE(dialogs.last().text.find("Edits that were dropped"), std::string::npos)
+        << dialogs.last().text;
+    std::filesystem::remove(kept());
+    closeWindow();
+    EXPECT_TRUE(dialogs.yesNos.empty()) << "now they can be kept, so nothing is asked";
+    startProgram();
+    EXPECT_EQ(reasons(), Lines{"another model was opened"});
+}
+
+TEST_F(KeepingTest, ClosingKeepsAgainWhatIsNoLongerThere) {
+    openModel("hero.mdl");
+    edit();
+    window->keepUnsaved();
+    const std::string kept = newest();
+    std::filesystem::remove_all(folder.path("kept"));
+    closeWindow();
+    startProgram();
+    EXPECT_EQ(reasons(), Lines{"closed without saving"});
+    EXPECT_EQ(newest(), kept);
+}
+
+TEST_F(KeepingTest, ANoticeStaysWhereSomethingCannotBeKept) {
+    folder.write("kept", "a file");
+    openModel("hero.mdl");
+    editor().window.showNotice("Undo took them back.");
+    edit();
+    letTimePass();
+    QApplication::processEvents();
+    EXPECT_TRUE(tip().startsWith("Undo took them back.")) << tip().toStdString();
+    EXPECT_TRUE(tip().contains("Not a directory")) << tip().toStdString();
+}
+
 TEST_F(KeepingTest, EditsThatWereOnlyHandedOverAreKeptWhenTheWindowCloses) {
     openModel("hero.mdl");
     edit();
@@ -163,6 +206,7 @@ TEST_F(KeepingTest, EditsThatWereOnlyHandedOverAreKeptWhenTheWindowCloses) {
     std::filesystem::remove(kept());
     letTimePass();
     closeWindow();
+    dialogs.yesNos = {false};
     startProgram();
     ASSERT_FALSE(reasons().empty());
     EXPECT_NE(newest(), modelWithGeosets(1));
@@ -222,8 +266,20 @@ TEST_F(KeepingTest, TheEndOfTheSessionKeepsWhatIsUnsaved) {
     EXPECT_EQ(reasons(), Lines{"ended by the system"});
     EXPECT_TRUE(std::filesystem::exists(folder.path("hero_TMP.tdl"))) << "it may go on";
     closeWindow();
+    dialogs.yesNos = {false};
     startProgram();
     EXPECT_EQ(reasons(), Lines{"ended by the system"}) << "closing adds nothing to it";
+    EXPECT_NE(dialogs.last().text.find("was ended while geoset 1 of " + path), std::string::npos)
+        << dialogs.last().text;
+}
+
+TEST_F(KeepingTest, TheSessionsEndIsHeardOf) {
+    openModel("hero.mdl");
+    edit();
+    // Only the session can make a manager; nobody asks this one anything.
+    alignas(QSessionManager) std::array<std::byte, sizeof(QSessionManager)> manager{};
+    qApp->commitDataRequest(*reinterpret_cast<QSessionManager*>(manager.data()));
+    EXPECT_EQ(reasons(), Lines{"ended by the system"});
 }
 
 }  // namespace

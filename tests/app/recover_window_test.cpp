@@ -1,5 +1,6 @@
 // How what was kept is offered, listed and brought back.
 
+#include <algorithm>
 #include <filesystem>
 
 #include "keeping_fixture.h"
@@ -76,6 +77,78 @@ TEST_F(KeepingTest, OpeningKeepsTheEditsThatItDrops) {
     EXPECT_EQ(std::filesystem::path(editor().store.modelPath).filename(), "hero.mdl");
     EXPECT_EQ(reasons(),
               (Lines{"ended unexpectedly", "another model was opened", "closed without saving"}));
+}
+
+// What is kept for it must not push out the one that is opened.
+TEST_F(KeepingTest, OpeningTheOldestOfAsManyAsAreKeptLeavesItThere) {
+    const std::string path = folder.write("hero.mdl", modelWithGeosets(1));
+    for (std::size_t i = 0; i < KeptLimits{}.entriesOfModel; ++i) {
+        const std::string text = "Geoset {\n" + std::string(i, '\n');  // cannot be opened
+        keeper->keepReplaced(std::make_shared<const ModelBase>(ModelText(path, text)), path);
+    }
+    openModel("hero.mdl");
+    edit();
+    choose("mnuRecover");
+    list().setCurrentItem(list().topLevelItem(list().topLevelItemCount() - 1));
+    recoverButton("cmdRecoverOpen").click();
+    EXPECT_EQ(dialogs.last().kind, "message");
+    keeper->finish();
+    const std::vector<KeptEntry> left = readEntries(kept());
+    ASSERT_FALSE(left.empty());
+    EXPECT_EQ(readFile(keptModelPath(kept(), left.back().name)), "Geoset {\n");
+}
+
+TEST_F(KeepingTest, OpeningKeepsTheTextWithoutARemovedGeosetToo) {
+    openModel("hero.mdl");
+    edit();
+    closeWindow();
+    startProgram();
+    dialogs.inputs = {"1"};
+    openModel("orc.mdl", modelWithGeosets(2));
+    dialogs.yesNos = {true};
+    choose("mnuDelCurrentGeoset");
+    const std::string without(editor().store.base().text.view());
+    choose("mnuRecover");
+    recoverButton("cmdRecoverOpen").click();
+    keeper->finish();
+    std::vector<std::string> texts;
+    for (const KeptEntry& entry : readEntries(kept())) {
+        texts.push_back(readFile(keptModelPath(kept(), entry.name)));
+    }
+    EXPECT_EQ(std::ranges::count(texts, without), 1);
+}
+
+TEST_F(KeepingTest, OpeningKeepsTextureCoordinatesThatItDrops) {
+    openModel("hero.mdl");
+    edit();
+    closeWindow();
+    startProgram();
+    openTextureEditor();
+    window->textureEditor()->findChild<QAction*>("mnuSelectAll")->trigger();
+    dragInView(Qt::RightButton, {100, 100}, {160, 100});
+    letTimePass();
+    const std::string coordinates = newest();
+    choose("mnuRecover");
+    list().setCurrentItem(list().topLevelItem(list().topLevelItemCount() - 1));
+    recoverButton("cmdRecoverOpen").click();
+    keeper->finish();
+    const std::vector<KeptEntry> entries = readEntries(kept());
+    const auto dropped =
+        std::ranges::find(entries, KeptBecause::AnotherOpened, &KeptEntry::because);
+    ASSERT_NE(dropped, entries.end());
+    EXPECT_EQ(readFile(keptModelPath(kept(), dropped->name)), coordinates);
+}
+
+TEST_F(KeepingTest, ACopyOverAFileKeepsWhatItHeld) {
+    openModel("hero.mdl");
+    edit();
+    closeWindow();
+    startProgram();
+    choose("mnuRecover");
+    dialogs.files = {folder.write("copy.mdl", "somebody's notes")};
+    recoverButton("cmdRecoverCopy").click();
+    EXPECT_EQ(reasons(), (Lines{"replaced by a save", "closed without saving"}));
+    EXPECT_EQ(newest(), "somebody's notes");
 }
 
 TEST_F(KeepingTest, WhatASaveReplacedIsOpenedWithTheGeosetThatTheUserChooses) {

@@ -21,6 +21,7 @@ class ForgetfulWayBack : public WayBack {
 public:
     void keep(Snapshot /*snapshot*/, KeptBecause /*because*/) override {}
     void keepReplaced(SharedBase /*text*/, const std::string& /*path*/) override {}
+    void noteLost(const char* /*reason*/) override {}
     void noteSaved() override {}
 };
 

@@ -172,18 +172,67 @@ TEST_F(KeeperTest, EditsOfAKilledProgramAreOfferedAndAskedAboutOnce) {
     });
     EXPECT_EQ(child.signal, SIGKILL);
     const auto keeper = makeKeeper();
-    const std::vector<KeptEntry> killed = keeper->killed();
+    const std::vector<KeptEntry> killed = keeper->cutOff();
     ASSERT_EQ(killed.size(), 1U);
     EXPECT_EQ(keeper->read(killed[0]).view(), triangleAt(5));
     keeper->noteAsked(killed[0]);
-    EXPECT_TRUE(makeKeeper()->killed().empty());
+    EXPECT_TRUE(makeKeeper()->cutOff().empty());
     EXPECT_EQ(keeper->offered().size(), 1U) << "it can still be brought back";
+}
+
+TEST_F(KeeperTest, EditsOfAProgramThatWasToldToEndAreAskedAboutToo) {
+    makeKeeper()->keep(editedTo(5), KeptBecause::Ended);
+    const auto keeper = makeKeeper();
+    ASSERT_EQ(keeper->cutOff().size(), 1U);
+    EXPECT_EQ(keeper->read(keeper->cutOff()[0]).view(), triangleAt(5));
+    keeper->noteAsked(keeper->cutOff()[0]);
+    EXPECT_TRUE(keeper->cutOff().empty());
+}
+
+TEST_F(KeeperTest, EditsThatWentOnAndWereSavedAreNotAskedAbout) {
+    {
+        const auto keeper = makeKeeper();
+        keeper->keep(editedTo(5), KeptBecause::Ended);
+        EXPECT_TRUE(keeper->cutOff().empty()) << "this run has not ended";
+        keeper->noteSaved();
+    }
+    const auto keeper = makeKeeper();
+    EXPECT_TRUE(keeper->cutOff().empty());
+    EXPECT_EQ(keeper->offered().size(), 1U);
+}
+
+TEST_F(KeeperTest, AnEntryThatARunTookOverIsItsOwn) {
+    const auto first = makeKeeper();
+    makeKeeper()->keep(editedTo(1), KeptBecause::Closed);
+    const std::vector<KeptEntry> offered = first->offered();
+    ASSERT_EQ(offered.size(), 1U);
+    const auto second = makeKeeper();
+    second->keep(editedTo(1), KeptBecause::Closed);  // the same: the entry is its own from now on
+    second->finish();
+    first->remove(offered[0]);
+    EXPECT_EQ(models(), Lines{triangleAt(1)});
+    first->noteOpened(offered[0]);
+    EXPECT_EQ(second->offered().at(0).run, readEntries(kept()).at(0).run);
+    EXPECT_TRUE(first->offered().empty()) << "the other run lives";
+}
+
+TEST_F(KeeperTest, KnowsWhetherWhatItKeptLastIsStillThere) {
+    const auto keeper = makeKeeper();
+    EXPECT_FALSE(keeper->isStillThere(KeptBecause::Ended));
+    keeper->keep(editedTo(1), KeptBecause::Ended);
+    keeper->keepReplaced(textOf(triangleAt(0)), "/models/hero.mdl");
+    EXPECT_TRUE(keeper->isStillThere(KeptBecause::Ended));
+    EXPECT_FALSE(keeper->isStillThere(KeptBecause::Closed));
+    keeper->keep(editedTo(1), KeptBecause::Ended);  // once more
+    EXPECT_TRUE(keeper->isStillThere(KeptBecause::Ended));
+    std::filesystem::remove_all(kept());
+    EXPECT_FALSE(keeper->isStillThere(KeptBecause::Ended));
 }
 
 TEST_F(KeeperTest, WhatWasClosedIsNotAskedAbout) {
     makeKeeper()->keep(editedTo(1), KeptBecause::Closed);
     const auto keeper = makeKeeper();
-    EXPECT_TRUE(keeper->killed().empty());
+    EXPECT_TRUE(keeper->cutOff().empty());
     EXPECT_EQ(keeper->offered().size(), 1U);
 }
 
@@ -196,7 +245,7 @@ TEST_F(KeeperTest, EntriesOfAProgramThatRunsAreItsOwn) {
     const auto keeper = makeKeeper({.entriesOfModel = 0, .age = -1, .bytes = 0});
     keeper->keep(editedTo(2), KeptBecause::Switched);
     EXPECT_EQ(keeper->offered().size(), 1U);
-    EXPECT_TRUE(keeper->killed().empty());
+    EXPECT_TRUE(keeper->cutOff().empty());
     EXPECT_EQ(all().size(), 3U) << "neither removed nor taken for its own";
 }
 
@@ -264,7 +313,7 @@ TEST_F(KeeperTest, BothKindsOfAKilledProgramAreOffered) {
     killed->keep(editedTo(1), KeptBecause::Editing);
     killed->keep(editedTo(2), KeptBecause::TextureEditing);
     killed.reset();
-    EXPECT_EQ(makeKeeper({.entriesOfModel = 0, .age = -1, .bytes = 0})->killed().size(), 2U);
+    EXPECT_EQ(makeKeeper({.entriesOfModel = 0, .age = -1, .bytes = 0})->cutOff().size(), 2U);
 }
 
 TEST_F(KeeperTest, AReplacedTextThatCouldNotBeKeptIsKeptLater) {

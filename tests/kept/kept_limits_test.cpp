@@ -60,13 +60,49 @@ TEST_F(KeptLimitsTest, TheNewestEntryStaysHoweverLarge) {
     EXPECT_EQ(models(), Lines{triangleAt(1)});
 }
 
+TEST_F(KeptLimitsTest, ASaveUnderAClockThatIsAheadTakesNothing) {
+    for (const int x : {1, 2}) makeKeeper()->keep(editedTo(x), KeptBecause::Closed);
+    now += 400 * kDay;
+    const auto keeper = makeKeeper();
+    keeper->keepReplaced(textOf(triangleAt(3)), "/models/hero.mdl");
+    keeper->finish();
+    EXPECT_EQ(all().size(), 3U);
+}
+
+TEST_F(KeptLimitsTest, WhatWasKeptUnderAClockThatWasBehindIsNoOlderForIt) {
+    makeKeeper()->keep(editedTo(1), KeptBecause::Closed);
+    now -= 400 * kDay;
+    makeKeeper()->keep(editedTo(2), KeptBecause::Closed);
+    now += 401 * kDay;
+    makeKeeper()->keep(editedTo(3), KeptBecause::Closed);
+    makeKeeper()->finish();
+    EXPECT_EQ(all().size(), 3U);
+}
+
+TEST_F(KeptLimitsTest, WhatIsSparedStays) {
+    const auto keeper = makeKeeper({.entriesOfModel = 2});
+    for (const int x : {1, 2}) keeper->keep(editedTo(x), KeptBecause::Closed);
+    const std::vector<KeptEntry> before = keeper->offered();
+    keeper->spare(before.at(1).name);
+    keeper->keep(editedTo(3), KeptBecause::Closed);
+    keeper->finish();
+    EXPECT_EQ(models(), (Lines{triangleAt(3), triangleAt(1)}));
+    keeper->spare("");
+    keeper->keep(editedTo(4), KeptBecause::Closed);
+    keeper->finish();
+    EXPECT_EQ(models(), (Lines{triangleAt(4), triangleAt(3)}));
+}
+
 TEST_F(KeptLimitsTest, TheOnlyEditsOfAKilledProgramStayUntilTheyAreOpened) {
     makeKeeper()->keep(editedTo(1), KeptBecause::Editing);
     makeKeeper()->keep(editedTo(2), KeptBecause::Editing);
     makeKeeper()->keep(editedTo(3, "/models/orc.mdl"), KeptBecause::Editing);
     const auto keeper = makeKeeper({.entriesOfModel = 0, .age = -1, .bytes = 0});
     keeper->finish();
-    EXPECT_EQ(models(), (Lines{triangleAt(3), triangleAt(2)}));
+    EXPECT_EQ(models(), (Lines{triangleAt(3), triangleAt(2), triangleAt(1)}));
+    for (const KeptEntry& entry : keeper->offered()) keeper->noteAsked(entry);
+    makeKeeper({.entriesOfModel = 0, .age = -1, .bytes = 0})->finish();
+    EXPECT_EQ(models(), (Lines{triangleAt(3), triangleAt(2)})) << "the last ones of their geosets";
     keeper->noteOpened(keeper->offered().at(0));
     makeKeeper({.entriesOfModel = 0, .age = -1, .bytes = 0})->finish();
     EXPECT_EQ(models(), Lines{triangleAt(2)});
@@ -139,7 +175,7 @@ TEST_F(KeptFolderTest, OfDamagedEntriesTheModelIsStillOffered) {
         EXPECT_TRUE(entries[1].damaged);
         EXPECT_EQ(entries[1].modelPath, keptModelPath(kept(), damaged));
         EXPECT_EQ(keeper->read(entries[1]).view(), triangleAt(2));
-        EXPECT_TRUE(keeper->killed().empty());
+        EXPECT_TRUE(keeper->cutOff().empty());
     }
     EXPECT_EQ(told, Lines{});
 }

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -175,6 +176,21 @@ TEST(FormatNumber, UsesTheExponentFormWithoutPlusFromTenToThe15On) {
     EXPECT_EQ(formatNumber(-1.25e15), "-1.25e15");
     EXPECT_EQ(formatNumber(1.5e20), "1.5e20");
     EXPECT_EQ(formatNumber(1.7976931348623157e308), "1.79769313486232e308");
+}
+
+TEST(CanBeWritten, IsWhetherTheTextCanBeReadAgain) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    for (double value = 1.79769313486231e308; value < kInfinity;
+         value = std::nextafter(value, kInfinity)) {
+        const std::string text = formatNumber(value);
+        double read = 0;
+        const auto result = std::from_chars(text.data(), text.data() + text.size(), read);
+        EXPECT_EQ(canBeWritten(value), result.ec == std::errc()) << text;
+        EXPECT_EQ(canBeWritten(-value), result.ec == std::errc()) << text;
+    }
+    EXPECT_TRUE(canBeWritten(0));
+    EXPECT_FALSE(canBeWritten(kInfinity));
+    EXPECT_FALSE(canBeWritten(std::numeric_limits<double>::quiet_NaN()));
 }
 
 // Where rounding to 15 digits crosses a limit of the exponent form, what is written counts: the

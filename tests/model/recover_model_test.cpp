@@ -88,6 +88,16 @@ TEST_F(RecoverModelTest, WhatCannotBeReadIsSaidAndLeavesEverything) {
     expectUnchanged(before);
 }
 
+TEST_F(RecoverModelTest, WhatOpeningTellsOfAGeosetIsToldHereToo) {
+    const std::string text =
+        replacedOnce(modelOf({.geosets = {squareAt("5")}}), "\tVertices 4", "\tVertices 9");
+    EXPECT_TRUE(openKept(editor, keptAs("hero.mdl", text, 1)));
+    EXPECT_EQ(askedKinds(), "message");
+    EXPECT_NE(dialogs.last().text.find("Vertices has 4 rows, but its header says 9"),
+              std::string::npos)
+        << dialogs.last().text;
+}
+
 TEST_F(RecoverModelTest, TheWorkingCopyOfTheOpenModelIsNotTakenForAModel) {
     openNew("open.mdl", three, "1");
     const Before before = remember();

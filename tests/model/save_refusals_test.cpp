@@ -20,8 +20,10 @@ TEST_F(SaveRefusalsTest, ANumberThatIsNoneIsNamedByItsVertexAndNothingIsWritten)
                                       &vertex.normal[0], &vertex.normal[1], &vertex.normal[2],
                                       &vertex.tu,        &vertex.tv};
     };
+    // Fifteen digits of it are more than any number.
+    constexpr double kRoundedUp = std::numeric_limits<double>::max();
     for (std::size_t field = 0; field < 8; ++field) {
-        for (const double wrong : {kInfinity, -kInfinity, kNaN}) {
+        for (const double wrong : {kInfinity, -kInfinity, kNaN, kRoundedUp, -kRoundedUp}) {
             openNew("hero.mdl", text);
             *fields(vertex(3))[field] = wrong;
             save();

@@ -1,11 +1,13 @@
 // Whatever a command would drop is handed to the way back first, as a save would have written it.
 #include "editor/way_back.h"
 
+#include <filesystem>
 #include <limits>
 
 #include "edit/commands/drag_transforms.h"
 #include "model/commands/merge_geoset.h"
 #include "model/commands/new_model.h"
+#include "model/commands/recover_model.h"
 #include "model_flow.h"
 #include "uveditor/commands/exchange.h"
 #include "uveditor/uv_tools.h"
@@ -28,9 +30,11 @@ public:
     void keepReplaced(SharedBase text, const std::string& path) override {
         kept.push_back({KeptBecause::Replaced, path, std::string(text->text.view())});
     }
+    void noteLost(const char* reason) override { lost.emplace_back(reason); }
     void noteSaved() override { ++saves; }
 
     std::vector<Kept> kept;
+    std::vector<std::string> lost;
     int saves = 0;
 };
 
@@ -254,6 +258,53 @@ TEST_F(WayBackTest, AFileInTheWorkingCopysPlaceIsKept) {
     folder.write("hero_TMP.tdl", readFile(path));  // left over from a program that was killed
     open(path);
     expectKept({});
+}
+
+TEST_F(WayBackTest, AFileInTheNewWorkingCopysPlaceIsKeptWhereASaveMakesOne) {
+    openAndEdit();
+    const std::string foreign = folder.write("hero_TMP.tdl", "somebody's notes");
+    saveAs(folder.path("hero.mdl"));
+    EXPECT_EQ(readFile(foreign), edited());
+    expectKept({{KeptBecause::Replaced, foreign, "somebody's notes"}});
+}
+
+TEST_F(WayBackTest, AFileInTheWorkingCopysPlaceIsKeptWhereAModelIsBroughtBack) {
+    const std::string foreign = folder.write("hero_TMP.tdl", "somebody's notes");
+    const std::string path = folder.path("hero.mdl");
+    const std::string text = modelOf(threeGeosets());
+    EXPECT_TRUE(openKept(
+        editor,
+        {.text = ModelText(path, text), .modelPath = path, .stamp = {}, .geosetNumber = 1}));
+    EXPECT_EQ(readFile(foreign), text);
+    expectKept({{KeptBecause::Replaced, foreign, "somebody's notes"}});
+}
+
+TEST_F(WayBackTest, NewKeepsTheFileThatItReplaces) {
+    const std::string other = folder.write("other.mdl", "// of the other\n");
+    dialogs.files.push_back(other);
+    newModel(editor);
+    EXPECT_EQ(readFile(other), templateModel());
+    expectKept({{KeptBecause::Replaced, other, "// of the other\n"}});
+}
+
+// Nobody who saves waits for the way back, but what it cannot have is told.
+TEST_F(WayBackTest, AReplacedFileThatCannotBeReadIsTold) {
+    openAndEdit();
+    saveAs(folder.path("new.mdl"));
+    EXPECT_TRUE(wayBack.lost.empty()) << "there was none";
+    const std::string large = folder.path("large.mdl");
+    folder.write("large.mdl", "");
+    std::filesystem::resize_file(large, (std::uintmax_t{1} << 30U) + 1);  // holds no blocks
+    saveAs(large);
+    EXPECT_EQ(readFile(large), edited());
+    ASSERT_EQ(wayBack.lost.size(), 1U);
+    EXPECT_NE(wayBack.lost[0].find(large), std::string::npos) << wayBack.lost[0];
+    std::filesystem::resize_file(large, (std::uintmax_t{1} << 30U) + 1);
+    dialogs.files.push_back(large);
+    newModel(editor);
+    EXPECT_EQ(readFile(large), templateModel());
+    EXPECT_EQ(wayBack.lost.size(), 2U);
+    EXPECT_TRUE(wayBack.kept.empty());
 }
 
 }  // namespace

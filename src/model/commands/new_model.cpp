@@ -3,6 +3,7 @@
 #include <array>
 
 #include "editor/run_edit.h"
+#include "model/commands/replaced_text.h"
 #include "model/commands/save_model.h"
 #include "model/model_files.h"
 
@@ -62,7 +63,7 @@ void newModel(Editor& editor) {
         askSavePath(editor, "New Model", freePath(folder, "untitled", ".mdl"));
     if (!path) return;
     const std::array<std::string_view, 1> pieces = {templateModel()};
-    const SharedBase replaced = editor.wayBack == nullptr ? nullptr : ModelDocument::textOf(*path);
+    ReplacedFile replaced(editor.wayBack, *path);
     const bool isOpenModel = store.modelLoaded && isSameFile(*path, store.filePath());
     try {
         replaceFile(*path, pieces);
@@ -72,7 +73,7 @@ void newModel(Editor& editor) {
                                                      "\n\nChoose another name or folder.");
         return;
     }
-    if (replaced != nullptr) editor.wayBack->keepReplaced(replaced, *path);
+    replaced.keep();
     if (isOpenModel) store.noteTextUnsaved();  // no file holds it any more
     store.setTarget(*path, ModelDocument::Target::NewTemplate);
     show(editor, Show::Buttons);

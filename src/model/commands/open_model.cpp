@@ -7,6 +7,7 @@
 #include "base/version.h"
 #include "editor/keep_unsaved.h"
 #include "editor/run_edit.h"
+#include "model/commands/replaced_text.h"
 #include "model/geoset_reader.h"
 #include "model/model_writer.h"
 
@@ -38,29 +39,18 @@ void sayNoSuchGeoset(Editor& editor, const ModelBase& base, int wanted, const Re
 }
 
 // Whether a geoset that is not closed would still be the same one after a save.
-bool staysWhole(const ModelBase& base, const PickedGeoset& picked) {
-    const ModelText saved(
-        base.text.path(),
-        composeModel(base.text, base.geosets, picked.geosetNumber, picked.geoset).joined());
+bool staysWhole(const ModelBase& base, int number, const Geoset& geoset) {
+    const ModelText saved(base.text.path(),
+                          composeModel(base.text, base.geosets, number, geoset).joined());
     const std::vector<GeosetBlock> savedGeosets = scanGeosets(saved.view());
     if (savedGeosets.size() != base.geosets.size()) return false;
     try {
-        const Geoset again = parseGeoset(saved, savedGeosets, picked.geosetNumber);
-        return again.Vertices.size() == picked.geoset.Vertices.size() &&
-               again.Faces == picked.geoset.Faces &&
-               again.matrixGroups == picked.geoset.matrixGroups &&
-               again.rowSections.size() == picked.geoset.rowSections.size();
+        const Geoset again = parseGeoset(saved, savedGeosets, number);
+        return again.Vertices.size() == geoset.Vertices.size() && again.Faces == geoset.Faces &&
+               again.matrixGroups == geoset.matrixGroups &&
+               again.rowSections.size() == geoset.rowSections.size();
     } catch (const ModelTextError&) {
         return false;
-    }
-}
-
-void showNotes(Editor& editor, const ModelText& text, const ReadNotes& notes) {
-    if (!notes.shortSections.empty()) {
-        editor.dialogs.messageBox(kWarningCaption, shortSectionsMessage(text, notes));
-    }
-    if (notes.notFinite > 0) {
-        editor.dialogs.messageBox(kWarningCaption, notFiniteMessage(text, notes));
     }
 }
 
@@ -85,15 +75,6 @@ std::optional<ReadModel> readModel(Editor& editor, const std::string& path) {
     }
 }
 
-// A file with the name of the working copy may be somebody's: it is kept before it is replaced.
-void keepForeignWorkingCopy(Editor& editor, const std::string& modelPath, const ReadModel& model) {
-    const std::string path = workPathFor(modelPath);
-    if (editor.wayBack == nullptr || path == editor.store.workPath || !stampOf(path)) return;
-    const SharedBase there = ModelDocument::textOf(path);
-    if (there == nullptr || there->text.view() == model.base->text.view()) return;
-    editor.wayBack->keepReplaced(there, path);
-}
-
 // Makes a model and one of its geosets current, with a working copy of its own.
 std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
                                         const ReadModel& model, std::optional<int> wanted) {
@@ -105,7 +86,7 @@ std::optional<PickedGeoset> makeCurrent(Editor& editor, const std::string& path,
                        {"The file was not opened and is unchanged.", kGeosetOrModel}, wanted);
         if (!picked) return std::nullopt;
         keepUnsaved(editor, KeptBecause::AnotherOpened);
-        keepForeignWorkingCopy(editor, path, model);
+        keepForeignWorkingCopy(editor, path, model.base->text.view());
         editor.store.open(path, model.base, model.stamp, workingCopy);
         takeIntoStore(editor, std::move(picked->geoset), picked->geosetNumber);
         return picked;
@@ -238,6 +219,27 @@ int chooseGeoset(Editor& editor, std::size_t geosetCount) {
     }
 }
 
+Geoset readGeoset(const ModelBase& base, int number, ReadNotes& notes) {
+    Geoset geoset = parseGeoset(base.text, base.geosets, number, &notes);
+    if (!base.hasGeoset(number)) return geoset;
+    const GeosetBlock& block = base.geosets[static_cast<std::size_t>(number) - 1];
+    if (!block.closed && !staysWhole(base, number, geoset)) {
+        throw ModelTextError(
+            base.text, block.begin,
+            "the geoset that starts here is not closed, and could not be read again after a save.");
+    }
+    return geoset;
+}
+
+void showNotes(Editor& editor, const ModelText& text, const ReadNotes& notes) {
+    if (!notes.shortSections.empty()) {
+        editor.dialogs.messageBox(kWarningCaption, shortSectionsMessage(text, notes));
+    }
+    if (notes.notFinite > 0) {
+        editor.dialogs.messageBox(kWarningCaption, notFiniteMessage(text, notes));
+    }
+}
+
 std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
                                        const ReadAdvice& advice, std::optional<int> wanted) {
     PickedGeoset picked;
@@ -249,16 +251,7 @@ std::optional<PickedGeoset> pickGeoset(Editor& editor, const ModelBase& base,
     picked.geosetNumber = wanted ? *wanted : chooseGeoset(editor, base.geosets.size());
     try {
         ReadNotes notes;
-        picked.geoset = parseGeoset(base.text, base.geosets, picked.geosetNumber, &notes);
-        if (base.hasGeoset(picked.geosetNumber)) {
-            const GeosetBlock& block =
-                base.geosets[static_cast<std::size_t>(picked.geosetNumber) - 1];
-            if (!block.closed && !staysWhole(base, picked)) {
-                throw ModelTextError(base.text, block.begin,
-                                     "the geoset that starts here is not closed, and could not be "
-                                     "read again after a save.");
-            }
-        }
+        picked.geoset = readGeoset(base, picked.geosetNumber, notes);
         showNotes(editor, base.text, notes);
         return picked;
     } catch (const GeosetTooLarge& error) {

@@ -7,6 +7,7 @@
 
 #include "editor/editor.h"
 #include "model/model_document.h"
+#include "model/read_notes.h"
 
 namespace corvane {
 
@@ -18,6 +19,13 @@ bool clashesWithWorkingCopy(Editor& editor, const std::string& path);
 /// Asks which geoset of a model is meant, 1-based; asks again until the answer is a number in
 /// range. Returns 1 without asking where there are fewer than two.
 int chooseGeoset(Editor& editor, std::size_t geosetCount);
+
+/// Reads a geoset, 1-based, and what its user should know of it. Throws ModelTextError also where
+/// it is not closed and could not be read again after a save.
+Geoset readGeoset(const ModelBase& base, int number, ReadNotes& notes);
+
+/// Says what was noted, if anything.
+void showNotes(Editor& editor, const ModelText& text, const ReadNotes& notes);
 
 /// A geoset that the user picked from a model's text.
 struct PickedGeoset {

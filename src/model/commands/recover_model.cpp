@@ -5,6 +5,7 @@
 
 #include "editor/run_edit.h"
 #include "model/commands/open_model.h"
+#include "model/commands/replaced_text.h"
 #include "model/geoset_reader.h"
 
 namespace corvane {
@@ -23,8 +24,11 @@ void makeCurrent(Editor& editor, const KeptModel& kept) {
     const int number = base->hasGeoset(kept.geosetNumber)
                            ? kept.geosetNumber
                            : chooseGeoset(editor, base->geosets.size());
-    Geoset geoset = parseGeoset(base->text, base->geosets, number);
+    ReadNotes notes;
+    Geoset geoset = readGeoset(*base, number, notes);
     PendingFile workingCopy = prepareWorkingCopy(kept.modelPath, base->text.view());
+    showNotes(editor, base->text, notes);
+    keepForeignWorkingCopy(editor, kept.modelPath, base->text.view());
     // A stamp that no file has: whatever stands in the model's place now, a save asks.
     editor.store.open(kept.modelPath, base, kept.stamp.value_or(FileStamp{}), workingCopy);
     editor.store.noteTextUnsaved();

@@ -1,9 +1,9 @@
 #include "model/commands/save_model.h"
 
 #include <algorithm>
-#include <cmath>
 #include <new>
 
+#include "base/numbers.h"
 #include "editor/keep_unsaved.h"
 #include "editor/run_edit.h"
 #include "model/commands/open_model.h"
@@ -69,6 +69,8 @@ void sayingOutOfMemory(Editor& editor, Command command) {
 // anything waits for the user.
 void renewWorkingCopy(Editor& editor, ReplacedText& replaced) {
     std::string failure;
+    const GeosetStore& store = editor.store;
+    keepForeignWorkingCopy(editor, store.modelPath, store.base().text.view());
     try {
         editor.store.renewWorkingCopy();
     } catch (const FileError& error) {
@@ -170,11 +172,10 @@ bool writeAsItIs(Editor& editor) {
 std::size_t firstUnwritable(const Geoset& geoset) {
     for (std::size_t i = 0; i < geoset.Vertices.size(); ++i) {
         const VertexRecord& vertex = geoset.Vertices[i];
-        const auto isFinite = [](double value) { return std::isfinite(value); };
-        const bool finite = std::ranges::all_of(vertex.pos, isFinite) &&
-                            std::ranges::all_of(vertex.normal, isFinite) && isFinite(vertex.tu) &&
-                            isFinite(vertex.tv);
-        if (!vertex.deleted && !finite) return i + 1;
+        const bool writable = std::ranges::all_of(vertex.pos, canBeWritten) &&
+                              std::ranges::all_of(vertex.normal, canBeWritten) &&
+                              canBeWritten(vertex.tu) && canBeWritten(vertex.tv);
+        if (!vertex.deleted && !writable) return i + 1;
     }
     return 0;
 }
