@@ -116,7 +116,9 @@ std::optional<Status> statusOf(const std::string& path, std::error_code& error,
                         (links == Links::Stay ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
     const std::intptr_t handle = open(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING, flags, error);
     if (error) {
-        if (error == std::errc::no_such_file_or_directory) error.clear();
+        const bool isMissing =
+            error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+        if (isMissing) error.clear();
         return std::nullopt;
     }
     std::optional<Status> status = statusOfHandle(handleOf(handle), error);
@@ -205,35 +207,26 @@ std::vector<std::string> namesIn(const std::string& folder, std::string_view beg
     return names;
 }
 
-std::error_code makeFolders(const std::string& path) {
-    const NativePath native(path);
-    if (::CreateDirectoryW(native.get(), nullptr) != 0) return {};
-    const DWORD code = ::GetLastError();
-    if (code == ERROR_PATH_NOT_FOUND) {
-        const std::size_t end = path.find_last_of("/\\");
-        if (end == std::string::npos || end == 0) return native.errorFrom(code);
-        const std::error_code error = makeFolders(path.substr(0, end));
-        if (error) return error;
-        return errorUnless(::CreateDirectoryW(native.get(), nullptr) != 0);
-    }
-    const DWORD attributes = ::GetFileAttributesW(native.get());
-    const bool isFolder =
-        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    return isFolder ? std::error_code() : native.errorFrom(code);
-}
-
 // The user's own folders are private by what they inherit.
 std::error_code makePrivateFolder(const std::string& path) noexcept {
     const NativePath native(path);
     if (::CreateDirectoryW(native.get(), nullptr) != 0) return {};
     const DWORD code = ::GetLastError();
-    if (code != ERROR_ALREADY_EXISTS) return errorFrom(code);
     const DWORD attributes = ::GetFileAttributesW(native.get());
-    if (attributes == INVALID_FILE_ATTRIBUTES) return lastError();
-    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
-        return std::make_error_code(std::errc::not_a_directory);
+    const bool isThere = attributes != INVALID_FILE_ATTRIBUTES;
+    if (isThere && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return {};
+    if (isThere) return std::make_error_code(std::errc::not_a_directory);
+    return native.errorFrom(code);
+}
+
+// From the top down. What cannot be made there need not be: the drive, or the share of a server.
+std::error_code makeFolders(const std::string& path) {
+    std::error_code error;
+    for (std::size_t end = 0; end != std::string::npos;) {
+        end = path.find_first_of("/\\", end + 1);
+        error = makePrivateFolder(path.substr(0, end));
     }
-    return {};
+    return error;
 }
 
 // Files have owners here, but a user's rights do not go by them.

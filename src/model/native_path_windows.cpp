@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cwchar>
 
 #include "model/files.h"
 
@@ -97,8 +98,25 @@ bool NativePath::hasTooLongName() const noexcept {
     return isTooLong_;
 }
 
+// Whether what stands in a folder's place is a file. The system says of that, too, that there is no
+// such path.
+bool NativePath::hasFileAbove() const noexcept {
+    NativePath above(*this);
+    while (wchar_t* const end = std::wcsrchr(above.text_, L'\\')) {
+        *end = L'\0';
+        const DWORD attributes = ::GetFileAttributesW(above.text_);
+        if (attributes != INVALID_FILE_ATTRIBUTES) {
+            return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+        }
+    }
+    return false;
+}
+
 std::error_code NativePath::errorFrom(DWORD code) const noexcept {
     if (hasTooLongName()) return std::make_error_code(std::errc::filename_too_long);
+    if (code == ERROR_PATH_NOT_FOUND && hasFileAbove()) {
+        return std::make_error_code(std::errc::not_a_directory);
+    }
     return files::errorFrom(code);
 }
 

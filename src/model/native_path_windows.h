@@ -32,6 +32,7 @@ public:
 private:
     std::size_t convert(std::string_view path) noexcept;
     bool hasTooLongName() const noexcept;
+    bool hasFileAbove() const noexcept;
 
     wchar_t text_[kLongestPath];
     bool isTooLong_ = false;

@@ -73,6 +73,11 @@ TEST(LongPaths, AreReadWrittenListedAndDeleted) {
               folder.path(below + "/hero \u5b66-2.mdl"));
     deleteFile(path);
     EXPECT_EQ(files::namesIn(folderOf(path), "hero"), Names{});
+    // The standard library cannot delete such folders.
+    for (const std::string& made : {below, name + "/" + name, name}) {
+        const std::filesystem::path native = systemPathOf(folder.path(made)).make_preferred();
+        EXPECT_NE(::RemoveDirectoryW((L"\\\\?\\" + native.wstring()).c_str()), 0) << made;
+    }
 }
 
 TEST(LongPaths, ThatAreLongerThanTheSystemTakesAreRefused) {

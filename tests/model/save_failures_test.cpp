@@ -174,7 +174,9 @@ TEST_F(SaveFailuresTest, AModelThatWasWrittenOutsideIsReplacedOnlyAfterAYes) {
 // Another program may write the model at any moment: what it wrote is not replaced unasked.
 TEST_F(SaveFailuresTest, WhatIsWrittenWhileTheGeosetIsAskedForIsNoticed) {
     const std::string path = folder.write("three.mdl", modelOf(threeGeosets()));
-    dialogs.onInput = [&] { std::ofstream(path, std::ios::app) << "// appended\n"; };
+    dialogs.onInput = [&] {
+        std::ofstream(path, std::ios::app | std::ios::binary) << "// appended\n";
+    };
     open(path, "2");
     dialogs.onInput = nullptr;
     dialogs.yesNos.push_back(false);
@@ -189,7 +191,9 @@ TEST_F(SaveFailuresTest, WhatIsWrittenRightAfterASaveIsNoticed) {
     // copy, which fails: the message comes right after the rename.
     fs::create_directory(folder.path("new_TMP.tdl"));
     const std::string saved = folder.path("new.mdl");
-    dialogs.onMessage = [&] { std::ofstream(saved, std::ios::app) << "// appended\n"; };
+    dialogs.onMessage = [&] {
+        std::ofstream(saved, std::ios::app | std::ios::binary) << "// appended\n";
+    };
     saveAs(saved);
     dialogs.onMessage = nullptr;
     dialogs.yesNos.push_back(false);
