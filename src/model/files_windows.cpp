@@ -13,9 +13,11 @@ constexpr int kMostTries = 40;
 constexpr DWORD kBetweenTries = 50;  // milliseconds
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
-                                  FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
-                                  FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+// Those that users see the effect of, and those that a file keeps.
+constexpr DWORD kSeenAttributes =
+    FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+constexpr DWORD kKeptAttributes =
+    kSeenAttributes | FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
 
 std::error_code lastError() noexcept { return errorFrom(::GetLastError()); }
 
@@ -346,8 +348,15 @@ std::error_code File::takeOver(const Status& from, bool addWriting) noexcept {
     if (addWriting) wanted &= ~DWORD{FILE_ATTRIBUTE_READONLY};
     FILE_BASIC_INFO info{};  // times of 0 stay as they are
     info.FileAttributes = wanted == 0 ? FILE_ATTRIBUTE_NORMAL : wanted;
-    return errorUnless(
-        ::SetFileInformationByHandle(handleOf(handle_), FileBasicInfo, &info, sizeof info) != 0);
+    if (::SetFileInformationByHandle(handleOf(handle_), FileBasicInfo, &info, sizeof info) != 0) {
+        return {};
+    }
+    // Some file systems take no attributes, which is no harm where none are asked for.
+    const std::error_code refused = lastError();
+    BY_HANDLE_FILE_INFORMATION now{};
+    const bool isKnown = ::GetFileInformationByHandle(handleOf(handle_), &now) != 0;
+    const bool isAsWanted = ((now.dwFileAttributes ^ wanted) & kSeenAttributes) == 0;
+    return isKnown && isAsWanted ? std::error_code() : refused;
 }
 
 std::error_code File::close() noexcept {
