@@ -18,6 +18,12 @@ FUZZ_PACKAGES=("${BUILD_PACKAGES[@]}" clang libclang-rt-14-dev)
 # shellcheck disable=SC2034
 COVERAGE_PACKAGES=("${TEST_PACKAGES[@]}" gcovr)
 
+# What building for Windows and testing that needs: the libraries are built from their sources, in
+# the versions of the packages here.
+# shellcheck disable=SC2034
+WINDOWS_PACKAGES=(cmake ninja-build g++-mingw-w64-x86-64-posix wine64 googletest
+    libjpeg62-turbo-dev libsquish-dev dpkg-dev ca-certificates)
+
 # What making and checking the Debian package needs.
 # shellcheck disable=SC2034
 PACKAGE_PACKAGES=(dpkg-dev file lintian desktop-file-utils appstream shared-mime-info

@@ -44,6 +44,27 @@ std::string_view withFewDigits(double value, std::array<char, 32>& buffer) {
         std::to_chars(begin, end, value, std::chars_format::general, kSignificantDigits).ptr);
 }
 
+// Whether the text of a number, which no double need be able to hold, means one between -1 and 1.
+// Not every system has a wider type to ask.
+bool isBelowOne(std::string_view text) {
+    const std::size_t e = std::min(text.find_first_of("eE"), text.size());
+    const std::string_view mantissa = text.substr(0, e);
+    const std::size_t first = mantissa.find_first_of("123456789");
+    if (first == std::string_view::npos) return true;
+    const std::size_t period = std::min(mantissa.find('.'), mantissa.size());
+    // The number is 0.ddd * 10^magnitude; the digit after the period is not 0.
+    auto magnitude = static_cast<std::int64_t>(period) - static_cast<std::int64_t>(first);
+    if (magnitude < 0) ++magnitude;  // the period itself is no digit
+    if (e == text.size()) return magnitude <= 0;
+    const std::string_view digits = withoutPlus(text.substr(e + 1));
+    std::int64_t exponent = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto result = std::from_chars(digits.data(), end, exponent);
+    if (result.ec != std::errc{}) return digits.starts_with('-');
+    // Compared without a sum, which might be too large.
+    return exponent <= -magnitude;
+}
+
 // Appends a number that has no more than six decimals and needs no exponent; false for others.
 // Nearly all numbers of a model are of this kind, and this is several times as fast as
 // std::to_chars. No other number of up to 15 digits stands for the same double, so the text is the
@@ -86,13 +107,7 @@ std::optional<double> parseNumber(std::string_view text) {
     }
     if (error != std::errc::result_out_of_range) return std::nullopt;
     // Too small for a double is as good as 0; too large is an error.
-    long double wide = 0;
-    const auto wideResult = std::from_chars(text.data(), end, wide);
-    if (wideResult.ec == std::errc{} && std::fabs(wide) < 1) return static_cast<double>(wide);
-    // Even that has its limits.
-    const std::size_t e = text.find_first_of("eE");
-    if (e != std::string_view::npos && text.substr(e + 1).starts_with('-')) return 0.0;
-    return std::nullopt;
+    return isBelowOne(text) ? std::optional(0.0) : std::nullopt;
 }
 
 std::optional<std::int64_t> parseInteger(std::string_view text) {

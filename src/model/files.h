@@ -1,8 +1,8 @@
 // What the program asks of the system about files: the one header before all that is different from
 // system to system. files_posix.cpp answers it for systems of the Unix kind, files_windows.cpp for
 // Windows; what is built on it, model_files.h, knows no system. Paths are the system's bytes, on
-// Windows UTF-8. No function here throws but where it says so; errors are of
-// std::generic_category().
+// Windows UTF-8, with "/" or "\\" in those that are given and "/" in those that come back. No
+// function here throws but where it says so; errors are of std::generic_category().
 #pragma once
 
 #include <cstddef>
@@ -32,11 +32,19 @@ struct Status {
     std::uint32_t permissions = 0;
 };
 
+/// What an error means. Throws std::bad_alloc.
+std::string wordsFor(std::error_code error);
+
 enum class Links : std::uint8_t { Follow, Stay };
 
 /// Nothing where there is no such file, and where it cannot be looked at; then `error` says why.
 std::optional<Status> statusOf(const std::string& path, std::error_code& error,
                                Links links = Links::Follow) noexcept;
+
+/// What a symbolic link leads to, as it stands in it or whole; nothing where the path is no such
+/// link, and where it cannot be looked at. `error` says why a link cannot be read. Throws
+/// std::bad_alloc.
+std::optional<std::string> linkTarget(const std::string& path, std::error_code& error);
 
 /// Why the user may not write an existing file; no error where they may.
 std::error_code whyNotWritable(const std::string& path) noexcept;
@@ -54,6 +62,9 @@ void flushFolder(const std::string& folder) noexcept;
 /// The names in a folder (empty for the current one) that begin with a text; none where it cannot
 /// be read. Throws std::bad_alloc.
 std::vector<std::string> namesIn(const std::string& folder, std::string_view beginning);
+
+/// Makes a folder and those above it, where they are missing. Throws std::bad_alloc.
+std::error_code makeFolders(const std::string& path);
 
 /// Makes a folder that only its owner can look into, unless it is there; then others lose their
 /// rights in it, where that is to be had. The folders above must be there.

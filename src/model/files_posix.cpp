@@ -13,6 +13,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
 
 #include "model/files.h"
 
@@ -62,6 +63,8 @@ bool hasNoPermissions(int fd, int error) noexcept {
 
 }  // namespace
 
+std::string wordsFor(std::error_code error) { return error.message(); }
+
 std::optional<Status> statusOf(const std::string& path, std::error_code& error,
                                Links links) noexcept {
     error.clear();
@@ -71,6 +74,15 @@ std::optional<Status> statusOf(const std::string& path, std::error_code& error,
     if (result == 0) return statusFrom(status);
     if (errno != ENOENT && errno != ENOTDIR) error = lastError();
     return std::nullopt;
+}
+
+std::optional<std::string> linkTarget(const std::string& path, std::error_code& error) {
+    const bool isLink = std::filesystem::is_symlink(path, error);
+    error.clear();
+    if (!isLink) return std::nullopt;
+    std::string target = std::filesystem::read_symlink(path, error).string();
+    if (error) return std::nullopt;
+    return target;
 }
 
 std::error_code whyNotWritable(const std::string& path) noexcept {
@@ -104,6 +116,12 @@ std::vector<std::string> namesIn(const std::string& folder, std::string_view beg
         if (name.starts_with(beginning)) names.emplace_back(name);
     }
     return names;
+}
+
+std::error_code makeFolders(const std::string& path) {
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    return error;
 }
 
 std::error_code makePrivateFolder(const std::string& path) noexcept {

@@ -1,105 +1,27 @@
-#define WIN32_LEAN_AND_MEAN
-#define NOMINMAX
-#include <windows.h>
-
 #include <algorithm>
-#include <array>
-#include <cerrno>
 #include <limits>
 
 #include "model/files.h"
+#include "model/native_path_windows.h"
 
 namespace corvane::files {
 
 namespace {
-
-// The longest path that the system takes, with its end, in UTF-16.
-constexpr std::size_t kLongestPath = 32768;
 
 // Programs that look at every new file, such as indexers and virus scanners, hold it for a moment.
 constexpr int kMostTries = 40;
 constexpr DWORD kBetweenTries = 50;  // milliseconds
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
-                                  FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
-                                  FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
-
-struct Meaning {
-    DWORD code;
-    int number;
-};
-
-constexpr std::array<Meaning, 22> kMeanings = {{
-    {ERROR_FILE_NOT_FOUND, ENOENT}, {ERROR_PATH_NOT_FOUND, ENOENT},
-    {ERROR_INVALID_DRIVE, ENOENT},  {ERROR_BAD_NETPATH, ENOENT},
-    {ERROR_BAD_NET_NAME, ENOENT},   {ERROR_INVALID_NAME, ENOENT},
-    {ERROR_BAD_PATHNAME, ENOENT},   {ERROR_ACCESS_DENIED, EACCES},
-    {ERROR_CANNOT_MAKE, EACCES},    {ERROR_SHARING_VIOLATION, EBUSY},
-    {ERROR_LOCK_VIOLATION, EBUSY},  {ERROR_USER_MAPPED_FILE, EBUSY},
-    {ERROR_FILE_EXISTS, EEXIST},    {ERROR_ALREADY_EXISTS, EEXIST},
-    {ERROR_DISK_FULL, ENOSPC},      {ERROR_HANDLE_DISK_FULL, ENOSPC},
-    {ERROR_WRITE_PROTECT, EROFS},   {ERROR_FILENAME_EXCED_RANGE, ENAMETOOLONG},
-    {ERROR_DIRECTORY, ENOTDIR},     {ERROR_NOT_ENOUGH_MEMORY, ENOMEM},
-    {ERROR_OUTOFMEMORY, ENOMEM},    {ERROR_TOO_MANY_OPEN_FILES, EMFILE},
-}};
-
-std::error_code errorFrom(DWORD code) noexcept {
-    const auto* const known = std::ranges::find(kMeanings, code, &Meaning::code);
-    return {known == kMeanings.end() ? EIO : known->number, std::generic_category()};
-}
+// Those that users see the effect of, and those that a file keeps.
+constexpr DWORD kSeenAttributes =
+    FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+constexpr DWORD kKeptAttributes =
+    kSeenAttributes | FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
 
 std::error_code lastError() noexcept { return errorFrom(::GetLastError()); }
 
 std::error_code errorUnless(bool done) noexcept { return done ? std::error_code() : lastError(); }
-
-// A path as the system takes it: in UTF-16 and, where it is long, whole and marked as such. Asks
-// for no memory.
-class NativePath {
-public:
-    explicit NativePath(const std::string& path) noexcept {
-        constexpr std::size_t kShort = 240;  // beyond that the mark is needed
-        const std::size_t size = convert(path.empty() ? "." : path);
-        if (size == 0 || size < kShort || std::wstring_view(text_).starts_with(L"\\\\?\\")) return;
-        std::array<wchar_t, kLongestPath> whole;
-        const DWORD length =
-            ::GetFullPathNameW(text_, static_cast<DWORD>(kLongestPath), whole.data(), nullptr);
-        std::wstring_view rest(whole.data(), length);
-        if (length == 0 || length + 8 >= kLongestPath) return;  // it stays as it was given
-        std::wstring_view mark = L"\\\\?\\";
-        if (rest.starts_with(L"\\\\")) {
-            mark = L"\\\\?\\UNC\\";
-            rest.remove_prefix(2);
-        }
-        wchar_t* const end = std::ranges::copy(rest, std::ranges::copy(mark, text_).out).out;
-        *end = L'\0';
-    }
-
-    const wchar_t* get() const noexcept { return text_; }
-
-private:
-    // The number of its units; 0 for no path.
-    std::size_t convert(std::string_view path) noexcept {
-        const int most = static_cast<int>(kLongestPath) - 1;
-        const int given = static_cast<int>(std::min(path.size(), kLongestPath));
-        const int length =
-            ::MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, path.data(), given, text_, most);
-        text_[length] = L'\0';
-        std::replace(text_, text_ + length, L'/', L'\\');
-        return static_cast<std::size_t>(length);
-    }
-
-    wchar_t text_[kLongestPath];
-};
-
-std::string fromNative(std::wstring_view text) {
-    const int size = static_cast<int>(text.size());
-    std::string utf8(text.size() * 3, '\0');
-    const int length = ::WideCharToMultiByte(CP_UTF8, 0, text.data(), size, utf8.data(),
-                                             static_cast<int>(utf8.size()), nullptr, nullptr);
-    utf8.resize(static_cast<std::size_t>(std::max(length, 0)));
-    return utf8;
-}
 
 HANDLE handleOf(std::intptr_t handle) noexcept {
     // NOLINTNEXTLINE(performance-no-int-to-ptr): that is what a handle is
@@ -111,27 +33,27 @@ bool isHeldByAnother(DWORD code) noexcept {
            code == ERROR_USER_MAPPED_FILE;
 }
 
-// Repeats a call while another program holds the file. `call` tells whether it succeeded.
+// Repeats a call while another program holds the file. `call` returns what the system says.
 template <class Call>
-std::error_code patiently(Call call, bool alsoWhereDenied = false) noexcept {
+DWORD patiently(Call call) noexcept {
     for (int tries = 1;; ++tries) {
-        if (call()) return {};
-        const DWORD code = ::GetLastError();
-        const bool isHeld =
-            isHeldByAnother(code) || (alsoWhereDenied && code == ERROR_ACCESS_DENIED);
-        if (!isHeld || tries == kMostTries) return errorFrom(code);
+        const DWORD code = call();
+        if (!isHeldByAnother(code) || tries == kMostTries) return code;
         ::Sleep(kBetweenTries);
     }
 }
+
+DWORD codeUnless(bool done) noexcept { return done ? ERROR_SUCCESS : ::GetLastError(); }
 
 std::intptr_t open(const std::string& path, DWORD access, DWORD how, DWORD flags,
                    std::error_code& error) noexcept {
     const NativePath native(path);
     HANDLE handle = INVALID_HANDLE_VALUE;
-    error = patiently([&] {
+    const DWORD code = patiently([&] {
         handle = ::CreateFileW(native.get(), access, kShareAll, nullptr, how, flags, nullptr);
-        return handle != INVALID_HANDLE_VALUE;
+        return codeUnless(handle != INVALID_HANDLE_VALUE);
     });
+    error = code == ERROR_SUCCESS ? std::error_code() : native.errorFrom(code);
     return reinterpret_cast<std::intptr_t>(handle);
 }
 
@@ -139,7 +61,18 @@ std::uint64_t joined(DWORD high, DWORD low) noexcept {
     return (static_cast<std::uint64_t>(high) << 32U) | low;
 }
 
+// Whether an open file is a link itself. Files that are stored in another way, such as those that a
+// cloud holds, have the same attribute.
+bool isLink(HANDLE handle) noexcept {
+    FILE_ATTRIBUTE_TAG_INFO info{};
+    return ::GetFileInformationByHandleEx(handle, FileAttributeTagInfo, &info, sizeof info) != 0 &&
+           (info.FileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+           IsReparseTagNameSurrogate(info.ReparseTag);
+}
+
 std::optional<Status> statusOfHandle(HANDLE handle, std::error_code& error) noexcept {
+    error.clear();
+    if (::GetFileType(handle) != FILE_TYPE_DISK) return Status{};  // a device, or a pipe
     BY_HANDLE_FILE_INFORMATION info{};
     error = errorUnless(::GetFileInformationByHandle(handle, &info) != 0);
     if (error) return std::nullopt;
@@ -151,12 +84,7 @@ std::optional<Status> statusOfHandle(HANDLE handle, std::error_code& error) noex
                     static_cast<std::int64_t>(joined(info.nFileSizeHigh, info.nFileSizeLow)),
                     (time - kUntil1970) * 100};
     const bool isFolder = (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    const bool isLink = (info.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-    if (isFolder) {
-        status.kind = Kind::Folder;
-    } else if (!isLink && ::GetFileType(handle) == FILE_TYPE_DISK) {
-        status.kind = Kind::Regular;
-    }
+    if (!isLink(handle)) status.kind = isFolder ? Kind::Folder : Kind::Regular;
     status.names = info.nNumberOfLinks;
     status.permissions = info.dwFileAttributes & kKeptAttributes;
     return status;
@@ -164,6 +92,22 @@ std::optional<Status> statusOfHandle(HANDLE handle, std::error_code& error) noex
 
 bool setAttributes(const wchar_t* path, DWORD attributes) noexcept {
     return ::SetFileAttributesW(path, attributes == 0 ? FILE_ATTRIBUTE_NORMAL : attributes) != 0;
+}
+
+// What the system says of a target that it denies to be replaced.
+DWORD whyDenied(const NativePath& target) noexcept {
+    HANDLE file =
+        ::CreateFileW(target.get(), DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return ::GetLastError();
+    ::CloseHandle(file);
+    return ERROR_ACCESS_DENIED;
+}
+
+DWORD move(const NativePath& from, const NativePath& to) noexcept {
+    constexpr DWORD kFlags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    const DWORD code = codeUnless(::MoveFileExW(from.get(), to.get(), kFlags) != 0);
+    // That is what it says while another program holds the target, too.
+    return code == ERROR_ACCESS_DENIED ? whyDenied(to) : code;
 }
 
 }  // namespace
@@ -174,7 +118,9 @@ std::optional<Status> statusOf(const std::string& path, std::error_code& error,
                         (links == Links::Stay ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
     const std::intptr_t handle = open(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING, flags, error);
     if (error) {
-        if (error == std::errc::no_such_file_or_directory) error.clear();
+        const bool isMissing =
+            error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+        if (isMissing) error.clear();
         return std::nullopt;
     }
     std::optional<Status> status = statusOfHandle(handleOf(handle), error);
@@ -182,32 +128,67 @@ std::optional<Status> statusOf(const std::string& path, std::error_code& error,
     return status;
 }
 
+// The whole path of what it leads to in the end.
+std::optional<std::string> linkTarget(const std::string& path, std::error_code& error) {
+    const std::intptr_t link =
+        open(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING,
+             FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, error);
+    const bool leadsOn = !error && isLink(handleOf(link));
+    if (!error) ::CloseHandle(handleOf(link));
+    error.clear();
+    if (!leadsOn) return std::nullopt;
+    const std::intptr_t target =
+        open(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, error);
+    if (error) return std::nullopt;
+    std::wstring whole(kLongestPath, L'\0');
+    whole.resize(::GetFinalPathNameByHandleW(handleOf(target), whole.data(),
+                                             static_cast<DWORD>(kLongestPath), 0));
+    error = errorUnless(!whole.empty());
+    ::CloseHandle(handleOf(target));
+    if (error) return std::nullopt;
+    return withoutMark(fromNative(whole));
+}
+
 std::error_code whyNotWritable(const std::string& path) noexcept {
+    const DWORD attributes = ::GetFileAttributesW(NativePath(path).get());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+        return std::make_error_code(std::errc::permission_denied);
+    }
     std::error_code error;
     const std::intptr_t handle = open(path, GENERIC_WRITE, OPEN_EXISTING, 0, error);
     if (!error) ::CloseHandle(handleOf(handle));
     return error;
 }
 
-// While another program holds the old file the system says that access is denied.
 std::error_code rename(const std::string& from, const std::string& to) noexcept {
     const NativePath old(from);
     const NativePath target(to);
-    return patiently(
-        [&] {
-            return ::MoveFileExW(old.get(), target.get(),
-                                 MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
-        },
-        true);
+    const DWORD attributes = ::GetFileAttributesW(target.get());
+    const bool isThere = attributes != INVALID_FILE_ATTRIBUTES;
+    if (isThere && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        return std::make_error_code(std::errc::is_a_directory);
+    }
+    // The attribute is a file's, and says nothing of who may put another one in its place.
+    const bool isReadOnly = isThere && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+    if (isReadOnly) setAttributes(target.get(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+    const DWORD code = patiently([&] { return move(old, target); });
+    if (code == ERROR_SUCCESS) return {};
+    if (isReadOnly) setAttributes(target.get(), attributes);
+    return target.errorFrom(code);
 }
 
 std::error_code remove(const std::string& path) noexcept {
     const NativePath native(path);
     const DWORD attributes = ::GetFileAttributesW(native.get());
-    const bool isReadOnly =
-        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-    if (isReadOnly) setAttributes(native.get(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
-    return patiently([&] { return ::DeleteFileW(native.get()) != 0; });
+    if (attributes == INVALID_FILE_ATTRIBUTES) return lastError();
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        return std::make_error_code(std::errc::is_a_directory);
+    }
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+        setAttributes(native.get(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+    }
+    const DWORD code = patiently([&] { return codeUnless(::DeleteFileW(native.get()) != 0); });
+    return code == ERROR_SUCCESS ? std::error_code() : errorFrom(code);
 }
 
 // The system keeps the names in a folder safe by itself.
@@ -233,13 +214,21 @@ std::error_code makePrivateFolder(const std::string& path) noexcept {
     const NativePath native(path);
     if (::CreateDirectoryW(native.get(), nullptr) != 0) return {};
     const DWORD code = ::GetLastError();
-    if (code != ERROR_ALREADY_EXISTS) return errorFrom(code);
     const DWORD attributes = ::GetFileAttributesW(native.get());
-    if (attributes == INVALID_FILE_ATTRIBUTES) return lastError();
-    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
-        return std::make_error_code(std::errc::not_a_directory);
+    const bool isThere = attributes != INVALID_FILE_ATTRIBUTES;
+    if (isThere && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return {};
+    if (isThere) return std::make_error_code(std::errc::not_a_directory);
+    return native.errorFrom(code);
+}
+
+// From the top down. What cannot be made there need not be: the drive, or the share of a server.
+std::error_code makeFolders(const std::string& path) {
+    std::error_code error;
+    for (std::size_t end = 0; end != std::string::npos;) {
+        end = path.find_first_of("/\\", end + 1);
+        error = makePrivateFolder(path.substr(0, end));
     }
-    return {};
+    return error;
 }
 
 // Files have owners here, but a user's rights do not go by them.
@@ -359,8 +348,15 @@ std::error_code File::takeOver(const Status& from, bool addWriting) noexcept {
     if (addWriting) wanted &= ~DWORD{FILE_ATTRIBUTE_READONLY};
     FILE_BASIC_INFO info{};  // times of 0 stay as they are
     info.FileAttributes = wanted == 0 ? FILE_ATTRIBUTE_NORMAL : wanted;
-    return errorUnless(
-        ::SetFileInformationByHandle(handleOf(handle_), FileBasicInfo, &info, sizeof info) != 0);
+    if (::SetFileInformationByHandle(handleOf(handle_), FileBasicInfo, &info, sizeof info) != 0) {
+        return {};
+    }
+    // Some file systems take no attributes, which is no harm where none are asked for.
+    const std::error_code refused = lastError();
+    BY_HANDLE_FILE_INFORMATION now{};
+    const bool isKnown = ::GetFileInformationByHandle(handleOf(handle_), &now) != 0;
+    const bool isAsWanted = ((now.dwFileAttributes ^ wanted) & kSeenAttributes) == 0;
+    return isKnown && isAsWanted ? std::error_code() : refused;
 }
 
 std::error_code File::close() noexcept {

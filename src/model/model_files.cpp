@@ -21,24 +21,24 @@ constexpr const char* kFormerEnding = ".former";
 fs::path pathOf(const std::string& text) { return {std::u8string(text.begin(), text.end())}; }
 
 std::string textOf(const fs::path& path) {
-    const std::u8string text = path.u8string();
+    const std::u8string text = path.generic_u8string();
     return {text.begin(), text.end()};
 }
 
 // Follows symbolic links to the file that is really meant, which need not exist.
 std::string resolvedTarget(const std::string& path) {
     constexpr int kMostLinks = 40;  // as the kernel has it; more than that is a loop
-    fs::path target = pathOf(path);
+    std::string target = path;
     std::error_code error;
-    for (int links = 0; fs::is_symlink(target, error); ++links) {
+    for (int links = 0; const auto leadsTo = files::linkTarget(target, error); ++links) {
         if (links == kMostLinks) {
             throw FileError(path, std::make_error_code(std::errc::too_many_symbolic_link_levels));
         }
-        const fs::path next = fs::read_symlink(target, error);
-        if (error) throw FileError(path, error);
-        target = next.is_absolute() ? next : target.parent_path() / next;
+        const fs::path next = pathOf(*leadsTo);
+        target = textOf(next.is_absolute() ? next : pathOf(target).parent_path() / next);
     }
-    return textOf(target);
+    if (error) throw FileError(path, error);
+    return target;
 }
 
 void check(const std::string& path, std::error_code error) {
@@ -120,7 +120,7 @@ FileError::FileError(const std::string& path, const std::string& reason)
     : std::runtime_error(path + ": " + reason) {}
 
 FileError::FileError(const std::string& path, std::error_code code)
-    : std::runtime_error(path + ": " + code.message()), code_(code) {}
+    : std::runtime_error(path + ": " + files::wordsFor(code)), code_(code) {}
 
 FileError::FileError(const std::string& path, int errorNumber)
     : FileError(path, std::error_code(errorNumber, std::generic_category())) {}
@@ -261,7 +261,7 @@ void PendingFile::writeInPlace() {
     const std::error_code error = copyInPlace(side_, target_, &stamp_);
     if (error && copyInPlace(former_, target_, nullptr)) {
         const std::string kept = std::exchange(former_, {});  // stays
-        throw FileDamagedError(path_, error.message() +
+        throw FileDamagedError(path_, files::wordsFor(error) +
                                           ". The file is only partly written now. What it held "
                                           "before is whole in " +
                                           kept);
@@ -313,8 +313,9 @@ std::vector<std::string> formerTextsBeside(const std::string& modelPath) {
 }
 
 bool isSameFile(const std::string& a, const std::string& b) {
-    std::error_code error;
-    return fs::equivalent(pathOf(a), pathOf(b), error);
+    const std::optional<FileStamp> stamp = stampOf(a);
+    const std::optional<FileStamp> other = stampOf(b);
+    return stamp && other && stamp->isSameFileAs(*other);
 }
 
 std::string freePath(const std::string& folder, const std::string& stem,
@@ -322,19 +323,15 @@ std::string freePath(const std::string& folder, const std::string& stem,
     for (int number = 1;; ++number) {
         std::string name = stem;
         if (number > 1) name.append("-").append(std::to_string(number));
-        const fs::path path = pathOf(folder) / pathOf(name.append(extension));
-        std::error_code error;
-        if (fs::symlink_status(path, error).type() == fs::file_type::not_found || error) {
-            return textOf(path);
-        }
+        std::string path = textOf(pathOf(folder) / pathOf(name.append(extension)));
+        std::error_code ignored;
+        if (!files::statusOf(path, ignored, files::Links::Stay)) return path;
     }
 }
 
 void makeFoldersAbove(const std::string& path) {
     const std::string folder = folderOf(path);
-    std::error_code error;
-    fs::create_directories(pathOf(folder), error);
-    check(folder, error);
+    check(folder, files::makeFolders(folder));
 }
 
 std::string folderOf(const std::string& path) { return textOf(pathOf(path).parent_path()); }

@@ -6,7 +6,7 @@
 #include "edit/commands/tools.h"
 #include "edit/transforms.h"
 #include "editor/way_back.h"
-#include "faults.h"
+#include "failing_memory.h"
 #include "model/commands/merge_geoset.h"
 #include "model_flow.h"
 

@@ -1,13 +1,11 @@
 #include "fuzz_session.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -325,11 +323,9 @@ std::string bytesOf(const std::string& path) {
 }
 
 void writeBytes(const std::string& path, std::string_view bytes) {
-    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    const bool done = file >= 0 && ::write(file, bytes.data(), bytes.size()) ==
-                                       static_cast<ssize_t>(bytes.size());
-    if (file >= 0) ::close(file);
-    if (!done) throw std::runtime_error(path + " cannot be written");
+    std::ofstream out(path, std::ios::binary);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (!out.flush()) throw std::runtime_error(path + " cannot be written");
 }
 
 // What stands before the geoset and after it is as it was.

@@ -1,54 +1,11 @@
 #include "model/model_document.h"
 
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <filesystem>
 
-#include "editor_fixture.h"
-#include "forked_child.h"
+#include "model_document_fixture.h"
 
 namespace corvane {
 namespace {
-
-using Names = std::vector<std::string>;
-
-const std::string kModel = "Geoset {\n\tVertices 1 {\n\t\t{ 1, 2, 3 },\n\t}\n}\n";
-const std::string kTwo = kModel + kModel;
-
-class ModelDocumentTest : public testing::Test {
-protected:
-    void makeFolder(const std::string& name) {
-        ASSERT_EQ(::mkdir(folder.path(name).c_str(), 0755), 0);
-    }
-
-    // Makes the model at a path current, as opening it does.
-    static void open(ModelDocument& document, const std::string& modelPath,
-                     const std::string& text = kModel) {
-        PendingFile prepared = prepareWorkingCopy(modelPath, text);
-        document.open(modelPath, std::make_shared<const ModelBase>(ModelText(modelPath, text)),
-                      stampOf(modelPath).value_or(FileStamp{}), prepared);
-        document.geosetNumber = 1;
-        document.modelLoaded = true;
-    }
-    void open(const std::string& modelPath, const std::string& text = kModel) {
-        open(document, modelPath, text);
-    }
-
-    std::string text() const { return std::string(document.base().text.view()); }
-
-    static PiecedText pieced(const std::string& text) {
-        PiecedText pieces;
-        pieces.addText(text);
-        return pieces;
-    }
-    void write(const std::string& path, const std::string& newText) {
-        document.modelPath = document.savePath = path;
-        document.write(pieced(newText));
-    }
-
-    TempFolder folder;
-    ModelDocument document;
-};
 
 TEST_F(ModelDocumentTest, TheWorkingCopyStandsBesideTheModel) {
     const std::string path = folder.write("hero.mdl", kModel);
@@ -78,15 +35,6 @@ TEST_F(ModelDocumentTest, TheWorkingCopyIsNotInPlaceBeforeTheModelIsOpen) {
     EXPECT_EQ(folder.names(), Names{"hero.mdl"});
 }
 
-TEST_F(ModelDocumentTest, TheWorkingCopyTakesThePermissionsOfTheModel) {
-    const std::string path = folder.write("hero.mdl", kModel);
-    ASSERT_EQ(::chmod(path.c_str(), 0440), 0);
-    open(path);
-    struct stat status {};
-    ASSERT_EQ(::stat(document.workPath.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777, 0640U);
-}
-
 TEST_F(ModelDocumentTest, OpeningDeletesTheWorkingCopyBefore) {
     open(folder.write("hero.mdl", kModel));
     open(folder.write("tree.mdl", kTwo), kTwo);
@@ -101,15 +49,6 @@ TEST_F(ModelDocumentTest, OpeningAgainReplacesTheWorkingCopyOfTheSameModel) {
     open(path, kTwo);
     EXPECT_EQ(folder.names(), (Names{"hero.mdl", "hero_TMP.tdl"}));
     EXPECT_EQ(readFile(document.workPath), kTwo);
-}
-
-TEST_F(ModelDocumentTest, OpeningKeepsTheWorkingCopyThatTwoPathsLeadTo) {
-    makeFolder("models");
-    ASSERT_EQ(::symlink("models", folder.path("link").c_str()), 0);
-    open(folder.write("models/hero.mdl", kModel));
-    open(folder.path("link/hero.mdl"), kTwo);
-    EXPECT_EQ(document.workPath, folder.path("link/hero_TMP.tdl"));
-    EXPECT_EQ(readFile(folder.path("models/hero_TMP.tdl")), kTwo);
 }
 
 TEST_F(ModelDocumentTest, NothingChangesWhereTheNextWorkingCopyCannotBePrepared) {
@@ -132,21 +71,6 @@ TEST_F(ModelDocumentTest, NothingChangesWhereTheNextWorkingCopyCannotTakeItsPlac
     EXPECT_EQ(document.workPath, folder.path("hero_TMP.tdl"));
     EXPECT_EQ(document.modelPath, path);
     EXPECT_EQ(text(), kModel);
-}
-
-TEST_F(ModelDocumentTest, ALeftoverThatMayNotBeWrittenIsReplaced) {
-    const std::string path = folder.write("hero.mdl", kModel);
-    const std::string leftover = folder.write("hero_TMP.tdl", "left by a crash");
-    giveToUnprivilegedUser(folder.path(""));
-    giveToUnprivilegedUser(path);
-    giveToUnprivilegedUser(leftover);
-    ASSERT_EQ(::chmod(leftover.c_str(), 0444), 0);
-    const ChildResult child = asUnprivilegedUser([&] {
-        open(path);
-        return readFile(document.workPath);
-    });
-    EXPECT_EQ(child.said, kModel);
-    EXPECT_EQ(readFile(leftover), kModel);
 }
 
 TEST_F(ModelDocumentTest, AWrittenTextIsInTheFileAndInMemoryAndThenInTheWorkingCopy) {

@@ -1,18 +1,13 @@
 // Names and reading. Writing is in replace_file_test.cpp.
 #include "model/model_files.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <array>
 #include <cerrno>
-#include <new>
+#include <filesystem>
 
-#include "editor_fixture.h"
-#include "forked_child.h"
+#include "temp_folder.h"
 
 namespace corvane {
 namespace {
@@ -47,13 +42,6 @@ TEST(ReadModelFile, ReadsAFileOfSeveralMegabytes) {
     EXPECT_TRUE(readModelFile(folder.write("large.mdl", bytes)).view() == bytes);
 }
 
-TEST(ReadModelFile, FollowsSymbolicLinks) {
-    const TempFolder folder;
-    folder.write("hero.mdl", "text");
-    ASSERT_EQ(::symlink("hero.mdl", folder.path("link.mdl").c_str()), 0);
-    EXPECT_EQ(readModelFile(folder.path("link.mdl")).view(), "text");
-}
-
 TEST(ReadModelFile, ReadsNamesBeyondAscii) {
     const TempFolder folder;
     EXPECT_EQ(readModelFile(folder.write("Bühne 学.mdl", "text")).view(), "text");
@@ -66,72 +54,17 @@ TEST(ReadModelFile, RefusesAMissingFile) {
     EXPECT_EQ(readingResult(""), ": No such file or directory");
 }
 
-TEST(ReadModelFile, RefusesADanglingLink) {
-    const TempFolder folder;
-    const std::string path = folder.path("link.mdl");
-    ASSERT_EQ(::symlink("missing.mdl", path.c_str()), 0);
-    EXPECT_EQ(readingResult(path), path + ": No such file or directory");
-}
-
 TEST(ReadModelFile, RefusesAFolder) {
     const TempFolder folder;
     EXPECT_EQ(readingResult(folder.path("")), folder.path("") + ": Is a directory");
-}
-
-// Opening a pipe that nobody writes to would wait for ever.
-TEST(ReadModelFile, RefusesANamedPipe) {
-    const TempFolder folder;
-    const std::string path = folder.path("pipe.mdl");
-    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
-    EXPECT_EQ(readingResult(path), path + ": not a regular file");
-}
-
-TEST(ReadModelFile, RefusesADevice) {
-    EXPECT_EQ(readingResult("/dev/null"), "/dev/null: not a regular file");
 }
 
 TEST(ReadModelFile, RefusesAFileThatIsTooLarge) {
     const TempFolder folder;
     const std::string path = folder.write("hero.mdl", "");
     // A hole: it takes no room on the disk.
-    ASSERT_EQ(::truncate(path.c_str(), (1 << 30) + 1), 0);
+    std::filesystem::resize_file(path, (std::uintmax_t{1} << 30U) + 1);
     EXPECT_EQ(readingResult(path), path + ": larger than 1024 MiB");
-}
-
-// Not because of its size, at least.
-TEST(ReadModelFile, TakesAFileThatIsJustNotTooLarge) {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the sanitizer ends a program that has no memory left";
-#endif
-    const TempFolder folder;
-    const std::string path = folder.write("hero.mdl", "");
-    ASSERT_EQ(::truncate(path.c_str(), 1 << 30), 0);
-    const ChildResult child = inForkedChild([&]() -> std::string {
-        // For a gigabyte there is no room, and reading it would take long.
-        const rlimit limit = {.rlim_cur = rlim_t{1} << 30U, .rlim_max = rlim_t{1} << 30U};
-        if (::setrlimit(RLIMIT_AS, &limit) != 0) return "no limit";
-        try {
-            return readingResult(path);
-        } catch (const std::bad_alloc&) {
-            return "no memory";
-        }
-    });
-    EXPECT_EQ(child.said, "no memory");
-}
-
-// A file that yields more than its size says has grown. These always do.
-TEST(ReadModelFile, RefusesAFileThatGrows) {
-    EXPECT_EQ(readingResult("/proc/self/status"), "/proc/self/status: changed while it was read");
-}
-
-TEST(ReadModelFile, RefusesAFileThatTheUserMayNotRead) {
-    const TempFolder folder;
-    const std::string path = folder.write("hero.mdl", "text");
-    giveToUnprivilegedUser(folder.path(""));
-    giveToUnprivilegedUser(path);
-    ASSERT_EQ(::chmod(path.c_str(), 0), 0);
-    EXPECT_EQ(asUnprivilegedUser([&] { return readingResult(path); }).said,
-              path + ": Permission denied");
 }
 
 TEST(ReadModelFile, GivesTheStampOfTheBytesThatItRead) {
@@ -171,7 +104,7 @@ TEST(DeleteFile, DeletesAFileAndIgnoresWhatIsMissing) {
 
 TEST(DeleteFile, LeavesFoldersAlone) {
     const TempFolder folder;
-    ASSERT_EQ(::mkdir(folder.path("sub").c_str(), 0755), 0);
+    std::filesystem::create_directory(folder.path("sub"));
     deleteFile(folder.path("sub"));
     EXPECT_EQ(folder.names(), std::vector<std::string>{"sub"});
 }
@@ -180,11 +113,9 @@ TEST(IsSameFile, ComparesFilesNotNames) {
     const TempFolder folder;
     const std::string a = folder.write("a.mdl", "text");
     const std::string b = folder.write("b.mdl", "text");
-    ASSERT_EQ(::symlink("a.mdl", folder.path("link.mdl").c_str()), 0);
-    ASSERT_EQ(::link(a.c_str(), folder.path("hard.mdl").c_str()), 0);
+    std::filesystem::create_hard_link(a, folder.path("hard.mdl"));
     EXPECT_TRUE(isSameFile(a, a));
     EXPECT_TRUE(isSameFile(a, folder.path("./a.mdl")));
-    EXPECT_TRUE(isSameFile(a, folder.path("link.mdl")));
     EXPECT_TRUE(isSameFile(folder.path("hard.mdl"), a));
     EXPECT_FALSE(isSameFile(a, b));
 }
@@ -202,11 +133,9 @@ TEST(StampOf, TellsFilesApart) {
     const TempFolder folder;
     const std::string a = folder.write("a.mdl", "text");
     const std::string b = folder.write("b.mdl", "text");
-    ASSERT_EQ(::symlink("a.mdl", folder.path("link.mdl").c_str()), 0);
     ASSERT_TRUE(stampOf(a));
     ASSERT_TRUE(stampOf(b));
     EXPECT_EQ(stampOf(a), stampOf(a));
-    EXPECT_EQ(stampOf(folder.path("link.mdl")), stampOf(a));
     EXPECT_NE(stampOf(a), stampOf(b));
     EXPECT_FALSE(stampOf(a)->isSameFileAs(*stampOf(b)));
 }
@@ -220,21 +149,6 @@ TEST(StampOf, ChangesWhenTheFileIsWrittenAgain) {
     ASSERT_TRUE(before && after);
     EXPECT_NE(before, after);
     EXPECT_TRUE(before->isSameFileAs(*after));
-}
-
-TEST(StampOf, SeesATimeOfWritingThatDiffersInItsNanoseconds) {
-    const TempFolder folder;
-    const std::string path = folder.write("hero.mdl", "text");
-    const struct timespec earlier[2] = {{1000000000, 1}, {1000000000, 1}};
-    const struct timespec later[2] = {{1000000000, 2}, {1000000000, 2}};
-    ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), earlier, 0), 0);
-    const auto before = stampOf(path);
-    ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), later, 0), 0);
-    const auto after = stampOf(path);
-    ASSERT_TRUE(before && after);
-    EXPECT_EQ(before->modified, 1000000000000000001);
-    EXPECT_EQ(after->modified, 1000000000000000002);
-    EXPECT_NE(before, after);
 }
 
 TEST(StampOf, IsNothingWithoutAFile) {

@@ -94,6 +94,22 @@ TEST(ParseNumber, TakesWhatIsTooSmallForADoubleAsZero) {
 TEST(ParseNumber, TakesWhatIsTooSmallForAnyTypeAsZero) {
     EXPECT_EQ(parseNumber("1e-9999"), 0.0);
     EXPECT_EQ(parseNumber("-1e-99999"), 0.0);
+    EXPECT_EQ(parseNumber("1e-99999999999999999999"), 0.0);
+    EXPECT_EQ(parseNumber("0." + std::string(9999, '0') + "1"), 0.0);
+}
+
+// Digits before the period, zeros behind it and the exponent count together.
+TEST(ParseNumber, TellsWhatIsTooSmallFromWhatIsTooLarge) {
+    const std::string zeros(400, '0');
+    EXPECT_EQ(parseNumber("1" + zeros), std::nullopt);
+    EXPECT_EQ(parseNumber("-1" + zeros + ".5"), std::nullopt);
+    EXPECT_EQ(parseNumber("1" + zeros + "e-10"), std::nullopt);
+    EXPECT_EQ(parseNumber("1" + zeros + "e-800"), 0.0);
+    EXPECT_EQ(parseNumber("-0." + zeros + "1e10"), 0.0);
+    EXPECT_EQ(parseNumber("0." + zeros + "1e800"), std::nullopt);
+    EXPECT_EQ(parseNumber("." + zeros + "1E+800"), std::nullopt);
+    EXPECT_EQ(parseNumber("1e99999999999999999999"), std::nullopt);
+    EXPECT_EQ(parseNumber("1" + zeros + "e9223372036854775807"), std::nullopt);
 }
 
 TEST(ParseNumber, KeepsTheSmallestDoubles) {

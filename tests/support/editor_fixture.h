@@ -3,17 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "editor/editor.h"
 #include "scripted_dialogs.h"
+#include "temp_folder.h"
 #include "uveditor/commands/uv_editor.h"
 #include "views/recording_surface.h"
 
@@ -42,49 +39,6 @@ public:
     std::optional<UVData> textureData;      ///< what the texture editor was last shown with
     std::function<void()> onUpdateButtons;  ///< called whenever the buttons are refreshed
 };
-
-/// A folder that is deleted in the end.
-class TempFolder {
-public:
-    TempFolder() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "corvane-test-XXXXXX").string();
-        path_ = ::mkdtemp(pattern.data());
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-    ~TempFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-
-    /// The path of a file in the folder.
-    std::string path(const std::string& name) const { return (path_ / name).string(); }
-
-    /// Writes a file and returns its path.
-    std::string write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(path(name), std::ios::binary) << bytes;
-        return path(name);
-    }
-
-    /// The names of everything in the folder, hidden files included, sorted.
-    std::vector<std::string> names() const {
-        std::vector<std::string> found;
-        for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-            found.push_back(entry.path().filename().string());
-        }
-        std::sort(found.begin(), found.end());
-        return found;
-    }
-
-private:
-    std::filesystem::path path_;
-};
-
-inline std::string readFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 /// The size of the main window's pictures at the start, twips.
 inline constexpr double kPictureWidth = 3135;

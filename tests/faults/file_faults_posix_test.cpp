@@ -5,7 +5,7 @@
 #include <array>
 #include <cerrno>
 
-#include "faults.h"
+#include "failing_calls.h"
 #include "model_flow.h"
 
 namespace corvane {

@@ -1,5 +1,3 @@
-#include "faults.h"
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -7,18 +5,13 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
-#include <new>
 #include <optional>
+
+#include "failing_calls.h"
 
 namespace corvane::faults {
 
 namespace {
-
-// Plain numbers: they are looked at wherever memory is asked for.
-std::size_t failingAllocation = 0;
-std::size_t allocations = 0;
-bool hasAllocationFailed = false;
 
 struct Fault {
     Call call;
@@ -39,27 +32,7 @@ bool fails(Call call, const Asked& asked = {}) {
     return true;
 }
 
-void* allocate(std::size_t size) {
-    if (failingAllocation != 0 && ++allocations == failingAllocation) {
-        hasAllocationFailed = true;
-        throw std::bad_alloc();
-    }
-    void* const memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) throw std::bad_alloc();
-    return memory;
-}
-
 }  // namespace
-
-FailingMemory::FailingMemory(std::size_t number) {
-    allocations = 0;
-    hasAllocationFailed = false;
-    failingAllocation = number;
-}
-
-FailingMemory::~FailingMemory() { failingAllocation = 0; }
-
-bool FailingMemory::hasFailed() { return hasAllocationFailed; }
 
 FailingCall::FailingCall(Call call, int errorNumber, int first, int last,
                          std::function<bool(const Asked&)> which) {
@@ -75,14 +48,7 @@ int FailingCall::count() { return fault ? fault->count : 0; }
 using corvane::faults::Call;
 using corvane::faults::fails;
 
-// In place of the standard library's and of the system's.
-
-void* operator new(std::size_t size) { return corvane::faults::allocate(size); }
-void* operator new[](std::size_t size) { return corvane::faults::allocate(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
+// In place of the system's.
 
 extern "C" {
 

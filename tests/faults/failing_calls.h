@@ -1,23 +1,10 @@
-// Makes allocations and calls of the system fail. Everything else goes through to the system.
+// Makes calls of the system fail, on systems of the Unix kind. Everything else goes through to it.
 #pragma once
 
-#include <cstddef>
 #include <functional>
 #include <string_view>
 
 namespace corvane::faults {
-
-/// While it lives, an allocation fails: the one with this number, counted from 1.
-class FailingMemory {
-public:
-    explicit FailingMemory(std::size_t number);
-    FailingMemory(const FailingMemory&) = delete;
-    FailingMemory& operator=(const FailingMemory&) = delete;
-    ~FailingMemory();
-
-    /// Whether it has come to that.
-    static bool hasFailed();
-};
 
 /// The calls that can fail.
 enum class Call {

@@ -1,0 +1,118 @@
+// Reading what only systems of the Unix kind have: symbolic links, pipes, permissions.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <new>
+
+#include "forked_child.h"
+#include "model/model_files.h"
+#include "temp_folder.h"
+
+namespace corvane {
+namespace {
+
+// The message with which reading a file fails; its text when it does not.
+std::string readingResult(const std::string& path) {
+    try {
+        return std::string(readModelFile(path).view());
+    } catch (const FileError& error) {
+        return error.what();
+    }
+}
+
+TEST(ReadModelFile, FollowsSymbolicLinks) {
+    const TempFolder folder;
+    folder.write("hero.mdl", "text");
+    ASSERT_EQ(::symlink("hero.mdl", folder.path("link.mdl").c_str()), 0);
+    EXPECT_EQ(readModelFile(folder.path("link.mdl")).view(), "text");
+}
+
+TEST(ReadModelFile, RefusesADanglingLink) {
+    const TempFolder folder;
+    const std::string path = folder.path("link.mdl");
+    ASSERT_EQ(::symlink("missing.mdl", path.c_str()), 0);
+    EXPECT_EQ(readingResult(path), path + ": No such file or directory");
+}
+
+// Opening a pipe that nobody writes to would wait for ever.
+TEST(ReadModelFile, RefusesANamedPipe) {
+    const TempFolder folder;
+    const std::string path = folder.path("pipe.mdl");
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    EXPECT_EQ(readingResult(path), path + ": not a regular file");
+}
+
+TEST(ReadModelFile, RefusesADevice) {
+    EXPECT_EQ(readingResult("/dev/null"), "/dev/null: not a regular file");
+}
+
+// Not because of its size, at least.
+TEST(ReadModelFile, TakesAFileThatIsJustNotTooLarge) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer ends a program that has no memory left";
+#endif
+    const TempFolder folder;
+    const std::string path = folder.write("hero.mdl", "");
+    ASSERT_EQ(::truncate(path.c_str(), 1 << 30), 0);
+    const ChildResult child = inForkedChild([&]() -> std::string {
+        // For a gigabyte there is no room, and reading it would take long.
+        const rlimit limit = {.rlim_cur = rlim_t{1} << 30U, .rlim_max = rlim_t{1} << 30U};
+        if (::setrlimit(RLIMIT_AS, &limit) != 0) return "no limit";
+        try {
+            return readingResult(path);
+        } catch (const std::bad_alloc&) {
+            return "no memory";
+        }
+    });
+    EXPECT_EQ(child.said, "no memory");
+}
+
+// A file that yields more than its size says has grown. These always do.
+TEST(ReadModelFile, RefusesAFileThatGrows) {
+    EXPECT_EQ(readingResult("/proc/self/status"), "/proc/self/status: changed while it was read");
+}
+
+TEST(ReadModelFile, RefusesAFileThatTheUserMayNotRead) {
+    const TempFolder folder;
+    const std::string path = folder.write("hero.mdl", "text");
+    giveToUnprivilegedUser(folder.path(""));
+    giveToUnprivilegedUser(path);
+    ASSERT_EQ(::chmod(path.c_str(), 0), 0);
+    EXPECT_EQ(asUnprivilegedUser([&] { return readingResult(path); }).said,
+              path + ": Permission denied");
+}
+
+TEST(StampOf, SeesATimeOfWritingThatDiffersInItsNanoseconds) {
+    const TempFolder folder;
+    const std::string path = folder.write("hero.mdl", "text");
+    const struct timespec earlier[2] = {{1000000000, 1}, {1000000000, 1}};
+    const struct timespec later[2] = {{1000000000, 2}, {1000000000, 2}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), earlier, 0), 0);
+    const auto before = stampOf(path);
+    ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), later, 0), 0);
+    const auto after = stampOf(path);
+    ASSERT_TRUE(before && after);
+    EXPECT_EQ(before->modified, 1000000000000000001);
+    EXPECT_EQ(after->modified, 1000000000000000002);
+    EXPECT_NE(before, after);
+}
+
+TEST(IsSameFile, FollowsSymbolicLinks) {
+    const TempFolder folder;
+    const std::string a = folder.write("a.mdl", "text");
+    ASSERT_EQ(::symlink("a.mdl", folder.path("link.mdl").c_str()), 0);
+    EXPECT_TRUE(isSameFile(a, folder.path("link.mdl")));
+}
+
+TEST(StampOf, FollowsSymbolicLinks) {
+    const TempFolder folder;
+    const std::string a = folder.write("a.mdl", "text");
+    ASSERT_EQ(::symlink("a.mdl", folder.path("link.mdl").c_str()), 0);
+    EXPECT_EQ(stampOf(folder.path("link.mdl")), stampOf(a));
+}
+
+}  // namespace
+}  // namespace corvane
