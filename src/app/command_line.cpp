@@ -2,7 +2,6 @@
 
 #include <QCommandLineParser>
 #include <cstdio>
-#include <filesystem>
 
 #include "app/system_path.h"
 #include "base/version.h"
@@ -32,11 +31,6 @@ struct Options {
 
 CommandLine refused(const QString& why) {
     return {.model = {}, .geoset = {}, .refusal = why.toStdString()};
-}
-
-// Whatever folder the program may be in later.
-std::string absolutePath(const QString& text) {
-    return std::filesystem::absolute(systemPath(text)).string();
 }
 
 void printError(const std::string& text) {

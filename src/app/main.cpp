@@ -47,6 +47,7 @@ public:
 // Needs no display.
 int print(int argc, char** argv, corvane::Print what) {
     const QCoreApplication application(argc, argv);
+    corvane::preparePrinting();
     std::fputs(corvane::textOf(what).c_str(), stdout);
     return EXIT_SUCCESS;
 }
@@ -77,6 +78,7 @@ int runEditor(const CommandLine& commandLine) {
 
 int main(int argc, char** argv) {
     corvane::prepareProcess();
+    argv = corvane::systemArguments(argc, argv);
     const auto asked = corvane::textAskedFor(corvane::argumentsOf(argc, argv));
     if (asked) return print(argc, argv, *asked);
     // Takes its own arguments away.

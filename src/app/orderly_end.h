@@ -2,28 +2,27 @@
 #pragma once
 
 #include <QObject>
-#include <QSocketNotifier>
-#include <array>
 #include <functional>
 #include <memory>
 
 namespace corvane {
 
-/// While it lives, SIGTERM, SIGINT and SIGHUP no longer end the process but call a function from
-/// the event loop, also inside a dialog. At most one object at a time. A signal that the process
-/// ignores, as under nohup, stays ignored.
-class EndSignals : public QObject {
-    Q_OBJECT
-
+/// While it lives, what the system ends a process with calls a function from the event loop, also
+/// inside a dialog, instead of ending it: SIGTERM, SIGINT and SIGHUP; on Windows the end of the
+/// user's session, and Ctrl+C, Ctrl+Break and the end of the console, if there is one. At most one
+/// object at a time. A signal that the process ignores, as under nohup, stays ignored.
+class EndSignals {
 public:
+    /// The application must be there.
     explicit EndSignals(std::function<void()> end);
     EndSignals(const EndSignals&) = delete;
     EndSignals& operator=(const EndSignals&) = delete;
-    ~EndSignals() override;
+    ~EndSignals();
 
 private:
-    std::function<void()> end_;
-    std::unique_ptr<QSocketNotifier> notifier_;
+    class Watch;  // what the system needs for that
+
+    std::unique_ptr<Watch> watch_;  // none where the system refuses it
 };
 
 /// While it lives, a function is called where the program is told to quit while a dialog waits for

@@ -1,6 +1,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <QSocketNotifier>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <utility>
@@ -24,18 +26,7 @@ void noteSignal(int /*signal*/) {
     errno = error;
 }
 
-}  // namespace
-
-EndSignals::EndSignals(std::function<void()> end) : end_(std::move(end)) {
-    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0, ends.data()) != 0) {
-        return;  // then they end the process as they always did
-    }
-    notifier_ = std::make_unique<QSocketNotifier>(ends[0], QSocketNotifier::Read);
-    connect(notifier_.get(), &QSocketNotifier::activated, this, [this] {
-        char bytes[16];
-        [[maybe_unused]] const ssize_t got = ::read(ends[0], bytes, sizeof bytes);
-        end_();
-    });
+void catchSignals() {
     struct sigaction action {};
     action.sa_handler = noteSignal;
     action.sa_flags = SA_RESTART;
@@ -45,10 +36,36 @@ EndSignals::EndSignals(std::function<void()> end) : end_(std::move(end)) {
     }
 }
 
+}  // namespace
+
+// Reads what a signal's handler writes. The ends are open.
+class EndSignals::Watch {
+public:
+    explicit Watch(std::function<void()> end) : notifier_(ends[0], QSocketNotifier::Read) {
+        QObject::connect(
+            &notifier_, &QSocketNotifier::activated, &notifier_, [call = std::move(end)] {
+                char bytes[16];
+                [[maybe_unused]] const ssize_t got = ::read(ends[0], bytes, sizeof bytes);
+                call();
+            });
+    }
+
+private:
+    QSocketNotifier notifier_;
+};
+
+EndSignals::EndSignals(std::function<void()> end) {
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+        return;  // then they end the process as they always did
+    }
+    watch_ = std::make_unique<Watch>(std::move(end));
+    catchSignals();
+}
+
 EndSignals::~EndSignals() {
-    if (!notifier_) return;
+    if (!watch_) return;
     for (std::size_t i = 0; i < kSignals.size(); ++i) ::sigaction(kSignals[i], &before[i], nullptr);
-    notifier_.reset();
+    watch_.reset();
     for (int& end : ends) ::close(std::exchange(end, -1));
 }
 

@@ -61,11 +61,6 @@ std::string systemPath(const QString& text) {
     return path + text.mid(written).toStdString();
 }
 
-std::string systemPath(const QUrl& url) {
-    if (!url.isLocalFile()) return {};
-    return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
-}
-
 std::string chosenPath(const QUrl& chosen, const std::string& current) {
     std::string path = systemPath(chosen);
     if (path == shown(current)) return current;

@@ -1,5 +1,6 @@
-// Paths between the system, for which they are bytes, and Qt, for which they are characters. Qt
-// replaces bytes that are no UTF-8, after which the file is not found. Here nothing is lost.
+// Paths between the program, for which they are bytes, and Qt, for which they are characters. Qt
+// replaces bytes that are no UTF-8, after which the file is not found. Here nothing is lost. On
+// Windows paths are characters to the system, too: in UTF-8 here, with "/" between folders.
 #pragma once
 
 #include <QByteArray>
@@ -19,6 +20,10 @@ std::string systemPath(const QString& text);
 /// The bytes of the path that a file's URL names; empty where it names no file of this system.
 /// Bytes that are no UTF-8 arrive in it.
 std::string systemPath(const QUrl& url);
+
+/// The absolute path, whatever folder the program may be in later, of what the user named; `text`
+/// as textOfPath() makes it.
+std::string absolutePath(const QString& text);
 
 /// A path from a file dialog that started at `current`, which Qt shows with replacement characters
 /// for bytes that are no UTF-8: where the user left those, they stand for the bytes of `current`.

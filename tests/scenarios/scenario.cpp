@@ -55,7 +55,7 @@ RunningScenario::RunningScenario(const std::string& folder,
     }
     process_->setProcessEnvironment(variables);
     process_->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process_->start(CORVANE_SCENARIO_RUNNER, {"-"});
+    process_->start(variables.value("CORVANE_SCENARIO_RUNNER", CORVANE_SCENARIO_RUNNER), {"-"});
 }
 
 void RunningScenario::send(const std::string& commands) {
