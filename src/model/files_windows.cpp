@@ -94,20 +94,21 @@ bool setAttributes(const wchar_t* path, DWORD attributes) noexcept {
     return ::SetFileAttributesW(path, attributes == 0 ? FILE_ATTRIBUTE_NORMAL : attributes) != 0;
 }
 
-// What the system says of a target that it denies to be replaced.
-DWORD whyDenied(const NativePath& target) noexcept {
-    HANDLE file =
-        ::CreateFileW(target.get(), DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return ::GetLastError();
+// Whether another program keeps a file from being replaced.
+bool isHeld(const NativePath& path) noexcept {
+    HANDLE file = ::CreateFileW(path.get(), DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return isHeldByAnother(::GetLastError());
     ::CloseHandle(file);
-    return ERROR_ACCESS_DENIED;
+    return false;
 }
 
 DWORD move(const NativePath& from, const NativePath& to) noexcept {
     constexpr DWORD kFlags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    const DWORD code = codeUnless(::MoveFileExW(from.get(), to.get(), kFlags) != 0);
-    // That is what it says while another program holds the target, too.
-    return code == ERROR_ACCESS_DENIED ? whyDenied(to) : code;
+    const auto tried = [&] { return codeUnless(::MoveFileExW(from.get(), to.get(), kFlags) != 0); };
+    const DWORD code = tried();
+    if (code != ERROR_ACCESS_DENIED) return code;
+    // That is what it says while another program holds the target, too; by now it may have let go.
+    return isHeld(to) ? ERROR_SHARING_VIOLATION : tried();
 }
 
 }  // namespace
@@ -137,10 +138,10 @@ std::optional<std::string> linkTarget(const std::string& path, std::error_code& 
     if (!error) ::CloseHandle(handleOf(link));
     error.clear();
     if (!leadsOn) return std::nullopt;
+    std::wstring whole(kLongestPath, L'\0');
     const std::intptr_t target =
         open(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, error);
     if (error) return std::nullopt;
-    std::wstring whole(kLongestPath, L'\0');
     whole.resize(::GetFinalPathNameByHandleW(handleOf(target), whole.data(),
                                              static_cast<DWORD>(kLongestPath), 0));
     error = errorUnless(!whole.empty());
