@@ -59,8 +59,8 @@ public:
     /// deleted, by the user or for the limits, and failures.
     std::uint64_t losses() const;
 
-    /// Whether what this run kept last with that reason, which is none of edits that go on, is still
-    /// in the folder. Waits like finish().
+    /// Whether what this run kept last with that reason, which is none of edits that go on, is
+    /// still in the folder. Waits like finish().
     bool isStillThere(KeptBecause because);
 
     /// Whether all that was to be kept is kept.
