@@ -355,6 +355,16 @@ TEST(RoundToDecimals, RoundsEverythingElseToTheNearest) {
     EXPECT_EQ(formatNumber(roundToDecimals(0.7071067811865476, 6)), "0.707107");
 }
 
+TEST(RoundToDecimals, RoundsToAnyOf0To9Places) {
+    const std::array rounded = {5.0,     4.5,      4.55,      4.545,      4.5455,
+                                4.54545, 4.545455, 4.5454545, 4.54545455, 4.545454545};
+    for (int decimals = 0; decimals < 10; ++decimals) {
+        EXPECT_EQ(roundToDecimals(4.5454545454, decimals),
+                  rounded[static_cast<std::size_t>(decimals)])
+            << decimals;
+    }
+}
+
 TEST(RoundToDecimals, LeavesNumbersWithoutAFractionToRound) {
     EXPECT_EQ(roundToDecimals(3, 6), 3.0);
     EXPECT_EQ(roundToDecimals(1e300, 6), 1e300);
