@@ -99,6 +99,12 @@ TEST(ParseNumber, TakesWhatIsTooSmallForAnyTypeAsZero) {
 }
 
 // Digits before the period, zeros behind it and the exponent count together.
+TEST(ParseNumber, LooksAtNothingBehindItsText) {
+    const std::string text = "1" + std::string(399, '0') + "e-400";
+    EXPECT_EQ(parseNumber(text), 0.1);
+    EXPECT_EQ(parseNumber(std::string_view(text).substr(0, text.size() - 1)), std::nullopt);
+}
+
 TEST(ParseNumber, TellsWhatIsTooSmallFromWhatIsTooLarge) {
     const std::string zeros(400, '0');
     EXPECT_EQ(parseNumber("1" + zeros), std::nullopt);

@@ -107,6 +107,11 @@ TEST(ComposeRowSection, TakesRowsThatAreWrapped) {
               "\tSkinWeights {\n1,0,0,0,\n255,0,0,0,\n\t}");
 }
 
+TEST(ComposeRowSection, TakesARowThatHoldsNothing) {
+    EXPECT_EQ(composed("\tTangents 2 {\n\t\t{},\n\t\t{ 2, 0, 0, 1 },\n\t}\n", {1, 0}),
+              "\tTangents 2 {\n\t\t{ 2, 0, 0, 1 },\n\t\t{},\n\t}");
+}
+
 TEST(ComposeRowSection, GivesAVertexWithoutARowTheNeutralOneInTheSectionsLayout) {
     EXPECT_EQ(composed(kTangents, {0, kNoRow}, 1),
               "\tTangents 2 {\n\t\t{ 1.50, 0, 0,1 },\n\t\t{ 1, 0, 0, 1 },\n\t}");
@@ -195,6 +200,8 @@ TEST(ComposeRowSection, NamesARowThatEndsWithinALineWhereTheRowsAreNotThoseOfThe
 TEST(ComposeRowSection, TakesRowsWrappedAnywhereWhereThereIsOneForEachVertex) {
     EXPECT_EQ(composed("\tSkinWeights {\n5,0,0,0,255,0,0,0, 1,0,0,\n0,255,0,0,0\n\t}\n", {1, 0}),
               "\tSkinWeights {\n 1,0,0,\n0,255,0,0,0,\n5,0,0,0,255,0,0,0,\t}");
+    EXPECT_EQ(composed("\tSkinWeights {\n5,0,0,0,\n255,0,0,0, 1,0,0,0,\n255,0,0,0\n\t}\n", {1, 0}),
+              "\tSkinWeights {\n 1,0,0,0,\n255,0,0,0,\n5,0,0,0,\n255,0,0,0,\t}");
 }
 
 TEST(ComposeRowSection, CountsTheNumbersOfARowForTheNeutralOne) {
