@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cerrno>
-#include <filesystem>
 
 #include "failing_calls.h"
 #include "model_flow.h"
@@ -117,23 +116,6 @@ TEST_F(FileFaultsTest, AReadThatASignalInterruptsGoesOnAndOneThatFailsSaysSo) {
         result = error.what();
     }
     EXPECT_EQ(result, path + ": Input/output error");
-}
-
-// Refused before its memory is asked for, or not at all.
-TEST_F(FileFaultsTest, AFileOfTheLargestSizeIsRead) {
-    const auto readingError = [&] {
-        const FailingCall failing(Call::Read, EIO);
-        try {
-            readModelFile(path);
-        } catch (const FileError& error) {
-            return std::string(error.what());
-        }
-        return std::string("was read");
-    };
-    std::filesystem::resize_file(path, kLargestFile);  // which takes no room on the disk
-    EXPECT_EQ(readingError(), path + ": Input/output error");
-    std::filesystem::resize_file(path, kLargestFile + 1);
-    EXPECT_EQ(readingError(), path + ": larger than 1024 MiB");
 }
 
 TEST_F(FileFaultsTest, ATextThatTheDiskTakesNothingOfLeavesTheOldOne) {
