@@ -144,6 +144,15 @@ TEST(ComposeRowSection, RefusesRowsThatCannotBeToldApartOnlyWhereTheyWouldHaveTo
     }
 }
 
+TEST(ComposeModelWithRows, LeavesASectionBehindAnotherInItsLine) {
+    const ModelText text("hero.mdl",
+                         "Geoset {\n\tVertices 1 {\n\t\t{ 1, 2, 3 },\n\t} Tangents 1 {\n"
+                         "\t\t{ 2, 0, 0, 1 },\n\t}\n}\n");
+    const auto geosets = scanGeosets(text.view());
+    const Geoset geoset = parseGeoset(text, geosets, 1);
+    EXPECT_EQ(composeModel(text, geosets, 1, geoset).joined(), text.view());
+}
+
 TEST(ComposeModelWithRows, TellsRowsThatCannotFollowFromOtherFailures) {
     const ModelText text("hero.mdl",
                          geosetWith("\tTangents 2 {\n\t\t{ 1, 0, 0, 1 },\n\t\t5,\n\t}\n"));
