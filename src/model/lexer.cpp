@@ -294,7 +294,8 @@ bool isTopLevelKeyword(std::string_view keyword) {
 }
 
 bool opensTopLevelBlock(std::string_view text, std::size_t wordBegin) {
-    if (wordBegin >= text.size() || text[wordBegin] < 'A' || text[wordBegin] > 'Z') return false;
+    const std::string_view rest = text.substr(wordBegin);
+    if (rest.empty() || rest.front() < 'A' || rest.front() > 'Z') return false;
     Lexer lexer(text, wordBegin, text.size());
     if (!isTopLevelKeyword(lexer.next().text)) return false;
     const std::size_t lineEnd = lineEndOf(text, wordBegin);

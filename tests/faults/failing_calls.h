@@ -9,7 +9,7 @@ namespace corvane::faults {
 /// The calls that can fail.
 enum class Call {
     Read,
-    Writev,
+    Writev,  ///< with the error number 0, it takes nothing and calls that no error
     Fsync,
     Ftruncate,
     Fchmod,

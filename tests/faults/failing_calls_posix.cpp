@@ -53,7 +53,7 @@ using corvane::faults::fails;
 extern "C" {
 
 ssize_t writev(int fd, const struct iovec* vectors, int count) {
-    if (fails(Call::Writev)) return -1;
+    if (fails(Call::Writev)) return errno == 0 ? 0 : -1;
     return ::syscall(SYS_writev, fd, vectors, count);
 }
 

@@ -118,6 +118,16 @@ TEST_F(FileFaultsTest, AReadThatASignalInterruptsGoesOnAndOneThatFailsSaysSo) {
     EXPECT_EQ(result, path + ": Input/output error");
 }
 
+TEST_F(FileFaultsTest, ATextThatTheDiskTakesNothingOfLeavesTheOldOne) {
+    std::string result;
+    {
+        const FailingCall failing(Call::Writev, 0);
+        result = replacingResult(path, "new");
+    }
+    EXPECT_EQ(result, path + ": Input/output error");
+    expectOld();
+}
+
 TEST_F(FileFaultsTest, ATextThatDoesNotReachTheDiskLeavesTheOldOne) {
     for (const Call call : {Call::Writev, Call::Fsync}) {
         std::string result;

@@ -1,5 +1,6 @@
 // What killed processes have left beside a model.
 #include "leftovers_fixture.h"
+#include "model/model_files.h"
 
 namespace corvane {
 namespace {
@@ -61,6 +62,15 @@ TEST_F(LeftoversTest, WhatAnOldInterruptedSaveHeldBeforeIsToldOf) {
     open(folder.path("hero.mdl"));
     ASSERT_EQ(dialogs.asked.size(), 2U);
     EXPECT_NE(dialogs.asked[1].text.find("-0.former"), std::string::npos) << dialogs.asked[1].text;
+}
+
+TEST_F(LeftoversTest, OldFilesWithNamesLikeThatOfAFormerTextAreNotToldOf) {
+    for (const char* end : {".former", "-.former", "-0x.former", "-x.former", "-0.former2"}) {
+        leave(".corvane-" + gone + end);
+    }
+    leave(".corvane-0-0.former");
+    leave(".corvane-x-0.former");
+    EXPECT_EQ(formerTextsBeside(folder.path("hero.mdl")), Names{});
 }
 
 // Where a container runs nothing else, the program is its first process.

@@ -26,6 +26,17 @@ TEST_F(ModelDocumentTest, TheBlocksAreThoseOfTheText) {
     EXPECT_FALSE(document.base().hasGeoset(3));
 }
 
+TEST_F(ModelDocumentTest, TheTextThatASaveReplacesIsOnlyReadWhereItIsNotInMemory) {
+    const std::string path = folder.write("hero.mdl", kModel);
+    open(path);
+    document.savePath = path;
+    EXPECT_EQ(document.textThatASaveReplaces().text.get(), &document.base());
+    document.savePath = folder.write("tree.mdl", kTwo);
+    const FormerText other = document.textThatASaveReplaces();
+    ASSERT_NE(other.text, nullptr);
+    EXPECT_EQ(other.text->text.view(), kTwo);
+}
+
 TEST_F(ModelDocumentTest, TheWorkingCopyIsNotInPlaceBeforeTheModelIsOpen) {
     const std::string path = folder.write("hero.mdl", kModel);
     {

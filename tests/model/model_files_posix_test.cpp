@@ -5,9 +5,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <new>
 
 #include "forked_child.h"
+#include "model/files.h"
 #include "model/model_files.h"
 #include "temp_folder.h"
 
@@ -83,6 +85,29 @@ TEST(ReadModelFile, RefusesAFileThatTheUserMayNotRead) {
     ASSERT_EQ(::chmod(path.c_str(), 0), 0);
     EXPECT_EQ(asUnprivilegedUser([&] { return readingResult(path); }).said,
               path + ": Permission denied");
+}
+
+// How many descriptors a program would have that is started now, besides the standard ones.
+int inheritedDescriptors() {
+    int count = 0;
+    for (int fd = 3; fd < 256; ++fd) {
+        const int flags = ::fcntl(fd, F_GETFD);
+        if (flags >= 0 && (flags & FD_CLOEXEC) == 0) ++count;
+    }
+    return count;
+}
+
+TEST(FileDescriptors, AreNotInherited) {
+    const TempFolder folder;
+    const std::string path = folder.write("hero.mdl", "text");
+    const int before = inheritedDescriptors();
+    std::error_code error;
+    const std::array open = {
+        files::File::toRead(path, error), files::File::toRewrite(path, error),
+        files::File::toLock(folder.path("lock"), error),
+        files::File::toCreate(folder.path("new"), files::Privacy::Usual, error)};
+    for (const files::File& file : open) EXPECT_TRUE(file.isOpen());
+    EXPECT_EQ(inheritedDescriptors(), before);
 }
 
 TEST(StampOf, SeesATimeOfWritingThatDiffersInItsNanoseconds) {

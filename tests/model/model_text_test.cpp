@@ -122,6 +122,7 @@ TEST(LineBreakOf, IsTheFirstOneInTheText) {
     EXPECT_EQ(lineBreakOf("a\r\nb\n"), "\r\n");
     EXPECT_EQ(lineBreakOf("a\nb\r\n"), "\n");
     EXPECT_EQ(lineBreakOf("\r\n"), "\r\n");
+    EXPECT_EQ(lineBreakOf("\nb\r\n"), "\n");
     EXPECT_EQ(lineBreakOf("no break"), "\n");
     EXPECT_EQ(lineBreakOf(""), "\n");
 }

@@ -99,6 +99,12 @@ TEST(ParseNumber, TakesWhatIsTooSmallForAnyTypeAsZero) {
 }
 
 // Digits before the period, zeros behind it and the exponent count together.
+TEST(ParseNumber, LooksAtNothingBehindItsText) {
+    const std::string text = "1" + std::string(399, '0') + "e-400";
+    EXPECT_EQ(parseNumber(text), 0.1);
+    EXPECT_EQ(parseNumber(std::string_view(text).substr(0, text.size() - 1)), std::nullopt);
+}
+
 TEST(ParseNumber, TellsWhatIsTooSmallFromWhatIsTooLarge) {
     const std::string zeros(400, '0');
     EXPECT_EQ(parseNumber("1" + zeros), std::nullopt);
@@ -353,6 +359,16 @@ TEST(RoundToDecimals, RoundsEverythingElseToTheNearest) {
     EXPECT_EQ(roundToDecimals(12.3456789, 2), 12.35);
     EXPECT_EQ(formatNumber(roundToDecimals(0.12345678, 6)), "0.123457");
     EXPECT_EQ(formatNumber(roundToDecimals(0.7071067811865476, 6)), "0.707107");
+}
+
+TEST(RoundToDecimals, RoundsToAnyOf0To9Places) {
+    const std::array rounded = {5.0,     4.5,      4.55,      4.545,      4.5455,
+                                4.54545, 4.545455, 4.5454545, 4.54545455, 4.545454545};
+    for (int decimals = 0; decimals < 10; ++decimals) {
+        EXPECT_EQ(roundToDecimals(4.5454545454, decimals),
+                  rounded[static_cast<std::size_t>(decimals)])
+            << decimals;
+    }
 }
 
 TEST(RoundToDecimals, LeavesNumbersWithoutAFractionToRound) {

@@ -23,6 +23,14 @@ TEST(OddRows, MayHaveACommaBeforeTheirBrace) {
     EXPECT_EQ(geoset.Vertices[1].pos, (Triple{5, 6, 4}));
 }
 
+TEST(OddRows, MayHaveACommentBetweenThatCommaAndTheBrace) {
+    const Geoset geoset =
+        readGeoset(geosetOf("\t\t{ 1, 2, 3, // up\n },\n\t\t{ 4, 5, 6 ,// { }\n\t\t},\n"));
+    ASSERT_EQ(geoset.Vertices.size(), 2U);
+    EXPECT_EQ(geoset.Vertices[0].pos, (Triple{2, 3, 1}));
+    EXPECT_EQ(geoset.Vertices[1].pos, (Triple{5, 6, 4}));
+}
+
 TEST(OddRows, HoldOneRowEachUnlessAnotherBraceFollows) {
     EXPECT_EQ(readGeoset(geosetOf("\t\t{ 1, 2, 3 }, { 4, 5, 6 },\n")).Vertices.size(), 2U);
     EXPECT_EQ(readingError(geosetOf("\t\t{ 1, 2, 3 }, 4, 5, 6,\n")),

@@ -2,6 +2,7 @@
 #include <array>
 #include <filesystem>
 
+#include "model/files.h"
 #include "replace_file_fixture.h"
 
 namespace corvane {
@@ -110,6 +111,22 @@ TEST_F(ReplaceFileTest, KeepsSeveralPendingFilesApart) {
     EXPECT_EQ(readFile(folder.path("a.mdl")), "first");
     EXPECT_EQ(readFile(folder.path("b.mdl")), "second");
     EXPECT_EQ(folder.names(), (Names{"a.mdl", "b.mdl"}));
+}
+
+// Such names are left over from processes that were killed and whose number this one has now.
+TEST_F(ReplaceFileTest, TriesThatManyNamesForItsFile) {
+    constexpr int kNames = 1000;
+    const std::string path = folder.write("hero.mdl", "old");
+    const auto take = [&](int number) {
+        folder.write(".corvane-" + std::to_string(files::processId()) + "-" +
+                         std::to_string(number) + ".tmp",
+                     "");
+    };
+    for (int number = 0; number < kNames - 1; ++number) take(number);
+    EXPECT_EQ(replacingResult(path, "new"), "written");
+    take(kNames - 1);
+    EXPECT_NE(replacingResult(path, "newer"), "written");
+    EXPECT_EQ(readFile(path), "new");
 }
 
 TEST_F(ReplaceFileTest, MakesAFileAgainThatVanishesBeforeTheCommit) {

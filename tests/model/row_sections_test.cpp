@@ -107,6 +107,11 @@ TEST(ComposeRowSection, TakesRowsThatAreWrapped) {
               "\tSkinWeights {\n1,0,0,0,\n255,0,0,0,\n\t}");
 }
 
+TEST(ComposeRowSection, TakesARowThatHoldsNothing) {
+    EXPECT_EQ(composed("\tTangents 2 {\n\t\t{},\n\t\t{ 2, 0, 0, 1 },\n\t}\n", {1, 0}),
+              "\tTangents 2 {\n\t\t{ 2, 0, 0, 1 },\n\t\t{},\n\t}");
+}
+
 TEST(ComposeRowSection, GivesAVertexWithoutARowTheNeutralOneInTheSectionsLayout) {
     EXPECT_EQ(composed(kTangents, {0, kNoRow}, 1),
               "\tTangents 2 {\n\t\t{ 1.50, 0, 0,1 },\n\t\t{ 1, 0, 0, 1 },\n\t}");
@@ -137,6 +142,15 @@ TEST(ComposeRowSection, RefusesRowsThatCannotBeToldApartOnlyWhereTheyWouldHaveTo
                      "hero.mdl, line 7: in the section SkinWeights, the row that starts here does "
                      "not hold 8 numbers.");
     }
+}
+
+TEST(ComposeModelWithRows, LeavesASectionBehindAnotherInItsLine) {
+    const ModelText text("hero.mdl",
+                         "Geoset {\n\tVertices 1 {\n\t\t{ 1, 2, 3 },\n\t} Tangents 1 {\n"
+                         "\t\t{ 2, 0, 0, 1 },\n\t}\n}\n");
+    const auto geosets = scanGeosets(text.view());
+    const Geoset geoset = parseGeoset(text, geosets, 1);
+    EXPECT_EQ(composeModel(text, geosets, 1, geoset).joined(), text.view());
 }
 
 TEST(ComposeModelWithRows, TellsRowsThatCannotFollowFromOtherFailures) {
@@ -195,6 +209,8 @@ TEST(ComposeRowSection, NamesARowThatEndsWithinALineWhereTheRowsAreNotThoseOfThe
 TEST(ComposeRowSection, TakesRowsWrappedAnywhereWhereThereIsOneForEachVertex) {
     EXPECT_EQ(composed("\tSkinWeights {\n5,0,0,0,255,0,0,0, 1,0,0,\n0,255,0,0,0\n\t}\n", {1, 0}),
               "\tSkinWeights {\n 1,0,0,\n0,255,0,0,0,\n5,0,0,0,255,0,0,0,\t}");
+    EXPECT_EQ(composed("\tSkinWeights {\n5,0,0,0,\n255,0,0,0, 1,0,0,0,\n255,0,0,0\n\t}\n", {1, 0}),
+              "\tSkinWeights {\n 1,0,0,0,\n255,0,0,0,\n5,0,0,0,\n255,0,0,0,\t}");
 }
 
 TEST(ComposeRowSection, CountsTheNumbersOfARowForTheNeutralOne) {

@@ -72,6 +72,16 @@ TEST_F(TexturePathTest, AFolderWithItsNameIsNone) {
     EXPECT_EQ(found("Wall.blp"), "mods/Wall.png");
 }
 
+TEST_F(TexturePathTest, OfAModelWithoutAFolderAreInTheOneTheProgramIsIn) {
+    make("Wall.blp");
+    make("textures/Roof.tga");
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path(""));
+    EXPECT_EQ(findTexture("hero.mdl", "Wall.blp"), "Wall.blp");
+    EXPECT_EQ(findTexture("hero.mdl", "Textures\\Roof.blp"), "textures/Roof.tga");
+    std::filesystem::current_path(before);
+}
+
 TEST_F(TexturePathTest, AModelWithoutAPathHasNone) {
     EXPECT_EQ(findTexture("", "there is no such texture.blp"), "");
     EXPECT_EQ(findTexture("hero.mdl", "there is no such texture.blp"), "");

@@ -87,6 +87,20 @@ TEST_F(HandOverTest, AnotherOneDiscardsUnsavedMovesWithoutAQuestion) {
     EXPECT_TRUE(dialogs.asked.empty());
 }
 
+TEST_F(HandOverTest, UnsavedMovesGoWithTheGeosetTheyAreFromAndNoOther) {
+    edit({{0, 0}}, {1});
+    uvMove(uv, 0.5, 0);
+    Snapshot mesh = snapshotOf(store());
+    EXPECT_TRUE(addUnsavedTexture(uv, store(), mesh));
+    EXPECT_EQ(mesh.geoset.Vertices[0].tu, 0.5);
+    uv.leftMesh.reset();
+    store().revisions.noteRead();
+    mesh = snapshotOf(store());
+    EXPECT_FALSE(addUnsavedTexture(uv, store(), mesh));
+    EXPECT_EQ(mesh.geoset.Vertices[0].tu, 0);
+    EXPECT_FALSE(uv.leftMesh.has_value());
+}
+
 TEST_F(HandOverTest, AnotherOneKeepsZoomPanModesAndAxes) {
     edit({{0.25, 0.5}}, {});
     uv.zoom = 4;

@@ -124,6 +124,11 @@ TEST_F(RemapTest, TheProjectionIsNoughtForWhatIsNotSelected) {
     EXPECT_EQ(remap(store(), {false, false, false}, Axis::X), (Values{0, 0, 0}));
 }
 
+TEST_F(RemapTest, TheProjectionIsNoughtWhereTheSelectionHasNoExtent) {
+    editAt({{2, 0, 0}, {2, 1, 0}, {6, 2, 0}});
+    EXPECT_EQ(remap(store(), {true, true, false}, Axis::X), (Values{0, 0, 0}));
+}
+
 TEST_F(RemapTest, TheSelectionMayBeShorterOrLongerThanTheGeoset) {
     editAt({{2, 0, 0}, {4, 0, 0}, {6, 0, 0}});
     EXPECT_EQ(remap(store(), {true, true}, Axis::X), (Values{0, 1, 0}));
