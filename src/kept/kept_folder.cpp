@@ -5,6 +5,7 @@
 #include <array>
 #include <chrono>
 #include <map>
+#include <ranges>
 #include <set>
 #include <system_error>
 #include <tuple>
@@ -107,10 +108,10 @@ private:
     // An entry is no older than those that were written before it, whatever the clock said then.
     void mendTimes() {
         std::int64_t latest = 0;
-        for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
-            if (entry->damaged) continue;
-            if (entry->time <= pruner_.now) latest = std::max(latest, entry->time);
-            entry->time = std::max(entry->time, latest);
+        for (KeptEntry& entry : std::ranges::reverse_view(entries_)) {
+            if (entry.damaged) continue;
+            if (entry.time <= pruner_.now) latest = std::max(latest, entry.time);
+            entry.time = std::max(entry.time, latest);
         }
     }
 
