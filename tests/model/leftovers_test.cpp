@@ -29,6 +29,7 @@ TEST_F(LeftoversTest, WithOtherNamesStay) {
                     ".corvane-" + gone + ".tmp",
                     ".corvane-" + gone + "-.tmp",
                     ".corvane-" + gone + "-0.tmp2",
+                    ".corvane-" + gone + "-0.bak",
                     ".corvane-" + gone + "-x.tmp",
                     ".corvane-" + gone + "-0x.tmp",
                     ".corvane--" + gone + "-0.tmp",

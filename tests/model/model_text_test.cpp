@@ -118,6 +118,11 @@ TEST(LineNumberAt, CountsFromOneWithEitherBreak) {
     EXPECT_EQ(lineNumberAt(text, 8), 4U);
 }
 
+TEST(LineBreakAt, IsTheFirstOneInTheTextWhereItsOwnLineHasNone) {
+    EXPECT_EQ(lineBreakAt("\nb\r\nc", 4), "\n");
+    EXPECT_EQ(lineBreakAt("\nb\r\nc", 1), "\r\n");
+}
+
 TEST(LineBreakOf, IsTheFirstOneInTheText) {
     EXPECT_EQ(lineBreakOf("a\r\nb\n"), "\r\n");
     EXPECT_EQ(lineBreakOf("a\nb\r\n"), "\n");
