@@ -5,7 +5,6 @@
 #include <array>
 #include <chrono>
 #include <map>
-#include <ranges>
 #include <set>
 #include <system_error>
 #include <tuple>
@@ -108,11 +107,11 @@ private:
     // An entry is no older than those that were written before it, whatever the clock said then.
     void mendTimes() {
         std::int64_t latest = 0;
-        for (KeptEntry& entry : std::ranges::reverse_view(entries_)) {
-            if (entry.damaged) continue;
+        std::for_each(entries_.rbegin(), entries_.rend(), [&](KeptEntry& entry) {
+            if (entry.damaged) return;
             if (entry.time <= pruner_.now) latest = std::max(latest, entry.time);
             entry.time = std::max(entry.time, latest);
-        }
+        });
     }
 
     template <class Goes>
