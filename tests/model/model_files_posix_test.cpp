@@ -11,19 +11,11 @@
 #include "forked_child.h"
 #include "model/files.h"
 #include "model/model_files.h"
+#include "reading_result.h"
 #include "temp_folder.h"
 
 namespace corvane {
 namespace {
-
-// The message with which reading a file fails; its text when it does not.
-std::string readingResult(const std::string& path) {
-    try {
-        return std::string(readModelFile(path).view());
-    } catch (const FileError& error) {
-        return error.what();
-    }
-}
 
 TEST(ReadModelFile, FollowsSymbolicLinks) {
     const TempFolder folder;

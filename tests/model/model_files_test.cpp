@@ -7,19 +7,11 @@
 #include <cerrno>
 #include <filesystem>
 
+#include "reading_result.h"
 #include "temp_folder.h"
 
 namespace corvane {
 namespace {
-
-// The message with which reading a file fails; its text when it does not.
-std::string readingResult(const std::string& path) {
-    try {
-        return std::string(readModelFile(path).view());
-    } catch (const FileError& error) {
-        return error.what();
-    }
-}
 
 TEST(ReadModelFile, ReadsEveryByte) {
     const TempFolder folder;

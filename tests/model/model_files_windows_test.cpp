@@ -8,6 +8,7 @@
 #include "helper_process.h"
 #include "model/files.h"
 #include "model/model_files.h"
+#include "reading_result.h"
 #include "temp_folder.h"
 
 #define WIN32_LEAN_AND_MEAN
@@ -17,15 +18,6 @@ namespace corvane {
 namespace {
 
 using Names = std::vector<std::string>;
-
-// The message with which reading a file fails; its text when it does not.
-std::string readingResult(const std::string& path) {
-    try {
-        return std::string(readModelFile(path).view());
-    } catch (const FileError& error) {
-        return error.what();
-    }
-}
 
 TEST(ReadModelFile, TakesBothKindsOfSlashes) {
     const TempFolder folder;
