@@ -47,11 +47,6 @@ bool AutoKeep::isUnsaved() const {
            (store.isModified() || unsavedTexture(true) != nullptr);
 }
 
-std::optional<Snapshot> AutoKeep::unsaved() const {
-    if (!isUnsaved()) return std::nullopt;
-    return snapshot(true);
-}
-
 // Of the mesh in memory, or of the one that was there before.
 Snapshot AutoKeep::snapshot(bool inMemory) const {
     const UVEditor* const uv = unsavedTexture(inMemory);

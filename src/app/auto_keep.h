@@ -29,10 +29,6 @@ public:
     /// Whether there is anything that no save has written, here or in the texture editor.
     bool hasUnsaved() const { return isUnsaved() || unsavedTexture(false) != nullptr; }
 
-    /// A snapshot of the mesh in memory with the texture editor's coordinates of it; nothing where
-    /// all of that is saved.
-    std::optional<Snapshot> unsaved() const;
-
     /// Keeps what is unsaved in an entry of its own, at once, unless that holds it already; and
     /// likewise the texture editor's coordinates of a mesh that was in memory before.
     void keepNow(KeptBecause because);

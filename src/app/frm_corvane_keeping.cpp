@@ -4,6 +4,7 @@
 #include <new>
 
 #include "app/frm_corvane.h"
+#include "editor/keep_unsaved.h"
 #include "model/commands/open_model.h"
 #include "model/commands/recover_model.h"
 
@@ -100,11 +101,6 @@ void frmCorvane::showRecover() {
 }
 
 bool frmCorvane::openKeptEntry(const KeptEntry& entry) {
-    const std::optional<Snapshot> before = autoKeep_->unsaved();
-    if (editor_.store.modelLoaded) {
-        Snapshot mesh = snapshotOf(editor_.store);
-        addUnsavedTexture(mesh);
-    }
     KeptModel kept{.text = {},
                    .modelPath = entry.modelPath,
                    .stamp = entry.stamp,
@@ -118,10 +114,7 @@ bool frmCorvane::openKeptEntry(const KeptEntry& entry) {
     }
     // First: what opening drops would not survive an end of the program while it asks something.
     keeper_->spare(entry.name);
-    if (before) keeper_->keep(*before, KeptBecause::AnotherOpened);
-    if (std::optional<Snapshot> removal = unsavedRemoval(editor_.store)) {
-        keeper_->keep(*std::move(removal), KeptBecause::AnotherOpened);
-    }
+    corvane::keepUnsaved(editor_, KeptBecause::AnotherOpened);
     if (!openKept(editor_, kept)) return false;
     // The entry may go when the limits are reached once another one holds the same.
     autoKeep_->keepEdits();
