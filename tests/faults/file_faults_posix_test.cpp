@@ -190,7 +190,7 @@ protected:
 
 TEST_F(HardLinkFaultsTest, WhateverFailsOnceTheOldTextIsThereUnderBothNames) {
     const std::string text(200'000, 'x');  // several writes
-    for (const Call call : {Call::Writev, Call::Fsync, Call::Ftruncate}) {
+    for (const Call call : {Call::Read, Call::Writev, Call::Fsync, Call::Ftruncate}) {
         std::string result;
         int failures = 0;
         for (int number = 1; result != "written"; ++number) {

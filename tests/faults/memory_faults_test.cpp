@@ -8,6 +8,7 @@
 #include "editor/way_back.h"
 #include "failing_memory.h"
 #include "model/commands/merge_geoset.h"
+#include "model/commands/replaced_text.h"
 #include "model_flow.h"
 
 namespace corvane {
@@ -21,8 +22,10 @@ class ForgetfulWayBack : public WayBack {
 public:
     void keep(Snapshot /*snapshot*/, KeptBecause /*because*/) override {}
     void keepReplaced(SharedBase /*text*/, const std::string& /*path*/) override {}
-    void noteLost(const char* /*reason*/) override {}
+    void noteLost(const char* /*reason*/) override { ++lost; }
     void noteSaved() override {}
+
+    int lost = 0;
 };
 
 class MemoryFaultsTest : public ModelFlowTest {
@@ -106,6 +109,27 @@ TEST_F(MemoryFaultsTest, ASaveIsWholeOrNotDone) {
         });
     EXPECT_GT(allocations, 10U);
     EXPECT_TRUE(wasSaved && wasNotSaved);
+}
+
+TEST_F(MemoryFaultsTest, TheButtonsShowWhetherASaveWasDone) {
+    bool isShownModified = false;
+    window.onUpdateButtons = [&] { isShownModified = store().isModified(); };
+    atEachAllocation([&] { openAndEdit(); }, [&] { corvane::save(editor); },
+                     [&](bool /*hasFailed*/) {
+                         EXPECT_EQ(isShownModified, store().isModified());
+                         save();
+                     });
+}
+
+TEST_F(MemoryFaultsTest, AReplacedFileThatCannotBeReadIsToldAllTheSame) {
+    std::optional<ReplacedFile> replaced;
+    const std::size_t allocations = atEachAllocation(
+        [&] {
+            wayBack.lost = 0;
+            replaced.emplace(&wayBack, folder.path(""));
+        },
+        [&] { replaced->keep(); }, [&](bool /*hasFailed*/) { EXPECT_EQ(wayBack.lost, 1); });
+    EXPECT_GT(allocations, 0U);
 }
 
 TEST_F(MemoryFaultsTest, ASaveOfAFileWithOtherNamesIsWholeOrNotDone) {

@@ -18,6 +18,13 @@ TEST_F(LeftoversTest, ThatAreYoungStay) {
     EXPECT_EQ(namesAfterOpening(), Names{name});
 }
 
+TEST_F(LeftoversTest, AreNotYoungForMoreThanAMinute) {
+    const std::string name = ".corvane-" + gone + "-0.tmp";
+    folder.write(name, "leftover");
+    makeOlder(folder.path(name), 90);
+    EXPECT_EQ(namesAfterOpening(), Names{});
+}
+
 TEST_F(LeftoversTest, WithAFormerTextStay) {
     const std::string name = ".corvane-" + gone + "-0.former";
     leave(name);
@@ -32,6 +39,7 @@ TEST_F(LeftoversTest, WithOtherNamesStay) {
                     ".corvane-" + gone + "-0.bak",
                     ".corvane-" + gone + "-x.tmp",
                     ".corvane-" + gone + "-0x.tmp",
+                    ".corvane-" + gone + "x0.tmp",
                     ".corvane--" + gone + "-0.tmp",
                     ".corvane-0-0.tmp",
                     ".corvane-x-0.tmp",

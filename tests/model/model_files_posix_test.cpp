@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <new>
 
 #include "forked_child.h"
@@ -129,6 +130,16 @@ TEST(StampOf, FollowsSymbolicLinks) {
     const std::string a = folder.write("a.mdl", "text");
     ASSERT_EQ(::symlink("a.mdl", folder.path("link.mdl").c_str()), 0);
     EXPECT_EQ(stampOf(folder.path("link.mdl")), stampOf(a));
+}
+
+// Whatever an earlier call has left behind.
+TEST(FileLock, IsHeldOnlyWhereTheSystemSaysSo) {
+    const TempFolder folder;
+    std::error_code error;
+    files::File file = files::File::toLock(folder.path("run.lock"), error);
+    ASSERT_TRUE(file.isOpen());
+    errno = EWOULDBLOCK;
+    EXPECT_FALSE(file.isLocked());
 }
 
 }  // namespace

@@ -177,5 +177,21 @@ TEST(WorkPathFor, CountsCharactersNotBytes) {
     EXPECT_EQ(workPathFor("\x80\x81"), "_TMP.tdl");  // no UTF-8 at all
 }
 
+TEST(MakeFoldersAbove, MakesAllThatAreMissing) {
+    const TempFolder folder;
+    const std::string path = folder.path("data/models/hero.mdl");
+    makeFoldersAbove(path);
+    makeFoldersAbove(path);  // where they are there
+    replaceFile(path, std::array<std::string_view, 1>{"text"});
+    EXPECT_EQ(readFile(path), "text");
+}
+
+TEST(MakeFoldersAbove, RefusesAFileInTheWay) {
+    const TempFolder folder;
+    folder.write("hero", "text");
+    EXPECT_THROW(makeFoldersAbove(folder.path("hero/hero.mdl")), FileError);
+    EXPECT_THROW(makeFoldersAbove(folder.path("hero/below/hero.mdl")), FileError);
+}
+
 }  // namespace
 }  // namespace corvane

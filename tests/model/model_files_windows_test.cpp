@@ -78,13 +78,6 @@ TEST(LongPaths, ThatAreLongerThanTheSystemTakesAreRefused) {
     EXPECT_EQ(readingResult(path), path + ": File name too long");
 }
 
-TEST(MakeFoldersAbove, RefusesAFileInTheWay) {
-    const TempFolder folder;
-    folder.write("hero", "text");
-    EXPECT_THROW(makeFoldersAbove(folder.path("hero/hero.mdl")), FileError);
-    EXPECT_THROW(makeFoldersAbove(folder.path("hero/below/hero.mdl")), FileError);
-}
-
 TEST(DeleteFile, DeletesAReadOnlyFileAndNoFolder) {
     const TempFolder folder;
     const std::string path = folder.write("hero.mdl", "text");

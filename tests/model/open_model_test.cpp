@@ -156,6 +156,14 @@ TEST_F(OpenModelTest, BoxSelectionStaysOffUntilTheTimerFires) {
     EXPECT_TRUE(editor.modes.editButtonsEnabled);
 }
 
+TEST_F(OpenModelTest, BoxSelectionIsOffWhileItAsks) {
+    EXPECT_TRUE(editor.modes.selectEnabled);
+    bool wasEnabled = true;
+    dialogs.onInput = [&] { wasEnabled = editor.modes.selectEnabled; };
+    openNew("hero.mdl", modelOf(threeGeosets()), "2");
+    EXPECT_FALSE(wasEnabled);
+}
+
 TEST_F(OpenModelTest, CancellingTheDialogChangesNothing) {
     openNew("hero.mdl", modelOf(threeGeosets()), "2");
     pushUndo(editor, {}, {}, "Move");

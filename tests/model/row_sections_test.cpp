@@ -213,6 +213,22 @@ TEST(ComposeRowSection, TakesRowsWrappedAnywhereWhereThereIsOneForEachVertex) {
               "\tSkinWeights {\n 1,0,0,0,\n255,0,0,0,\n5,0,0,0,\n255,0,0,0,\t}");
 }
 
+TEST(ComposeRowSection, TakesAllRowsOnOneLineHoweverManyThereAre) {
+    EXPECT_EQ(composed("\tSkinWeights {\n\t\t5,0,0,0,255,0,0,0, 1,0,0,0,255,0,0,0, "
+                       "2,0,0,0,255,0,0,0,\n\t}\n",
+                       {1}),
+              "\tSkinWeights {\n 1,0,0,0,255,0,0,0,\t}");
+}
+
+// The geoset's own coordinates come first.
+TEST(ComposeRowSection, TakesATextureLayersRowsWithoutBraces) {
+    const std::string own = "\tTVertices 2 {\n\t\t{ 0, 0 },\n\t\t{ 0, 0 },\n\t}\n";
+    EXPECT_EQ(composed(own + "\tTVertices 2 {\n\t\t0, 1,\n\t\t2, 3,\n\t}\n", {1, 0}),
+              "\tTVertices 2 {\n\t\t2, 3,\n\t\t0, 1,\n\t}");
+    EXPECT_EQ(composed(own + "\tTVertices {\n\t}\n", {1}, 1),
+              "\tTVertices {\n\t\t{ 0, 0 },\n\t}");
+}
+
 TEST(ComposeRowSection, CountsTheNumbersOfARowForTheNeutralOne) {
     EXPECT_EQ(composed("\tTangents 2 {\n\t\t{ 1, 0, // , ,\n0, 1, },\n\t\t{ 2, 0, 0, 1, },\n\t}\n",
                        {1, kNoRow}, 1),

@@ -88,6 +88,15 @@ TEST(TextureName, AnyLayoutMeansTheSame) {
               "image Textures\\Wall.blp");
 }
 
+TEST(TextureName, WhatIsInAnotherBlockIsNotTheTexturesName) {
+    const auto ofBitmap = [](const std::string& bitmap) {
+        return textureText("Textures 1 {\n\tBitmap { " + bitmap + " }\n}\n" + kMaterials +
+                           geosetWith(""));
+    };
+    EXPECT_EQ(ofBitmap("Other { Image \"b.blp\", }Image \"a.blp\","), "image a.blp");
+    EXPECT_EQ(ofBitmap("Image { Image \"b.blp\", }"), "Texture 0 has no file name in the model.");
+}
+
 TEST(TextureName, WhatTheModelLacksIsSaid) {
     EXPECT_EQ(textureOfMaterial("2"),
               "Texture 1 has no file name in the model; the game puts a picture of its own in its "

@@ -266,6 +266,20 @@ TEST_F(SaveChangesTest, CoordinatesThatUndoTookBackCountAsUnsaved) {
     EXPECT_EQ(tu(), (Values{1, 0.5}));
 }
 
+TEST_F(SaveChangesTest, WhatUndoTookBackIsNotSaidOfAnotherGeoset) {
+    edit({{0, 0}, {0.5, 0.5}}, {1});
+    recordVertices();
+    uvMove(uv, 1, 1);
+    saveChanges(uv, editor);
+    undoLast(editor);
+    noteEdits(uv, editor);
+    EXPECT_NE(window.notice, "");
+    readGeoset({{7, 8}, {9, 10}}, 2);
+    noteEdits(uv, editor);
+    EXPECT_EQ(window.notice, "");
+    EXPECT_EQ(uvWindow.notice, "");
+}
+
 TEST_F(SaveChangesTest, OneOfTheTwoCoordinatesIsEnoughToCountAsUnsavedAndToAsk) {
     for (const auto& [du, dv] : {std::pair(1.0, 0.0), std::pair(0.0, 1.0)}) {
         SCOPED_TRACE(du);

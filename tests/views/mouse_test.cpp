@@ -290,5 +290,22 @@ TEST_F(MouseTest, ADragThatIsNoNumberChangesNothing) {
     }
 }
 
+// Far out a box ends at numbers whose sum is none.
+TEST_F(MouseTest, ABoxIsANumberAsFarOutAsItsEndsAre) {
+    editor.views[View::Front].zoom = 1e-306;
+    const ViewAxes axes = axesOf(View::Front);
+    for (const bool vertical : {false, true}) {
+        Triple pos{};
+        pos[slotOf(vertical ? axes.vertical : axes.horizontal)] = 1.2e308;
+        loadVertices({pos});
+        const double right = vertical ? 0 : 120;
+        const double up = vertical ? 120 : 0;
+        mouseDown(editor, View::Front, kPictureWidth / 2 + right - 5, kPictureHeight / 2 - up - 5);
+        mouseUp(editor, View::Front, MouseButton::Left, kPictureWidth / 2 + right + 5,
+                kPictureHeight / 2 - up + 5);
+        EXPECT_TRUE(vertex(1).selected) << (vertical ? "upwards" : "across");
+    }
+}
+
 }  // namespace
 }  // namespace corvane
