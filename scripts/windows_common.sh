@@ -33,3 +33,44 @@ fetch_sources() {
     (cd "$folder" && "${apt[@]}" source "$@") >"$folder/log" 2>&1 ||
         die_with "$folder/log" "These sources were not to be had: $*"
 }
+
+# prepare_wine NAME: makes a folder of that name for Wine, once, and says in `wine` what starts
+# programs in it, without windows of its own and without a word of what it lacks; and in `wineserver`
+# what they share.
+prepare_wine() {
+    wine=$(command -v wine64) || wine=/usr/lib/wine/wine64
+    # shellcheck disable=SC2034
+    wineserver=$(command -v wineserver) || wineserver=/usr/lib/wine/wineserver64
+    [[ -x $wine ]] || die "There is no wine64 here."
+    export WINEPREFIX=$cache/$1 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" WINEARCH=win64
+    [[ -d $WINEPREFIX ]] || section "Making a folder for Wine, once"
+    "$wine" wineboot --init >/dev/null 2>&1 || die "Wine does not start."
+}
+
+passed=0
+failed=0
+
+# run_tests LOG COMMAND...: runs a program of tests and adds its tests to `passed` and `failed`.
+run_tests() {
+    local log=$1 count wrong
+    shift
+    "$@" --gtest_brief=1 2>&1 </dev/null | tr -d '\r' | tee "$log" || true
+    count=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests\?\..*/\1/p' "$log")
+    wrong=$(sed -n 's/^ *\([0-9]*\) FAILED TESTS\?$/\1/p' "$log")
+    # Without a count the program has not come to its end.
+    [[ -n $count ]] || wrong=${wrong:-1}
+    passed=$((passed + ${count:-0}))
+    failed=$((failed + ${wrong:-0}))
+}
+
+# sum_up WHAT: says how many tests passed; fails where one did not, or none was run.
+sum_up() {
+    printf '\n'
+    say "$1: $passed tests passed, $failed failed"
+    ((passed > 0 && failed == 0))
+}
+
+# tests_in FILE...: the tests that they hold, as SUITE.NAME, sorted.
+tests_in() {
+    sed -nE 's/^TEST(_[FP])?\((\w+), (\w+)\).*/\2.\3/p' "$@" | sort -u
+}

@@ -1,4 +1,4 @@
-// Names of any bytes, placements of markers that are ended, modes in the menus.
+// Placements of markers that are ended, modes in the menus.
 #include "scenario.h"
 #include "scenario_models.h"
 
@@ -6,25 +6,6 @@ namespace corvane {
 namespace {
 
 using DesktopScenario = ScenarioTest;
-
-TEST_F(DesktopScenario, AModelWhoseNameIsNoUtf8OpensAndIsSavedUnderAnother) {
-    folder.write("h\xE9ros.mdl", threeGeosets());
-    const Played played = playAll(
-        "answer file \"$DIR/h\xE9ros.mdl\"\n"
-        "answer input \"2\"\n"
-        "menu mnuOpen\n"
-        "menu mnuSave\n"
-        "answer file \"$DIR/\xFC.mdl\"\n"
-        "menu mnuSaveAs\n"
-        "dump\n");
-    EXPECT_EQ(readFile(folder.path("h\xE9ros.mdl")), threeGeosets());
-    EXPECT_EQ(readFile(folder.path("\xFC.mdl")), threeGeosets());
-    EXPECT_EQ(at(played.dump(), "geosetNumber").toInt(), 2);
-    // What is printed is UTF-8.
-    EXPECT_EQ(at(played.dump(), "modelPath").toString().toStdString(), dir() + "\uFFFD.mdl");
-    EXPECT_EQ(folder.names(),
-              (std::vector<std::string>{"h\xE9ros.mdl", "\xFC.mdl", "\xFC_TMP.tdl"}));
-}
 
 TEST_F(DesktopScenario, ChoosingAPlacementAgainEndsIt) {
     folder.write("hero.mdl", threeGeosets());

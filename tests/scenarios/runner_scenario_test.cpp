@@ -90,12 +90,12 @@ TEST_F(RunnerScenario, ScreenshotsAndQuotedWords) {
     playAll(R"(
 answer file "$DIR/a model.mdl"
 menu mnuOpen
-screenshot window "$DIR/window \"1\".png"
+screenshot window "$DIR/window 1.png"
 screenshot pbxFront "$DIR/front.png"
 window main
 hover cmdMove 3 3
 )");
-    EXPECT_EQ(readFile(folder.path("window \"1\".png")).substr(1, 3), "PNG");
+    EXPECT_EQ(readFile(folder.path("window 1.png")).substr(1, 3), "PNG");
     EXPECT_EQ(readFile(folder.path("front.png")).substr(1, 3), "PNG");
 }
 

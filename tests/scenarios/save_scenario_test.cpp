@@ -1,29 +1,8 @@
 // Saving, and what is left when saving fails.
-
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <filesystem>
-
-#include "scenario.h"
-#include "scenario_models.h"
+#include "save_scenarios.h"
 
 namespace corvane {
 namespace {
-
-using SaveScenario = ScenarioTest;
-using Lines = std::vector<std::string>;
-
-const std::string kOpen = "answer file \"$DIR/hero.mdl\"\nmenu mnuOpen\nwait 150\n";
-const std::string kMoveThird =
-    "drag pbxFront left 130 50 160 70\ndrag pbxFront right 100 100 120 92\n";
-
-// The square after kMoveThird: the third vertex by 15 to the right and 6 up.
-std::string moved(std::string model) {
-    const std::string row = "\t\t{ 0, 30, 30 },\n";
-    return model.replace(model.find(row), row.size(), "\t\t{ 0, 45, 36 },\n");
-}
 
 TEST_F(SaveScenario, SavingAnUnchangedModelChangesNoByte) {
     folder.write("hero.mdl", threeGeosets());
@@ -265,48 +244,6 @@ TEST_F(SaveScenario, AKilledProgramLeavesTheModelWhole) {
     playAll(kOpen + kMoveThird + "menu mnuSave\nclose\n");
     EXPECT_EQ(readFile(folder.path("hero.mdl")), moved(squareModel()));
     EXPECT_EQ(folder.names(), (Lines{"hero.mdl"}));
-}
-
-// The limit stands for a full disk: writing stops in the middle of the file.
-TEST_F(SaveScenario, AFullDiskLeavesTheOldFile) {
-    std::string model = squareModel();
-    for (int i = 0; i < 4000; ++i) model += "// a line of no importance to anybody\n";
-    folder.write("hero.mdl", model);
-    folder.write("small.mdl", squareModel());
-    rlimit old{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
-    const auto limit = static_cast<rlim_t>(model.size() + 10);
-    const rlimit low{limit, old.rlim_max};
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &low), 0);
-    // Merging makes the saved file larger than the limit lets it be.
-    const Played played = playAll(kOpen + R"(
-answer file "$DIR/small.mdl"
-menu mnuMergeGeoset
-answer message ok
-menu mnuSave
-dump
-)");
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &old), 0);
-    EXPECT_NE(played.dialogs().back().find(folder.path("hero.mdl") + ": File too large"),
-              std::string::npos)
-        << played.dialogs().back();
-    EXPECT_EQ(readFile(folder.path("hero.mdl")), model);
-    EXPECT_EQ(readFile(folder.path("hero_TMP.tdl")), model);
-    EXPECT_EQ(played.dump()["vertices"].toArray().size(), 8);
-    EXPECT_EQ(folder.names(), (Lines{"hero.mdl", "hero_TMP.tdl", "small.mdl"}));
-}
-
-TEST_F(SaveScenario, LinksAndPermissionsSurvive) {
-    std::filesystem::create_directory(folder.path("real"));
-    const std::string real = folder.write("real/model.mdl", squareModel());
-    ASSERT_EQ(::chmod(real.c_str(), 0640), 0);
-    std::filesystem::create_symlink("real/model.mdl", folder.path("hero.mdl"));
-    playAll(kOpen + kMoveThird + "menu mnuSave\n");
-    EXPECT_TRUE(std::filesystem::is_symlink(folder.path("hero.mdl")));
-    EXPECT_EQ(readFile(real), moved(squareModel()));
-    struct stat status {};
-    ASSERT_EQ(::stat(real.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777, 0640U);
 }
 
 }  // namespace
