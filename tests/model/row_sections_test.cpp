@@ -225,8 +225,7 @@ TEST(ComposeRowSection, TakesATextureLayersRowsWithoutBraces) {
     const std::string own = "\tTVertices 2 {\n\t\t{ 0, 0 },\n\t\t{ 0, 0 },\n\t}\n";
     EXPECT_EQ(composed(own + "\tTVertices 2 {\n\t\t0, 1,\n\t\t2, 3,\n\t}\n", {1, 0}),
               "\tTVertices 2 {\n\t\t2, 3,\n\t\t0, 1,\n\t}");
-    EXPECT_EQ(composed(own + "\tTVertices {\n\t}\n", {1}, 1),
-              "\tTVertices {\n\t\t{ 0, 0 },\n\t}");
+    EXPECT_EQ(composed(own + "\tTVertices {\n\t}\n", {1}, 1), "\tTVertices {\n\t\t{ 0, 0 },\n\t}");
 }
 
 TEST(ComposeRowSection, CountsTheNumbersOfARowForTheNeutralOne) {
