@@ -248,9 +248,7 @@ bool isProcessGone(long id) noexcept {
 
 std::string homeFolder() {
     const wchar_t* const home = ::_wgetenv(L"USERPROFILE");
-    std::string folder = home == nullptr ? std::string() : fromNative(home);
-    std::ranges::replace(folder, '\\', '/');
-    return folder;
+    return home == nullptr ? std::string() : withSlashes(fromNative(home));
 }
 
 std::unique_ptr<char[]> memoryFor(std::size_t size) {

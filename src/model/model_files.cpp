@@ -21,8 +21,9 @@ constexpr const char* kFormerEnding = ".former";
 fs::path pathOf(const std::string& text) { return {std::u8string(text.begin(), text.end())}; }
 
 std::string textOf(const fs::path& path) {
-    const std::u8string text = path.generic_u8string();
-    return {text.begin(), text.end()};
+    // Not the generic one: it makes one slash of the two that a share's path begins with.
+    const std::u8string text = path.u8string();
+    return files::withSlashes({text.begin(), text.end()});
 }
 
 // Follows symbolic links to the file that is really meant, which need not exist.
@@ -35,7 +36,9 @@ std::string resolvedTarget(const std::string& path) {
             throw FileError(path, std::make_error_code(std::errc::too_many_symbolic_link_levels));
         }
         const fs::path next = pathOf(*leadsTo);
-        target = textOf(next.is_absolute() ? next : pathOf(target).parent_path() / next);
+        // The library does not know that what a share's path begins with is no folder.
+        const bool isWhole = next.is_absolute() || leadsTo->starts_with("//");
+        target = textOf(isWhole ? next : pathOf(target).parent_path() / next);
     }
     if (error) throw FileError(path, error);
     return target;
@@ -334,7 +337,9 @@ void makeFoldersAbove(const std::string& path) {
     check(folder, files::makeFolders(folder));
 }
 
-std::string folderOf(const std::string& path) { return textOf(pathOf(path).parent_path()); }
+std::string folderOf(const std::string& path) {
+    return files::isShare(path) ? path : textOf(pathOf(path).parent_path());
+}
 
 std::string nameOf(const std::string& path) { return textOf(pathOf(path).filename()); }
 

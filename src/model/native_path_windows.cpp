@@ -4,7 +4,9 @@
 #include <array>
 #include <cerrno>
 #include <cwchar>
+#include <utility>
 
+#include "base/text.h"
 #include "model/files.h"
 
 namespace corvane::files {
@@ -66,6 +68,24 @@ std::error_code errorFrom(DWORD code) noexcept {
 std::string wordsFor(std::error_code error) {
     const auto* const better = std::ranges::find(kWords, error.value(), &Words::number);
     return better == kWords.end() ? error.message() : better->words;
+}
+
+std::string withSlashes(std::string path) {
+    std::ranges::replace(path, '\\', '/');
+    return path;
+}
+
+// "//COMPUTER/SHARE", and likewise what is marked as whole: "//?/C:", "//?/UNC/COMPUTER/SHARE".
+bool isShare(const std::string& path) {
+    constexpr std::string_view kSlashes = "//";
+    constexpr std::string_view kMarked = "//?/UNC/";
+    const std::string slashed = withSlashes(path);
+    std::string_view rest = slashed;
+    if (!rest.starts_with(kSlashes)) return false;
+    const bool isMarked = isSameIgnoringCase(rest.substr(0, kMarked.size()), kMarked);
+    rest.remove_prefix(isMarked ? kMarked.size() : kSlashes.size());
+    if (rest.ends_with('/')) rest.remove_suffix(1);
+    return std::ranges::count(rest, '/') <= 1;
 }
 
 NativePath::NativePath(const std::string& path) noexcept {
@@ -150,8 +170,7 @@ std::string withoutMark(std::string path) {
     } else if (path.starts_with(kDrive)) {
         path.erase(0, kDrive.size());
     }
-    std::ranges::replace(path, '\\', '/');
-    return path;
+    return withSlashes(std::move(path));
 }
 
 }  // namespace corvane::files
