@@ -109,6 +109,17 @@ void forEachLeftover(const std::string& folder, const char* ending, Call call) {
     }
 }
 
+// The stamp of a file that has just been renamed, of which the one from before is known. Some file
+// systems number a file anew under its new name. What another program has written there since is of
+// another size or time.
+FileStamp stampInPlace(const std::string& path, const FileStamp& before) noexcept {
+    std::error_code ignored;
+    const std::optional<files::Status> status = files::statusOf(path, ignored);
+    const bool isOwn =
+        status && status->stamp.size == before.size && status->stamp.modified == before.modified;
+    return isOwn ? status->stamp : before;
+}
+
 // The folder that a model is named in, and that of the file that it leads to, if it is another.
 std::vector<std::string> foldersOf(const std::string& modelPath) {
     std::vector<std::string> folders = {folderOf(modelPath)};
@@ -244,6 +255,7 @@ void PendingFile::commit() {
         if (const std::optional<FileStamp> closed = stampOf(side_)) stamp_ = *closed;
         check(path_, files::rename(side_, target_));
         side_.clear();
+        stamp_ = stampInPlace(target_, stamp_);
     }
     if (flushToDisk_) files::flushFolder(folder_);
 }

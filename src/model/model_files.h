@@ -82,8 +82,8 @@ public:
     PendingFile& operator=(const PendingFile&) = delete;
     ~PendingFile();
 
-    /// The stamp that the file has when it takes its place. That of a file with other names is
-    /// known only after commit().
+    /// The stamp that the file has when it takes its place. That of a file with other names, or one
+    /// that the file system numbers anew under its new name, is known only after commit().
     const FileStamp& stamp() const { return stamp_; }
 
     /// Puts the file in its place; it keeps the permissions of the file that was there, and its
