@@ -29,7 +29,9 @@ void showGuideOf(const QString& programFolder, Dialogs& dialogs) {
         dialogs.messageBox(kErrorCaption, "The user guide is not installed: there is no page in " +
                                               expected.toStdString() +
                                               ".\n\nThe other items of the Help menu need no page. "
-                                              "Installing Corvane again brings the guide back.");
+                                              "The guide comes with Corvane: install it again or, "
+                                              "where it came as a zip, unpack the whole zip and "
+                                              "start the program there.");
         return;
     }
     if (dialogs.showDocument(page.toStdString())) return;

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCoreApplication>
-#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <new>
@@ -47,8 +46,7 @@ public:
 // Needs no display.
 int print(int argc, char** argv, corvane::Print what) {
     const QCoreApplication application(argc, argv);
-    corvane::preparePrinting();
-    std::fputs(corvane::textOf(what).c_str(), stdout);
+    corvane::printText(corvane::textOf(what));
     return EXIT_SUCCESS;
 }
 

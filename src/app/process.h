@@ -1,6 +1,8 @@
 // What the process asks of the system, whatever its windows do.
 #pragma once
 
+#include <string>
+
 namespace corvane {
 
 /// What goes wrong with a file is an error that the program tells of: not its end, and no question
@@ -11,8 +13,8 @@ void prepareProcess();
 /// that live as long as the process; `argc` then becomes their number. Called once.
 char** systemArguments(int& argc, char** argv);
 
-/// Lets what is printed arrive where the program was started. Windows gives a program with windows
-/// no console by itself.
-void preparePrinting();
+/// Prints a text in UTF-8 where the program was started. Windows gives a program with windows no
+/// console by itself.
+void printText(const std::string& text);
 
 }  // namespace corvane

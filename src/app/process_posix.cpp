@@ -1,4 +1,5 @@
 #include <csignal>
+#include <cstdio>
 
 #include "app/process.h"
 
@@ -9,6 +10,6 @@ void prepareProcess() { std::signal(SIGXFSZ, SIG_IGN); }
 
 char** systemArguments(int& /*argc*/, char** argv) { return argv; }
 
-void preparePrinting() {}
+void printText(const std::string& text) { std::fputs(text.c_str(), stdout); }
 
 }  // namespace corvane

@@ -52,10 +52,21 @@ char** systemArguments(int& argc, char** argv) {
 }
 
 // Where the output goes into a file or to another program, that stays.
-void preparePrinting() {
-    if (leadsSomewhere(STD_OUTPUT_HANDLE) || ::AttachConsole(ATTACH_PARENT_PROCESS) == 0) return;
+void printText(const std::string& text) {
+    const bool needsConsole =
+        !leadsSomewhere(STD_OUTPUT_HANDLE) && ::AttachConsole(ATTACH_PARENT_PROCESS) != 0;
+    if (!needsConsole) {
+        std::fputs(text.c_str(), stdout);
+        return;
+    }
+    // The console belongs to whoever started the program, and others print there in their own way.
+    const UINT former = ::GetConsoleOutputCP();
     ::SetConsoleOutputCP(CP_UTF8);
-    [[maybe_unused]] const std::FILE* const out = std::freopen("CONOUT$", "w", stdout);
+    if (std::freopen("CONOUT$", "w", stdout) != nullptr) {
+        std::fputs(text.c_str(), stdout);
+        std::fflush(stdout);
+    }
+    ::SetConsoleOutputCP(former);
 }
 
 }  // namespace corvane

@@ -37,6 +37,14 @@ std::string wordsFor(std::error_code error);
 
 enum class Links : std::uint8_t { Follow, Stay };
 
+/// With "/" between the folders, where the system takes something else for it, too. Throws
+/// std::bad_alloc.
+std::string withSlashes(std::string path);
+
+/// Whether a path is that of a computer in the network, or of what it shares, and no more. No
+/// folder is above that. Throws std::bad_alloc.
+bool isShare(const std::string& path);
+
 /// Nothing where there is no such file, and where it cannot be looked at; then `error` says why.
 std::optional<Status> statusOf(const std::string& path, std::error_code& error,
                                Links links = Links::Follow) noexcept;

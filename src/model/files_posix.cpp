@@ -65,6 +65,12 @@ bool hasNoPermissions(int fd, int error) noexcept {
 
 std::string wordsFor(std::error_code error) { return error.message(); }
 
+// "\\" is a character like any other one.
+std::string withSlashes(std::string path) { return path; }
+
+// What is shared has a folder of the system's, as everything has.
+bool isShare(const std::string& /*path*/) { return false; }
+
 std::optional<Status> statusOf(const std::string& path, std::error_code& error,
                                Links links) noexcept {
     error.clear();

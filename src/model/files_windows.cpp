@@ -94,21 +94,26 @@ bool setAttributes(const wchar_t* path, DWORD attributes) noexcept {
     return ::SetFileAttributesW(path, attributes == 0 ? FILE_ATTRIBUTE_NORMAL : attributes) != 0;
 }
 
-// Whether another program keeps a file from being replaced.
-bool isHeld(const NativePath& path) noexcept {
+// Why a file cannot be replaced; success where nothing is known to keep it from that.
+DWORD whyNotReplaced(const NativePath& path) noexcept {
     HANDLE file = ::CreateFileW(path.get(), DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return isHeldByAnother(::GetLastError());
+    if (file == INVALID_HANDLE_VALUE) return ::GetLastError();
     ::CloseHandle(file);
-    return false;
+    return ERROR_SUCCESS;
 }
 
 DWORD move(const NativePath& from, const NativePath& to) noexcept {
     constexpr DWORD kFlags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
     const auto tried = [&] { return codeUnless(::MoveFileExW(from.get(), to.get(), kFlags) != 0); };
-    const DWORD code = tried();
+    DWORD code = tried();
     if (code != ERROR_ACCESS_DENIED) return code;
-    // That is what it says while another program holds the target, too; by now it may have let go.
-    return isHeld(to) ? ERROR_SHARING_VIOLATION : tried();
+    // That is what it says while another program has the target open, too, whatever the other one
+    // shares of it; by now it may have let go.
+    const DWORD reason = whyNotReplaced(to);
+    if (isHeldByAnother(reason)) return ERROR_SHARING_VIOLATION;
+    code = tried();
+    const bool mayBeReplaced = reason == ERROR_SUCCESS;
+    return mayBeReplaced && code == ERROR_ACCESS_DENIED ? ERROR_SHARING_VIOLATION : code;
 }
 
 }  // namespace
@@ -248,9 +253,7 @@ bool isProcessGone(long id) noexcept {
 
 std::string homeFolder() {
     const wchar_t* const home = ::_wgetenv(L"USERPROFILE");
-    std::string folder = home == nullptr ? std::string() : fromNative(home);
-    std::ranges::replace(folder, '\\', '/');
-    return folder;
+    return home == nullptr ? std::string() : withSlashes(fromNative(home));
 }
 
 std::unique_ptr<char[]> memoryFor(std::size_t size) {

@@ -21,8 +21,9 @@ constexpr const char* kFormerEnding = ".former";
 fs::path pathOf(const std::string& text) { return {std::u8string(text.begin(), text.end())}; }
 
 std::string textOf(const fs::path& path) {
-    const std::u8string text = path.generic_u8string();
-    return {text.begin(), text.end()};
+    // Not the generic one: it makes one slash of the two that a share's path begins with.
+    const std::u8string text = path.u8string();
+    return files::withSlashes({text.begin(), text.end()});
 }
 
 // Follows symbolic links to the file that is really meant, which need not exist.
@@ -35,7 +36,9 @@ std::string resolvedTarget(const std::string& path) {
             throw FileError(path, std::make_error_code(std::errc::too_many_symbolic_link_levels));
         }
         const fs::path next = pathOf(*leadsTo);
-        target = textOf(next.is_absolute() ? next : pathOf(target).parent_path() / next);
+        // The library does not know that what a share's path begins with is no folder.
+        const bool isWhole = next.is_absolute() || leadsTo->starts_with("//");
+        target = textOf(isWhole ? next : pathOf(target).parent_path() / next);
     }
     if (error) throw FileError(path, error);
     return target;
@@ -104,6 +107,17 @@ void forEachLeftover(const std::string& folder, const char* ending, Call call) {
         if (!files::isOwnedByUser(*status)) continue;
         call(path, files::isProcessGone(process), isOld(status->stamp));
     }
+}
+
+// The stamp of a file that has just been renamed, of which the one from before is known. Some file
+// systems number a file anew under its new name. What another program has written there since is of
+// another size or time.
+FileStamp stampInPlace(const std::string& path, const FileStamp& before) noexcept {
+    std::error_code ignored;
+    const std::optional<files::Status> status = files::statusOf(path, ignored);
+    const bool isOwn =
+        status && status->stamp.size == before.size && status->stamp.modified == before.modified;
+    return isOwn ? status->stamp : before;
 }
 
 // The folder that a model is named in, and that of the file that it leads to, if it is another.
@@ -241,6 +255,7 @@ void PendingFile::commit() {
         if (const std::optional<FileStamp> closed = stampOf(side_)) stamp_ = *closed;
         check(path_, files::rename(side_, target_));
         side_.clear();
+        stamp_ = stampInPlace(target_, stamp_);
     }
     if (flushToDisk_) files::flushFolder(folder_);
 }
@@ -334,7 +349,9 @@ void makeFoldersAbove(const std::string& path) {
     check(folder, files::makeFolders(folder));
 }
 
-std::string folderOf(const std::string& path) { return textOf(pathOf(path).parent_path()); }
+std::string folderOf(const std::string& path) {
+    return files::isShare(path) ? path : textOf(pathOf(path).parent_path());
+}
 
 std::string nameOf(const std::string& path) { return textOf(pathOf(path).filename()); }
 

@@ -82,8 +82,8 @@ public:
     PendingFile& operator=(const PendingFile&) = delete;
     ~PendingFile();
 
-    /// The stamp that the file has when it takes its place. That of a file with other names is
-    /// known only after commit().
+    /// The stamp that the file has when it takes its place. That of a file with other names, or one
+    /// that the file system numbers anew under its new name, is known only after commit().
     const FileStamp& stamp() const { return stamp_; }
 
     /// Puts the file in its place; it keeps the permissions of the file that was there, and its
@@ -140,8 +140,8 @@ std::string freePath(const std::string& folder, const std::string& stem,
 /// Makes the folders that a path leads through, where they are missing. Throws FileError.
 void makeFoldersAbove(const std::string& path);
 
-/// The folder that a path names a file in, empty for a bare name; the name; and the name without
-/// its extension.
+/// The folder that a path names a file in, empty for a bare name, and itself for what no folder is
+/// above; the name; and the name without its extension.
 std::string folderOf(const std::string& path);
 std::string nameOf(const std::string& path);
 std::string stemOf(const std::string& path);

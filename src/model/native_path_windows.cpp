@@ -4,7 +4,9 @@
 #include <array>
 #include <cerrno>
 #include <cwchar>
+#include <utility>
 
+#include "base/text.h"
 #include "model/files.h"
 
 namespace corvane::files {
@@ -16,11 +18,27 @@ struct Meaning {
     int number;
 };
 
-constexpr std::array<Meaning, 23> kMeanings = {{
+// Numbers that the headers of the compiler lack.
+constexpr DWORD kVirusInfected = 225;
+constexpr DWORD kVirusDeleted = 226;
+constexpr DWORD kQuotaExceeded = 1295;
+constexpr DWORD kCloudProviderNotRunning = 362;
+constexpr DWORD kCloudReadOnly = 381;
+constexpr DWORD kCloudNotSignedIn = 386;
+constexpr DWORD kCloudBusy = 387;  // its provider has no means left
+constexpr DWORD kCloudNetworkUnavailable = 388;
+constexpr DWORD kCloudUnsuccessful = 389;
+constexpr DWORD kCloudFileInUse = 391;
+constexpr DWORD kCloudAborted = 393;
+constexpr DWORD kCloudAccessDenied = 395;
+constexpr DWORD kCloudCanceled = 398;
+constexpr DWORD kCloudProviderEnded = 404;
+constexpr DWORD kCloudTimeout = 426;
+
+constexpr auto kMeanings = std::to_array<Meaning>({
     {ERROR_FILE_NOT_FOUND, ENOENT},
     {ERROR_PATH_NOT_FOUND, ENOENT},
     {ERROR_INVALID_DRIVE, ENOENT},
-    {ERROR_BAD_NETPATH, ENOENT},
     {ERROR_BAD_NET_NAME, ENOENT},
     {ERROR_INVALID_NAME, EINVAL},
     {ERROR_BAD_PATHNAME, EINVAL},
@@ -40,7 +58,33 @@ constexpr std::array<Meaning, 23> kMeanings = {{
     {ERROR_OUTOFMEMORY, ENOMEM},
     {ERROR_TOO_MANY_OPEN_FILES, EMFILE},
     {ERROR_CANT_RESOLVE_FILENAME, ELOOP},
-}};
+    {kQuotaExceeded, ENOSPC},
+    {ERROR_NOT_READY, ENETUNREACH},
+    {ERROR_BAD_NETPATH, ENETUNREACH},
+    {ERROR_REM_NOT_LIST, ENETUNREACH},
+    {ERROR_DEV_NOT_EXIST, ENETUNREACH},
+    {ERROR_BAD_NET_RESP, ENETUNREACH},
+    {ERROR_UNEXP_NET_ERR, ENETUNREACH},
+    {ERROR_NETNAME_DELETED, ENETUNREACH},
+    {ERROR_SEM_TIMEOUT, ENETUNREACH},
+    {ERROR_NO_NETWORK, ENETUNREACH},
+    {ERROR_NETWORK_UNREACHABLE, ENETUNREACH},
+    {ERROR_HOST_UNREACHABLE, ENETUNREACH},
+    {kVirusInfected, EPERM},
+    {kVirusDeleted, EPERM},
+    {kCloudProviderNotRunning, EHOSTUNREACH},
+    {kCloudNotSignedIn, EHOSTUNREACH},
+    {kCloudBusy, EHOSTUNREACH},
+    {kCloudNetworkUnavailable, EHOSTUNREACH},
+    {kCloudUnsuccessful, EHOSTUNREACH},
+    {kCloudAborted, EHOSTUNREACH},
+    {kCloudCanceled, EHOSTUNREACH},
+    {kCloudProviderEnded, EHOSTUNREACH},
+    {kCloudTimeout, EHOSTUNREACH},
+    {kCloudReadOnly, EROFS},
+    {kCloudFileInUse, EBUSY},
+    {kCloudAccessDenied, EACCES},
+});
 
 struct Words {
     int number;
@@ -48,13 +92,16 @@ struct Words {
 };
 
 // What the system's library has no words for, or none that help.
-constexpr std::array<Words, 5> kWords = {{
+constexpr auto kWords = std::to_array<Words>({
     {EBUSY, "Another program holds the file"},
+    {EHOSTUNREACH, "The file is only in the cloud, which does not answer now"},
     {EINVAL, "The name has characters that names of files cannot have"},
     {ELOOP, "Too many levels of symbolic links"},
     {ENAMETOOLONG, "File name too long"},
+    {ENETUNREACH, "The drive or the network does not answer"},
+    {EPERM, "A virus scanner refuses the file"},
     {EROFS, "The disk is write-protected"},
-}};
+});
 
 }  // namespace
 
@@ -66,6 +113,24 @@ std::error_code errorFrom(DWORD code) noexcept {
 std::string wordsFor(std::error_code error) {
     const auto* const better = std::ranges::find(kWords, error.value(), &Words::number);
     return better == kWords.end() ? error.message() : better->words;
+}
+
+std::string withSlashes(std::string path) {
+    std::ranges::replace(path, '\\', '/');
+    return path;
+}
+
+// "//COMPUTER/SHARE", and likewise what is marked as whole: "//?/C:", "//?/UNC/COMPUTER/SHARE".
+bool isShare(const std::string& path) {
+    constexpr std::string_view kSlashes = "//";
+    constexpr std::string_view kMarked = "//?/UNC/";
+    const std::string slashed = withSlashes(path);
+    std::string_view rest = slashed;
+    if (!rest.starts_with(kSlashes)) return false;
+    const bool isMarked = isSameIgnoringCase(rest.substr(0, kMarked.size()), kMarked);
+    rest.remove_prefix(isMarked ? kMarked.size() : kSlashes.size());
+    if (rest.ends_with('/')) rest.remove_suffix(1);
+    return std::ranges::count(rest, '/') <= 1;
 }
 
 NativePath::NativePath(const std::string& path) noexcept {
@@ -150,8 +215,7 @@ std::string withoutMark(std::string path) {
     } else if (path.starts_with(kDrive)) {
         path.erase(0, kDrive.size());
     }
-    std::ranges::replace(path, '\\', '/');
-    return path;
+    return withSlashes(std::move(path));
 }
 
 }  // namespace corvane::files

@@ -64,8 +64,9 @@ TEST_F(GuideTest, WhereItIsMissingTheMessageNamesTheFolder) {
     EXPECT_EQ(dialogs.last().text,
               "The user guide is not installed: there is no page in " +
                   folder.path("usr/share/corvane/guide") +
-                  ".\n\nThe other items of the Help menu need no page. Installing Corvane again "
-                  "brings the guide back.");
+                  ".\n\nThe other items of the Help menu need no page. The guide comes with "
+                  "Corvane: install it again or, where it came as a zip, unpack the whole zip and "
+                  "start the program there.");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // Calls of the system that fail while a file is replaced.
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -165,6 +166,39 @@ TEST_F(FileFaultsTest, AStampThatCannotBeTakenAfterClosingIsTheOneFromBefore) {
         EXPECT_EQ(FailingCall::count(), 1);
     }
     EXPECT_EQ(stamp, stampOf(path));
+}
+
+// As on a file system that numbers a file anew under its new name: once the new text is in its
+// place, and before it is looked at there, its file is another one. What its time of writing is
+// then later by is in nanoseconds.
+FileStamp stampOfAFileNumberedAnew(const TempFolder& folder, const std::string& path, long later) {
+    const auto numberAnew = [&] {
+        struct stat status {};
+        ASSERT_EQ(::lstat(path.c_str(), &status), 0);
+        const std::string anew = folder.write("anew", readFile(path));
+        status.st_mtim.tv_nsec = (status.st_mtim.tv_nsec + later) % 1'000'000'000;
+        const std::array times = {status.st_atim, status.st_mtim};
+        ASSERT_EQ(::utimensat(AT_FDCWD, anew.c_str(), times.data(), 0), 0);
+        ASSERT_EQ(::rename(anew.c_str(), path.c_str()), 0);
+    };
+    const FailingCall watching(Call::Stat, EIO, FailingCall::kForEver, FailingCall::kForEver,
+                               [&](const Asked& asked) {
+                                   if (asked.path == path && readFile(path) == "new") numberAnew();
+                                   return false;
+                               });
+    return replaceFile(path, std::array<std::string_view, 1>{"new"});
+}
+
+TEST_F(FileFaultsTest, AFileThatIsNumberedAnewUnderItsNewNameIsStillTheOneThatWasWritten) {
+    const FileStamp stamp = stampOfAFileNumberedAnew(folder, path, 0);
+    EXPECT_EQ(stamp, stampOf(path));
+}
+
+TEST_F(FileFaultsTest, WhatAnotherProgramHasWrittenInItsPlaceIsNotTheOneThatWasWritten) {
+    const FileStamp stamp = stampOfAFileNumberedAnew(folder, path, 1);
+    ASSERT_TRUE(stampOf(path));
+    EXPECT_NE(stamp.modified, stampOf(path)->modified);
+    EXPECT_FALSE(stamp.isSameFileAs(*stampOf(path)));
 }
 
 TEST_F(FileFaultsTest, ATextWhoseFileCannotBeClosedLeavesTheOldOne) {

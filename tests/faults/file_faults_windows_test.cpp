@@ -58,19 +58,31 @@ TEST_F(HeldFileTest, TheProgramsOwnReadOnlyFileStaysThatWhereItCannotBeReplaced)
     EXPECT_EQ(replacingResult(path, "new", {.permissionsOf = path}), "written");
 }
 
+// As indexers, virus scanners and programs that synchronise folders open files.
+TEST_F(HeldFileTest, AFileThatAnotherProgramLooksAtIsLeftAndTold) {
+    HelperProcess other("look " + path);
+    ASSERT_TRUE(other.waitForBytes(1));
+    EXPECT_EQ(replacingResult(path, "new"), path + ": Another program holds the file");
+    expectOld();
+    other.finish();
+    EXPECT_EQ(replacingResult(path, "new"), "written");
+}
+
 // An indexer looks at every file for a moment: it lets go when the new text is beside the old one.
 TEST_F(HeldFileTest, AFileThatIsLetGoOfIsWritten) {
-    HelperProcess other("watch " + path);
-    ASSERT_TRUE(other.waitForBytes(1));
-    std::thread letGo([&] {
-        while (folder.names().size() < 2) {
-        }
-        other.finish();
-    });
-    EXPECT_EQ(replacingResult(path, "new"), "written");
-    letGo.join();
-    EXPECT_EQ(readFile(path), "new");
-    EXPECT_EQ(folder.names(), Names{"hero.mdl"});
+    for (const std::string how : {"watch ", "look "}) {
+        HelperProcess other(how + path);
+        ASSERT_TRUE(other.waitForBytes(1));
+        std::thread letGo([&] {
+            while (folder.names().size() < 2) {
+            }
+            other.finish();
+        });
+        EXPECT_EQ(replacingResult(path, "new with " + how), "written");
+        letGo.join();
+        EXPECT_EQ(readFile(path), "new with " + how);
+        EXPECT_EQ(folder.names(), Names{"hero.mdl"});
+    }
 }
 
 using KilledSaveTest = LeftoversTest;

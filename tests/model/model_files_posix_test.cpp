@@ -32,6 +32,13 @@ TEST(ReadModelFile, RefusesADanglingLink) {
     EXPECT_EQ(readingResult(path), path + ": No such file or directory");
 }
 
+// It is a character of names here as any other one.
+TEST(FolderOf, LeavesABackslashInItsName) {
+    EXPECT_EQ(folderOf("/home/orc\\mods/he\\ro.mdl"), "/home/orc\\mods");
+    EXPECT_EQ(nameOf("/home/orc\\mods/he\\ro.mdl"), "he\\ro.mdl");
+    EXPECT_EQ(stemOf("he\\ro.mdl"), "he\\ro");
+}
+
 // Opening a pipe that nobody writes to would wait for ever.
 TEST(ReadModelFile, RefusesANamedPipe) {
     const TempFolder folder;

@@ -3,6 +3,7 @@
 //     corvane_file_helper nothing          ends
 //     corvane_file_helper hold PATH        opens a file that nobody else may open meanwhile
 //     corvane_file_helper watch PATH       opens a file that others may read and not replace
+//     corvane_file_helper look PATH        opens a file that others may do everything with
 //     corvane_file_helper lock PATH        locks a file as the program itself does
 //     corvane_file_helper prepare PATH     writes a new text beside a file, and no more
 //     corvane_file_helper save PATH        saves a file over and over, with two texts in turn
@@ -66,6 +67,7 @@ int saveForEver(const std::string& path) {
 int run(std::string_view word, const std::string& path) {
     if (word == "hold") return hold(path, 0);
     if (word == "watch") return hold(path, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    if (word == "look") return hold(path, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
     if (word == "lock") return lock(path);
     if (word == "prepare") return prepare(path);
     if (word == "save") return saveForEver(path);
