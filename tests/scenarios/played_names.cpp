@@ -77,8 +77,8 @@ void Reader::readLiteral(const QString& text) {
 
 // What the test puts together: each beginning of a command with each string that goes on.
 void Reader::endTest() {
-    static const QRegularExpression beginning("(?:^|\\n)(?:menu|press) (\\w*)\\z");
-    static const QRegularExpression rest("^(\\w+)(?:\\n|\\z)");
+    static const QRegularExpression beginning(R"re((?:^|\n)(?:menu|press) (\w*)\z)re");
+    static const QRegularExpression rest(R"re(^(\w+)(?:\n|\z))re");
     for (const Literal& first : inTest_) {
         const QRegularExpressionMatch begun = beginning.match(first.text);
         if (!begun.hasMatch() || first.window == Window::None) continue;
