@@ -9,7 +9,7 @@ namespace {
 // The share of the foreground in the colour of edges, so that vertices stand out from them.
 constexpr double kEdgeShare = 0.45;
 constexpr double kLeastContrast = 3.0;  // of what is drawn to what lies beside it
-constexpr double kShareStep = 0.05;     // by which a colour goes another one's way
+constexpr int kSteps = 20;              // in which a colour goes another one's way
 
 QColor mixed(const QColor& a, const QColor& b, double shareOfA) {
     const auto part = [&](int x, int y) {
@@ -38,9 +38,8 @@ bool isDark(const QColor& base) { return luminance(base) < 0.2; }
 // `colour`, or as little of the way from it to `end` as makes the least contrast to `beside`.
 QColor towards(const QColor& end, const QColor& colour, const QColor& beside) {
     QColor result = colour;
-    for (double share = kShareStep; share <= 1 && contrast(result, beside) < kLeastContrast;
-         share += kShareStep) {
-        result = mixed(end, colour, share);
+    for (int step = 1; step <= kSteps && contrast(result, beside) < kLeastContrast; ++step) {
+        result = mixed(end, colour, static_cast<double>(step) / kSteps);
     }
     return result;
 }
@@ -50,7 +49,9 @@ QColor farthest(const QColor& base) { return isDark(base) ? Qt::white : Qt::blac
 
 QColor edgeColour(const QPalette& palette) {
     const QColor base = palette.color(QPalette::Active, QPalette::Base);
-    return towards(farthest(base), resolved(kActiveBorder, palette), base);
+    const QColor edges = towards(farthest(base), resolved(kActiveBorder, palette), base);
+    // On a ground between light and dark vertices need all the room that edges can leave them.
+    return contrast(farthest(base), edges) < kLeastContrast ? towards(edges, base, base) : edges;
 }
 
 // Stands out from edges, and so from the base, too.

@@ -74,13 +74,11 @@ void RowReader::addRow(std::size_t dataBegin, std::size_t dataEnd) {
 std::optional<std::size_t> RowReader::readBraced() {
     while (lexer_.skipBlanks()) {
         const std::size_t begin = lexer_.offset();
-        if (!lexer_.skip('{')) {
-            reason_ = "a row in braces was expected here.";
-            return begin;
-        }
-        const auto brace = findBlockEnd(section_.text, begin + 1, bodyEnd_);
+        // The section ends behind every brace in it, so that only a row without one has no end.
+        const auto brace = lexer_.skip('{') ? findBlockEnd(section_.text, begin + 1, bodyEnd_)
+                                            : std::optional<std::size_t>();
         if (!brace) {
-            reason_ = "the row that starts here does not end.";
+            reason_ = "a row in braces was expected here.";
             return begin;
         }
         lexer_.moveTo(section_.text.data() + *brace + 1);

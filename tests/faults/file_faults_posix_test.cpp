@@ -157,6 +157,14 @@ TEST_F(FileFaultsTest, TheTextAndThenItsNameReachTheDisk) {
         0);
 }
 
+// Opening and switching would wait for the disk.
+TEST_F(FileFaultsTest, AWorkingCopyIsMadeWithoutWaitingForTheDisk) {
+    const int flushes =
+        callsOf(Call::Fsync, [&] { prepareWorkingCopy(path, "the old text").commit(); });
+    EXPECT_EQ(flushes, 0);
+    EXPECT_EQ(readFile(workPathFor(path)), "the old text");
+}
+
 TEST_F(FileFaultsTest, AStampThatCannotBeTakenAfterClosingIsTheOneFromBefore) {
     FileStamp stamp;
     {

@@ -61,7 +61,7 @@ TEST(OddRows, OfMatricesNeedTheirCommas) {
 }
 
 TEST(OddRows, OfFacesMayBeOtherThanTheirHeaderCounts) {
-    for (const std::string count : {"0", "3", "4", "5", "6", "7", "600"}) {
+    for (const std::string count : {"0", "3", "4", "5", "6", "7", "600", "5000000000000000000"}) {
         const Geoset geoset = readGeoset(
             geosetWith("\tFaces 1 " + count +
                        " {\n\t\tTriangles {\n\t\t\t{ 0, 1, 0, 1, 1, 0 },\n\t\t}\n\t}\n"));
@@ -89,6 +89,15 @@ TEST(NamelessBlocks, AroundAGeosetAreBlocksOfTheirOwn) {
     EXPECT_EQ(text.substr(blocks[2].begin, blocks[2].end - blocks[2].begin), "{ 6 }\n");
     EXPECT_EQ(scanGeosets(text).size(), 2U);
     EXPECT_EQ(readGeoset(text, 2).Vertices.at(0).normal, (Triple{0, 1, 0}));
+}
+
+// The nameless block has no place of its own at the top: it does not hide that the geoset before it
+// ended too early.
+TEST(NamelessBlocks, BehindAGeosetThatEndedTooEarlyAreNoReasonToLoseItsSections) {
+    EXPECT_EQ(readingError("Geoset {\n" + kVertices + "\t}\n\t{ 5 }\n" +
+                           "\tFaces 1 3 {\n\t\tTriangles {\n\t\t\t{ 0, 0, 0 },\n\t\t}\n\t}\n}\n"),
+              "hero.mdl, line 7: there is a closing brace too many up to here, so that the geoset "
+              "that starts in line 1 ended too early.");
 }
 
 TEST(NamelessBlocks, ThatAreNotClosedEndBeforeTheNextBlockOfTheTop) {

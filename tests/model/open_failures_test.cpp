@@ -179,6 +179,26 @@ TEST_F(OpenFailuresTest, AWorkingCopyThatCannotBeMadeIsNamedWithTheReason) {
     });
 }
 
+// The geoset was picked by then, but nothing of it was taken.
+TEST_F(OpenFailuresTest, AWorkingCopyWhosePlaceIsTakenMeanwhileIsNamedWithTheReason) {
+    const std::string text = modelOf(threeGeosets());
+    const std::string path = folder.write("hero.mdl", text);
+    const std::string place = folder.path("hero_TMP.tdl");
+    expectNothingChanges([&] {
+        dialogs.onInput = [&] { std::filesystem::create_directory(place); };
+        open(path, "3");
+        dialogs.onInput = nullptr;
+        ASSERT_EQ(askedKinds(), "open input message");
+        expectLast("message", "Error",
+                   "The working copy of the model cannot be made.\n" + place +
+                       ": Is a directory\n\nThe file was not opened. The folder must have room and "
+                       "let you write: free some space, or copy the model to another folder and "
+                       "open it there.");
+        EXPECT_EQ(readFile(path), text);
+        EXPECT_TRUE(std::filesystem::remove(place)) << "it is still there, and empty";
+    });
+}
+
 TEST_F(OpenFailuresTest, AModelWhoseWorkingCopyWouldTakeThePlaceOfTheOpenOneIsNotOpened) {
     const std::string text = modelOf({.geosets = {squareAt("5")}});
     const std::string path = openNew("hero_TMP.tdl", text);

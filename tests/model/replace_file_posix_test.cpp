@@ -72,6 +72,18 @@ TEST_F(ReplaceFilePosixTest, FollowsAbsoluteAndRelativeLinks) {
     EXPECT_FALSE(std::filesystem::is_symlink(folder.path("models/hero.mdl")));
 }
 
+TEST_F(ReplaceFilePosixTest, FollowsAsManyLinksAsTheSystemDoesAndNoMore) {
+    folder.write("0", "old");
+    for (int links = 1; links <= 41; ++links) {
+        makeLink(std::to_string(links - 1), std::to_string(links));
+    }
+    EXPECT_EQ(replacingResult(folder.path("40"), "new"), "written");
+    EXPECT_EQ(readFile(folder.path("0")), "new");
+    EXPECT_EQ(replacingResult(folder.path("41"), "newer"),
+              folder.path("41") + ": Too many levels of symbolic links");
+    EXPECT_EQ(readFile(folder.path("0")), "new");
+}
+
 TEST_F(ReplaceFilePosixTest, MakesTheFileThatADanglingLinkLeadsTo) {
     makeFolder("models");
     makeLink("models/new.mdl", "link.mdl");

@@ -1,7 +1,5 @@
 // No menu item and no button is left without a scenario.
-#include <cctype>
-#include <filesystem>
-
+#include "played_names.h"
 #include "scenario.h"
 #include "scenario_models.h"
 
@@ -9,26 +7,6 @@ namespace corvane {
 namespace {
 
 using EveryItemScenario = ScenarioTest;
-
-// The texts of all scenario tests.
-std::string scenarioSources() {
-    std::string text;
-    for (const auto& entry : std::filesystem::directory_iterator(CORVANE_SCENARIO_SOURCES)) {
-        if (entry.path().extension() == ".cpp") text += readFile(entry.path().string());
-    }
-    return text;
-}
-
-// Whether a name stands in a text, not as a part of a longer one.
-bool hasName(const std::string& text, const std::string& name) {
-    const auto isPart = [&](std::size_t at) {
-        return at < text.size() && std::isalnum(static_cast<unsigned char>(text[at])) != 0;
-    };
-    for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name, at + 1)) {
-        if (!isPart(at - 1) && !isPart(at + name.size())) return true;
-    }
-    return false;
-}
 
 // Menus that hold items and do nothing themselves.
 bool isMenuOfItems(const QString& name) {
@@ -39,19 +17,63 @@ bool isMenuOfItems(const QString& name) {
     return menus.contains(name);
 }
 
+using Set = std::set<std::string>;
+
+TEST(PlayedNamesTest, AreThoseOfCommandsAndNotThoseThatAreOnlyMentioned) {
+    const PlayedNames names = playedNamesIn(
+        "TEST_F(Some, Test) {\n"
+        "    // menu mnuComment\n"
+        "    playAll(R\"(\nmenu mnuOpen\npress cmdAdd\n)\");\n"
+        "    playAll(\"answer message ok\\nmenu mnuAbout\\ndump\\n\");\n"
+        "    EXPECT_EQ(at(\"menus.mnuSave.caption\"), \"mnuUndo\");\n"
+        "    play(\"press cmdRefused\\n\");\n"
+        "}\n\n");
+    EXPECT_EQ(names.main, (Set{"mnuOpen", "cmdAdd", "mnuAbout"}));
+    EXPECT_EQ(names.uv, Set());
+}
+
+TEST(PlayedNamesTest, BelongToTheWindowThatIsCurrentThere) {
+    const PlayedNames names = playedNamesIn(
+        "const std::string kOpenIt = \"menu mnuOpen\\nwindow uv\\n\";\n"
+        "const std::string kOther = \"press cmdMain\\n\";\n"
+        "TEST_F(Some, Test) {\n"
+        "    playAll(kOpenIt + \"press cmdMove\\nwindow main\\npress cmdScale\\n\");\n"
+        "    playAll(\"press cmdRotate\\n\");\n"
+        "}\n\n");
+    EXPECT_EQ(names.main, (Set{"mnuOpen", "cmdMain", "cmdScale", "cmdRotate"}));
+    EXPECT_EQ(names.uv, Set{"cmdMove"});
+}
+
+TEST(PlayedNamesTest, MayBePutTogether) {
+    const PlayedNames names = playedNamesIn(
+        "std::vector<Tool> tools = {{\"mnuSnap\", \"Snap\"}};\n"
+        "TEST_F(Some, Test) {\n"
+        "    playAll(\"dump\\nmenu \" + tool.name);\n"
+        "    for (const char* const name : {\"mnuWeld\"}) playAll(\"dump\\nmenu \" + name);\n"
+        "    const std::string press = byMenu ? \"menu mnu\" : \"press cmd\";\n"
+        "    playAll(press + \"Clone\\ndump\\n\");\n"
+        "}\n\n"
+        "TEST_F(Some, Other) { expect(\"mnuOther\"); }\n");
+    for (const char* const name : {"mnuSnap", "mnuWeld", "mnuClone", "cmdClone"}) {
+        EXPECT_TRUE(names.main.contains(name)) << name;
+    }
+    EXPECT_FALSE(names.main.contains("mnuOther"));
+}
+
 TEST_F(EveryItemScenario, NoneIsMissing) {
     folder.write("hero.mdl", squareModel());
     const Played played =
         playAll("answer file \"$DIR/hero.mdl\"\nmenu mnuOpen\nwait 150\nmenu mnuUVMapping\ndump\n");
-    const std::string sources = scenarioSources();
-    ASSERT_GT(sources.size(), 10000U);
+    const PlayedNames names = playedNames();
     int named = 0;
     for (const char* const kind : {"menus", "buttons"}) {
         for (const QString& name : played.dump()[kind].toObject().keys()) {
             if (isMenuOfItems(name)) continue;
             ++named;
+            const bool isUv = name.startsWith("frmUVEditor.");
             const std::string own = name.split('.').last().toStdString();
-            EXPECT_TRUE(hasName(sources, own)) << "no scenario uses " << name.toStdString();
+            EXPECT_TRUE((isUv ? names.uv : names.main).contains(own))
+                << "no scenario plays " << name.toStdString();
         }
     }
     EXPECT_GT(named, 100);
@@ -63,7 +85,7 @@ TEST_F(EveryItemScenario, TheTextureEditorsMenuPressesItsButtonsAndCloses) {
         "answer file \"$DIR/hero.mdl\"\nmenu mnuOpen\nwait 150\nmenu mnuUVMapping\nwindow uv\n"
         "answer file cancel\nmenu mnuLoadImg\n"
         "menu mnuSelectAll\npress cmdRemap\ndump\nmenu mnuSaveUVChanges\ndump\n"
-        "menu mnuClose\nwindow main\ndump\n");
+        "menu mnuClose\nwindow main\nmenu mnuSelectAll\ndump\n");
     const auto textureOf = [](const QJsonObject& dump, int vertex) {
         const QJsonObject record = dump["vertices"].toArray()[vertex - 1].toObject();
         return std::pair(record["tu"].toDouble(), record["tv"].toDouble());
@@ -73,6 +95,25 @@ TEST_F(EveryItemScenario, TheTextureEditorsMenuPressesItsButtonsAndCloses) {
     EXPECT_EQ(textureOf(played.dump(1), 2), std::pair(1.0, 1.0));
     EXPECT_EQ(textureOf(played.dump(1), 4), std::pair(0.0, 0.0));
     EXPECT_EQ(textureOf(played.dump(1), 1), std::pair(0.0, 1.0));
+    EXPECT_EQ(selected(played.dump(2)), "1 2 3 4") << "the main window stays";
+    EXPECT_EQ(play("answer file \"$DIR/hero.mdl\"\nmenu mnuOpen\nwait 150\nmenu mnuUVMapping\n"
+                   "window uv\nmenu mnuClose\nmenu mnuSelectAll\n")
+                  .error(),
+              "mnuSelectAll belongs to a window that is closed");
+}
+
+TEST_F(EveryItemScenario, ExitClosesTheWindowAndTakesTheWorkingCopyAlong) {
+    folder.write("hero.mdl", squareModel());
+    RunningScenario running = start();
+    running.send("answer file \"$DIR/hero.mdl\"\nmenu mnuOpen\nwait 150\ndump\n");
+    running.waitForDump();
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"hero.mdl", "hero_TMP.tdl"}));
+    running.send("menu mnuExit\ndump\n");
+    running.waitForDump();
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"hero.mdl"});
+    running.send("menu mnuSelectAll\n");
+    EXPECT_EQ(running.finish().error(), "mnuSelectAll belongs to a window that is closed");
+    EXPECT_EQ(readFile(folder.path("hero.mdl")), squareModel());
 }
 
 TEST_F(EveryItemScenario, ThePerspectivePicturesButtonsRaiseAndZoom) {

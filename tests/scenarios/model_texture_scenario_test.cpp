@@ -12,6 +12,10 @@ namespace {
 
 using ModelTextureScenario = ScenarioTest;
 
+const std::string kOpen =
+    "answer file \"$DIR/units/orc/hero.mdl\"\nmenu mnuOpen\nwait 150\nmenu mnuUVMapping\n"
+    "window uv\n";
+
 // Four bytes, the lowest first.
 std::string littleEndian(int number) {
     std::string text;
@@ -29,11 +33,8 @@ TEST_F(ModelTextureScenario, TheModelsTextureComesByItselfAndByItsCommand) {
     std::filesystem::create_directories(folder.path("textures"));
     std::filesystem::create_directories(folder.path("units/orc"));
     folder.write("units/orc/hero.mdl", text);
-    const std::string open =
-        "answer file \"$DIR/units/orc/hero.mdl\"\nmenu mnuOpen\nwait 150\nmenu mnuUVMapping\n"
-        "window uv\n";
     const Played without =
-        playAll(open + "dump\nanswer message ok\nmenu mnuLoadModelTexture\ndump\n");
+        playAll(kOpen + "dump\nanswer message ok\nmenu mnuLoadModelTexture\ndump\n");
     EXPECT_FALSE(at(without.dump(0), "uv.imageLoaded").toBool());
     EXPECT_NE(without.dialogs().back().find("Looked for:\nTextures/Wall.blp\nTextures/Wall.dds\n"),
               std::string::npos)
@@ -46,7 +47,7 @@ TEST_F(ModelTextureScenario, TheModelsTextureComesByItselfAndByItsCommand) {
     wall += std::string("\0\0\xFF\0\0\xFF\0\0", 8);  // blue, green, red, nothing
     wall.resize(1180);
     folder.write("textures/wall.BLP", wall + std::string("\0\1", 2));
-    const Played played = playAll(open + R"(
+    const Played played = playAll(kOpen + R"(
 screenshot pbxUVView "$DIR/plain.png"
 answer file cancel
 press cmdLoadImg

@@ -1,5 +1,6 @@
 // Every menu item and button that changes something, by the numbers that it must come to, worked
 // out by hand: an item that does what its neighbour should do is noticed.
+#include <array>
 
 #include "scenario.h"
 #include "scenario_models.h"
@@ -169,9 +170,11 @@ TEST_F(NumbersScenario, AxisLocksFromButtonsAndMenu) {
         "menu mnuUndo\nmenu mnuUndo\n";
     for (const bool byMenu : {false, true}) {
         std::string script = kOpen + "drag pbxFront left 130 50 160 70\n";
-        for (const char* const axis : {"X", "Y", "Z"}) {
-            const std::string press = byMenu ? std::string("menu mnu") + axis + "Enabled\n"
-                                             : std::string("press cmdActivate") + axis + '\n';
+        const std::array<std::string, 3> items = {"menu mnuXEnabled\n", "menu mnuYEnabled\n",
+                                                  "menu mnuZEnabled\n"};
+        const std::array<std::string, 3> buttons = {"press cmdActivateX\n", "press cmdActivateY\n",
+                                                    "press cmdActivateZ\n"};
+        for (const std::string& press : byMenu ? items : buttons) {
             script += press;
             script += drags;
             script += press;
@@ -193,18 +196,18 @@ TEST_F(NumbersScenario, ButtonsOfTheThreeViews) {
     folder.write("hero.mdl", squareModel());
     struct Buttons {
         std::string view;
-        std::string zoomIn;
-        std::string zoomOut;
-        std::string letter;
+        std::array<std::string, 6> names;
     };
-    const std::vector<Buttons> all = {{"views.front", "cmdZoomInFront", "cmdZoomOutFront", "F"},
-                                      {"views.top", "cmdZoomInTop", "cmdZoomOutTop", "T"},
-                                      {"views.left", "cmdZoomInLeft", "cmdZoomOutLeft", "L"}};
+    const std::vector<Buttons> all = {
+        {"views.front",
+         {"cmdPanUF", "cmdPanLF", "cmdZoomInFront", "cmdPanDF", "cmdPanRF", "cmdZoomOutFront"}},
+        {"views.top",
+         {"cmdPanUT", "cmdPanLT", "cmdZoomInTop", "cmdPanDT", "cmdPanRT", "cmdZoomOutTop"}},
+        {"views.left",
+         {"cmdPanUL", "cmdPanLL", "cmdZoomInLeft", "cmdPanDL", "cmdPanRL", "cmdZoomOutLeft"}}};
     std::string script = kOpen;
     for (const Buttons& buttons : all) {
-        for (const std::string& button :
-             {"cmdPanU" + buttons.letter, "cmdPanL" + buttons.letter, buttons.zoomIn,
-              "cmdPanD" + buttons.letter, "cmdPanR" + buttons.letter, buttons.zoomOut}) {
+        for (const std::string& button : buttons.names) {
             script += "press ";
             script += button;
             script += "\ndump\n";

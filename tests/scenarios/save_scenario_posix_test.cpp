@@ -30,7 +30,7 @@ TEST_F(SaveScenario, AModelWhoseNameIsNoUtf8OpensAndIsSavedUnderAnother) {
 
 TEST_F(SaveScenario, AModelWhoseNameHasQuotesIsNamedInAScript) {
     folder.write("a \"model\".mdl", squareModel());
-    playAll("answer file \"$DIR/a \\\"model\\\".mdl\"\nmenu mnuOpen\n" + kMoveThird +
+    playAll("answer file \"$DIR/a \\\"model\\\".mdl\"\nmenu mnuOpen\nwait 150\n" + kMoveThird +
             "menu mnuSave\n");
     EXPECT_EQ(readFile(folder.path("a \"model\".mdl")), moved(squareModel()));
 }

@@ -125,7 +125,7 @@ TEST_F(TextureScenario, ToolsSelectMoveRotateAndScale) {
         drag("left", 0.8, 0.8, 0.99, 0.99) + "dump\n" + "menu mnuInvertSelection\ndump\n" +
         "press cmdUVX\n" + drag("middle", 0.25, 0.25, 0.5, 0.5) + "dump\n" +
         "press cmdUVX\npress cmdScale\nmenu mnuSelectAll\n" + drag("right", 0.5, 0.5, 0.5, 0.5) +
-        "dump\n");
+        "dump\n" + drag("right", 0.25, 0.25, 0.375, 0.375) + "dump\n");
     EXPECT_EQ(uvSelected(played.dump(0)), "2 3");
     EXPECT_EQ(uvSelected(played.dump(1)), "2 3 4");
     EXPECT_EQ(uvSelected(played.dump(2)), "3 4");
@@ -137,6 +137,12 @@ TEST_F(TextureScenario, ToolsSelectMoveRotateAndScale) {
         played.dump(4)["buttons"].toObject()["frmUVEditor.cmdUVX"].toObject()["color"].toString(),
         "#808080");
     EXPECT_EQ(numbers(played.dump(5), "v"), numbers(played.dump(4), "v")) << "a factor of 1";
+    // An eighth of the view is 0.15625, and twice that and 1 the factor: 1.3125. The centre is
+    // (0.5, 0.65625).
+    ASSERT_EQ(side % 8, 0) << "the drag would not be exact";
+    expectNear(numbers(played.dump(6), "u"), {-0.15625, 1.15625, 1.15625, -0.15625});
+    expectNear(numbers(played.dump(6), "v"),
+               {1.517578125, 1.517578125, -0.205078125, -0.205078125});
     const Played rotated = playAll(kOpen + "menu mnuSelectAll\npress cmdRotate\n" +
                                    drag("right", 0.5, 0.25, 0.5, 0.75) + "dump\n");
     // Half the view down is 0.75 radians. The centre is (0.5, 0.5).
@@ -260,7 +266,7 @@ menu mnuUVMapping
 window uv
 menu mnuSelectAll
 press cmdUVY
-drag pbxUVView right 0 0 100 0
+drag pbxUVView right 0 0 100 60
 press cmdSaveUVChanges
 window main
 menu mnuUndo
@@ -275,6 +281,8 @@ dump
     EXPECT_EQ(played.dump(0)["vertices"].toArray()[0].toObject()["tu"].toDouble(), 0);
     EXPECT_NEAR(played.dump()["vertices"].toArray()[0].toObject()["tu"].toDouble(),
                 100.0 / sideOf(played.dump()), 1e-12);
+    EXPECT_EQ(played.dump()["vertices"].toArray()[0].toObject()["tv"].toDouble(), 1);
+    EXPECT_EQ(numbers(played.dump(), "v"), (Values{1, 1, 0, 0, 1, 1, 0, 0}));
     EXPECT_EQ(played.dump()["vertices"].toArray().size(), 4);
 }
 
