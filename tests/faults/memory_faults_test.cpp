@@ -111,6 +111,23 @@ TEST_F(MemoryFaultsTest, ASaveIsWholeOrNotDone) {
     EXPECT_TRUE(wasSaved && wasNotSaved);
 }
 
+TEST_F(MemoryFaultsTest, ADeleteWhoseStepCannotBeRecordedIsShown) {
+    bool hasThrown = false;
+    atEachAllocation([&] { openAndEdit(); },
+                     [&] {
+                         try {
+                             deleteSelection(editor);
+                         } catch (const std::bad_alloc&) {
+                             hasThrown = true;
+                         }
+                     },
+                     [&](bool /*hasFailed*/) {
+                         EXPECT_TRUE(vertex(1).deleted);
+                         EXPECT_TRUE(store().isModified());
+                     });
+    EXPECT_TRUE(hasThrown);
+}
+
 TEST_F(MemoryFaultsTest, TheButtonsShowWhetherASaveWasDone) {
     bool isShownModified = false;
     window.onUpdateButtons = [&] { isShownModified = store().isModified(); };

@@ -117,6 +117,11 @@ TEST(TextureName, WhatTheModelLacksIsSaid) {
     EXPECT_EQ(
         textureText("Materials 1 {\n\tMaterial {\n\t\tLayer {\n\t\t}\n\t}\n}\n" + geosetWith("")),
         "Material 0 has no first layer with a TextureID.");
+    EXPECT_EQ(
+        textureText("Materials 1 {\n\tMaterial {\n\t\tLayer {\n\t\t\tTextureID 0 {\n\t\t\t\tLinear,"
+                    "\n\t\t\t}\n\t\t}\n\t}\n}\n" +
+                    geosetWith("")),
+        "Material 0 has no first layer with a TextureID.");
     EXPECT_EQ(textureText("Textures 1 {\n\tBitmap {\n\t}\n}\n" + kMaterials + geosetWith("")),
               "Texture 0 has no file name in the model.");
 }
