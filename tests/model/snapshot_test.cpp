@@ -50,6 +50,22 @@ TEST_F(SnapshotTest, IsOfTheFileThatTheModelCameFromWhereverASaveWouldGo) {
     EXPECT_EQ(snapshotOf(store).stamp, stampOf(path));
 }
 
+TEST_F(SnapshotTest, WithoutADeletedVertexHasTheRowsThatCannotFollowAsTheyWereRead) {
+    const std::string rows = "\tTangents 3 {\n\t\t{ 1, 0, 0, 1 },\n\t\t5,\n\t}\n";
+    std::string model = kModel;
+    const std::size_t begin = model.find("\tTangents");
+    model.replace(begin, model.find("\tFaces") - begin, rows);
+    Snapshot snapshot = snapshotOf(store);
+    snapshot.base = std::make_shared<const ModelBase>(ModelText("hero.mdl", model));
+    snapshot.geoset = parseGeoset(snapshot.base->text, snapshot.base->geosets, 1);
+    snapshot.geoset.Vertices[0].deleted = true;
+    const std::string text = composeSnapshot(snapshot).joined();
+    EXPECT_NE(text.find(rows), std::string::npos) << text;
+    EXPECT_NE(text.find("\tVertices 2 {\n\t\t{ 1, 0, 0 },\n\t\t{ 0, 1, 0 },\n\t}\n"),
+              std::string::npos)
+        << text;
+}
+
 TEST_F(SnapshotTest, OfATextWithoutThatGeosetIsTheText) {
     Snapshot snapshot = snapshotOf(store);
     snapshot.geosetNumber = 2;
